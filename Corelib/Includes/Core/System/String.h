@@ -1,0 +1,195 @@
+#pragma once
+
+#include <Core/System/ArrayDeclaration.h>
+#include <Core/System/Char32.h>
+#include <Core/System/Collections/Generic/IEnumerable.h>
+#include <Core/System/ICloneable.h>
+#include <Core/System/IComparable.h>
+#include <Core/System/IConvertible.h>
+#include <Core/System/IHashable.h>
+#include <Core/System/Object.h>
+#include <Core/System/Sp.h>
+#include <Core/System/StringSplitOptions.h>
+#include <Core/System/UString.h>
+#include <Core/System/Up.h>
+
+#include <string>
+
+namespace Tesmo::System
+{
+class FormatArgument;
+
+/// The program's only text type: immutable but for assignment, held as UTF-8. Lengths and indexes count code points.
+/// A null reference at any position gives ArgumentNullException, an index or count out of range
+/// ArgumentOutOfRangeException, unless an operation says otherwise. Concurrent reading is safe.
+class String : public Object,
+               public IHashable,
+               public ICloneable,
+               public IComparable,
+               public IConvertible,
+               public Collections::Generic::IEnumerable<char32>
+{
+public:
+    class Enumerator;
+    class ReverseEnumerator;
+
+    String() = default;
+    /// Takes the bytes as UTF-8 without checking.
+    /// @throws ArgumentNullException  text is a null pointer
+    String(const char* text);
+    /// Takes the bytes as UTF-8 without checking; they may hold zeros.
+    explicit String(std::string utf8);
+    explicit String(ustring text);
+    String(const String& other);
+    String(String&& other) noexcept = default;
+    /// count copies of c.
+    String(char32 c, int count);
+    String(const Array<char32, 1>& characters);
+    String(const Array<char32, 1>& characters, int startIndex);
+    String(const Array<char32, 1>& characters, int startIndex, int length);
+
+    /// The text whose code points are the values of size bytes, zeros included (the ISO 8859-1 reading).
+    static String FromLatin1(const unsigned char* bytes, int size);
+
+    String& operator=(const String& other);
+    String& operator=(String&& other) noexcept = default;
+    String& operator=(const char* text);
+
+    bool Equals(const Object& other) const override; ///< null throws here; another class gives false
+    String ToString() const override;
+    ~String() override = default;
+    virtual bool Equals(const String& other) const; ///< false for null
+    virtual bool IsSigned() const;
+    virtual bool Contains(const String& value) const;
+    virtual Up<Collections::Generic::IEnumerator<char32>> GetReverseEnumerator() const;
+
+    int GetHashCode() const override; ///< h = h * 5 + c over the code points; fixes the walk order of dictionaries
+    Object* Clone() const override;
+    int CompareTo(const IComparable& other) const override;
+    Up<Collections::Generic::IEnumerator<char32>> GetEnumerator() const override;
+
+    int Length() const ///< in code points
+    {
+        return value.Length();
+    }
+    bool IsEmpty() const
+    {
+        return value.Bytes().empty();
+    }
+    /// Walks from the start, so it is linear; a loop over a text uses Text() or an enumerator.
+    char32 operator[](int index) const;
+    /// The UTF-8 bytes.
+    const std::string& Utf8() const
+    {
+        return value.Bytes();
+    }
+    /// The storage, for walks over the code points.
+    const ustring& Text() const
+    {
+        return value;
+    }
+
+    bool operator==(const String& other) const; ///< false for null
+    String& operator+=(const String& other);
+    String& operator+=(char32 c);
+
+    static String Concat(const String& a, const String& b);
+    static String Concat(const String& a, const String& b, const String& c);
+    static String Concat(const String& a, const String& b, const String& c, const String& d);
+    static String Concat(const Collections::Generic::IEnumerable<String>& values);
+
+    /// A null on the left sorts first (-1, or 0 when both are null), a null on the right gives 1.
+    static int Compare(const String& strA, const String& strB);
+    static int Compare(const String& strA, const String& strB, bool ignoreCase);
+    static int Compare(const String& strA, int indexA, const String& strB, int indexB, int length);
+    static int Compare(const String& strA, int indexA, const String& strB, int indexB, int length, bool ignoreCase);
+
+    /// Searches count code points and give -1 when nothing is found.
+    int IndexOf(char32 value) const;
+    int IndexOf(char32 value, int startIndex) const;
+    int IndexOf(char32 value, int startIndex, int count) const;
+    int IndexOf(const String& value) const;
+    int IndexOf(const String& value, int startIndex) const;
+    int IndexOf(const String& value, int startIndex, int count) const;
+    int LastIndexOf(char32 value) const;
+    int LastIndexOf(char32 value, int startIndex) const;
+    int LastIndexOf(char32 value, int startIndex, int count) const;
+    int LastIndexOf(const String& value) const;
+    int LastIndexOf(const String& value, int startIndex) const;
+    int LastIndexOf(const String& value, int startIndex, int count) const;
+    int IndexOfAny(const Array<char32, 1>& anyOf) const;
+    int IndexOfAny(const Array<char32, 1>& anyOf, int startIndex) const;
+    int IndexOfAny(const Array<char32, 1>& anyOf, int startIndex, int count) const;
+    int LastIndexOfAny(const Array<char32, 1>& anyOf) const;
+    int LastIndexOfAny(const Array<char32, 1>& anyOf, int startIndex) const;
+    int LastIndexOfAny(const Array<char32, 1>& anyOf, int startIndex, int count) const;
+    bool StartsWith(const String& value) const;
+    bool StartsWith(const String& value, bool ignoreCase) const;
+    bool EndsWith(const String& value) const;
+    bool EndsWith(const String& value, bool ignoreCase) const;
+
+    String Substring(int startIndex) const;
+    String Substring(int startIndex, int length) const;
+    String Insert(int startIndex, const String& value) const;
+    String Remove(int startIndex) const;
+    String Remove(int startIndex, int count) const;
+    String Replace(char32 oldChar, char32 newChar) const;
+    String Replace(const String& oldValue, const String& newValue) const;
+    String PadLeft(int totalWidth) const; ///< pads with blanks (code 32)
+    String PadLeft(int totalWidth, char32 paddingChar) const;
+    String PadRight(int totalWidth) const;
+    String PadRight(int totalWidth, char32 paddingChar) const;
+    String ToLower() const;
+    String ToUpper() const;
+    String Trim(char32 trimChar) const;
+    String Trim(const Array<char32, 1>& trimChars) const;
+    String TrimStart(char32 trimChar) const;
+    String TrimStart(const Array<char32, 1>& trimChars) const;
+    String TrimEnd(char32 trimChar) const;
+    String TrimEnd(const Array<char32, 1>& trimChars) const;
+    static String Join(const String& separator, const Array<String, 1>& values);
+    static String Join(const String& separator, const Array<String, 1>& values, int startIndex, int count);
+    Sp<Array<String, 1>> Split(char32 separator) const;
+    Sp<Array<String, 1>> Split(const Array<char32, 1>& separators) const;
+    Sp<Array<String, 1>> Split(const Array<char32, 1>& separators, int count) const;
+    Sp<Array<String, 1>> Split(const Array<char32, 1>& separators, int count, StringSplitOptions options) const;
+    Array<char32, 1> ToCharArray() const;
+    Array<char32, 1> ToCharArray(int startIndex, int length) const;
+    /// The text in code page 437 with a zero byte behind it: Length() + 1 bytes. What the page lacks becomes '?'.
+    Up<char[]> ToCCharArray() const;
+
+    /// Composite formatting: "{index[,alignment][:format]}" stands for an argument, "{{" and "}}" for the brackets,
+    /// "{uXXXX}" for a code point. An argument is a primitive, a const char* or any Object.
+    /// @throws FormatException  a bracket without its partner, or an index without an argument
+    template <class... Args>
+    static String Format(const String& format, const Args&... args);
+    template <class... Args>
+    static String Format(const IFormatProvider& provider, const String& format, const Args&... args);
+
+    TypeCode GetTypeCode() const override;
+    bool ToBoolean(const IFormatProvider& provider) const override;
+    std::uint8_t ToByte(const IFormatProvider& provider) const override;
+    char32 ToChar(const IFormatProvider& provider) const override;
+    DateTime ToDateTime(const IFormatProvider& provider) const override;
+    double ToDouble(const IFormatProvider& provider) const override;
+    std::int16_t ToInt16(const IFormatProvider& provider) const override;
+    std::int32_t ToInt32(const IFormatProvider& provider) const override;
+    std::int64_t ToInt64(const IFormatProvider& provider) const override;
+    std::uint16_t ToUInt16(const IFormatProvider& provider) const override;
+    std::uint32_t ToUInt32(const IFormatProvider& provider) const override;
+    std::uint64_t ToUInt64(const IFormatProvider& provider) const override;
+    std::int8_t ToSByte(const IFormatProvider& provider) const override;
+    float ToSingle(const IFormatProvider& provider) const override;
+    Up<Object> ToType(const Type& type, const IFormatProvider& provider) const override;
+
+private:
+    static String FormatArguments(const IFormatProvider& provider, const String& format,
+                                  const FormatArgument* arguments, int count);
+
+    ustring value;
+};
+
+String operator+(const String& left, const String& right);
+String operator+(const String& left, const char* right);
+String operator+(const char* left, const String& right);
+} // namespace Tesmo::System
