@@ -1,0 +1,221 @@
+#include "Adapters.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <cerrno>
+#include <linux/if_addr.h>
+#include <map>
+#include <memory>
+#include <net/if.h>
+#include <netlink/cache.h>
+#include <netlink/route/addr.h>
+#include <netlink/route/link.h>
+#include <netlink/route/route.h>
+#include <netlink/socket.h>
+#include <set>
+#include <tuple>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+using Socket = std::unique_ptr<nl_sock, decltype(&nl_socket_free)>;
+using Cache = std::unique_ptr<nl_cache, decltype(&nl_cache_free)>;
+
+/// Whole fetches in all, when changes during a dump made entries occur twice.
+constexpr int MaximumFetches = 5;
+
+/// Adapters by their index, with the metric of the gateway that was chosen so far.
+struct Entry
+{
+    Adapter adapter;
+    bool up = false;
+    std::uint32_t gatewayMetric = UINT32_MAX;
+};
+using Entries = std::map<int, Entry>;
+
+struct Snapshot
+{
+    Entries entries;
+    bool hasDuplicates = false;
+};
+
+template <typename Item, typename Visitor>
+void ForEach(const Cache& cache, Visitor visit)
+{
+    for (nl_object* object = nl_cache_get_first(cache.get()); object != nullptr; object = nl_cache_get_next(object))
+    {
+        visit(reinterpret_cast<Item*>(object));
+    }
+}
+
+void WriteText(const void* address, char (&text)[AdapterTextSize])
+{
+    inet_ntop(AF_INET, address, text, AdapterTextSize);
+}
+
+Entry MakeEntry(rtnl_link* link)
+{
+    Entry entry;
+    entry.up = (rtnl_link_get_flags(link) & IFF_UP) != 0;
+    entry.adapter.index = static_cast<std::uint32_t>(rtnl_link_get_ifindex(link));
+    const char* name = rtnl_link_get_name(link);
+    entry.adapter.friendlyName = name == nullptr ? "" : name;
+    if (nl_addr* hardware = rtnl_link_get_addr(link); hardware != nullptr)
+    {
+        entry.adapter.macLength = nl_addr_get_len(hardware);
+        const auto* bytes = static_cast<const unsigned char*>(nl_addr_get_binary_addr(hardware));
+        std::copy_n(bytes, std::min<std::uint32_t>(entry.adapter.macLength, AdapterAddressSize),
+                    entry.adapter.macBytes);
+    }
+    return entry;
+}
+
+void TakeLinks(const Cache& links, Snapshot& snapshot)
+{
+    std::set<int> seen;
+    ForEach<rtnl_link>(links,
+                       [&](rtnl_link* link)
+                       {
+                           const int index = rtnl_link_get_ifindex(link);
+                           snapshot.hasDuplicates |= !seen.insert(index).second;
+                           // A bridge has its port's hardware address: with both listed, a request would hit both.
+                           if ((rtnl_link_get_flags(link) & IFF_LOOPBACK) == 0 && rtnl_link_get_master(link) == 0)
+                           {
+                               snapshot.entries.emplace(index, MakeEntry(link));
+                           }
+                       });
+}
+
+void TakeAddress(rtnl_addr* address, Adapter& adapter)
+{
+    if ((rtnl_addr_get_flags(address) & IFA_F_SECONDARY) != 0 || adapter.ipAddressText[0] != '\0')
+    {
+        return;
+    }
+    const int prefix = rtnl_addr_get_prefixlen(address);
+    const in_addr mask = {htonl(prefix <= 0 ? 0 : UINT32_MAX << (32 - std::min(prefix, 32)))};
+    WriteText(nl_addr_get_binary_addr(rtnl_addr_get_local(address)), adapter.ipAddressText);
+    WriteText(&mask, adapter.ipMaskText);
+}
+
+void TakeAddresses(const Cache& addresses, Snapshot& snapshot)
+{
+    std::set<std::tuple<int, std::uint32_t, int>> seen;
+    ForEach<rtnl_addr>(addresses,
+                       [&](rtnl_addr* address)
+                       {
+                           nl_addr* local = rtnl_addr_get_local(address);
+                           if (local == nullptr || nl_addr_get_family(local) != AF_INET)
+                           {
+                               return;
+                           }
+                           const int index = rtnl_addr_get_ifindex(address);
+                           const auto* bytes = static_cast<const in_addr*>(nl_addr_get_binary_addr(local));
+                           const int prefix = rtnl_addr_get_prefixlen(address);
+                           snapshot.hasDuplicates |= !seen.emplace(index, bytes->s_addr, prefix).second;
+                           const auto entry = snapshot.entries.find(index);
+                           if (entry != snapshot.entries.end() && entry->second.up)
+                           {
+                               TakeAddress(address, entry->second.adapter);
+                           }
+                       });
+}
+
+bool IsDefaultRoute(rtnl_route* route)
+{
+    nl_addr* destination = rtnl_route_get_dst(route);
+    return rtnl_route_get_table(route) == RT_TABLE_MAIN && rtnl_route_get_type(route) == RTN_UNICAST &&
+           (destination == nullptr || nl_addr_get_prefixlen(destination) == 0);
+}
+
+void TakeGateway(rtnl_nexthop* hop, std::uint32_t metric, Entries& entries)
+{
+    nl_addr* gateway = rtnl_route_nh_get_gateway(hop);
+    const auto found = entries.find(rtnl_route_nh_get_ifindex(hop));
+    if (gateway == nullptr || nl_addr_get_family(gateway) != AF_INET || found == entries.end())
+    {
+        return;
+    }
+    Entry& entry = found->second;
+    if (entry.adapter.gatewayText[0] == '\0' || metric < entry.gatewayMetric)
+    {
+        entry.gatewayMetric = metric;
+        WriteText(nl_addr_get_binary_addr(gateway), entry.adapter.gatewayText);
+    }
+}
+
+void TakeGateways(const Cache& routes, Entries& entries)
+{
+    ForEach<rtnl_route>(routes,
+                        [&](rtnl_route* route)
+                        {
+                            if (!IsDefaultRoute(route))
+                            {
+                                return;
+                            }
+                            for (int i = 0; i < rtnl_route_get_nnexthops(route); ++i)
+                            {
+                                TakeGateway(rtnl_route_nexthop_n(route, i), rtnl_route_get_priority(route), entries);
+                            }
+                        });
+}
+
+/// @returns 0, or libnl's code (netlink/errno.h), a positive number
+int Fetch(nl_sock* socket, Snapshot& snapshot)
+{
+    nl_cache* raw = nullptr;
+    if (const int result = rtnl_link_alloc_cache(socket, AF_UNSPEC, &raw); result < 0)
+    {
+        return -result;
+    }
+    const Cache links(raw, nl_cache_free);
+    if (const int result = rtnl_addr_alloc_cache(socket, &raw); result < 0)
+    {
+        return -result;
+    }
+    const Cache addresses(raw, nl_cache_free);
+    if (const int result = rtnl_route_alloc_cache(socket, AF_INET, 0, &raw); result < 0)
+    {
+        return -result;
+    }
+    const Cache routes(raw, nl_cache_free);
+    TakeLinks(links, snapshot);
+    TakeAddresses(addresses, snapshot);
+    TakeGateways(routes, snapshot.entries);
+    return 0;
+}
+
+} // namespace
+
+int ReadAdapters(std::vector<Adapter>& adapters)
+{
+    adapters.clear();
+    const Socket socket(nl_socket_alloc(), nl_socket_free);
+    if (socket == nullptr)
+    {
+        return ENOMEM;
+    }
+    if (const int result = nl_connect(socket.get(), NETLINK_ROUTE); result < 0)
+    {
+        return -result;
+    }
+    Snapshot snapshot;
+    for (int fetches = 0; fetches == 0 || (snapshot.hasDuplicates && fetches < MaximumFetches); ++fetches)
+    {
+        snapshot = Snapshot();
+        if (const int result = Fetch(socket.get(), snapshot); result != 0)
+        {
+            return result;
+        }
+    }
+    for (auto& [index, entry] : snapshot.entries)
+    {
+        adapters.push_back(std::move(entry.adapter));
+    }
+    return adapters.empty() ? ENODEV : 0;
+}
+
+} // namespace Zelkor::Discovery::Platform

@@ -1,0 +1,156 @@
+#include "AddressChange.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdint>
+#include <linux/netlink.h>
+#include <linux/rtnetlink.h>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+constexpr milliseconds Settling(100);
+constexpr milliseconds LongestSettling(1000);
+constexpr milliseconds FailurePause(1000);
+
+enum class Outcome
+{
+    Changed,
+    Cancelled,
+    TimedOut,
+    Failed,
+};
+
+/// A subscription to the changes of IPv4 addresses, for one wait.
+class AddressSocket
+{
+public:
+    AddressSocket() : descriptor(socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_ROUTE))
+    {
+        sockaddr_nl group = {};
+        group.nl_family = AF_NETLINK;
+        group.nl_groups = RTMGRP_IPV4_IFADDR;
+        subscribed = descriptor >= 0 && bind(descriptor, reinterpret_cast<sockaddr*>(&group), sizeof(group)) == 0;
+    }
+    ~AddressSocket()
+    {
+        if (descriptor >= 0)
+        {
+            close(descriptor);
+        }
+    }
+    AddressSocket(const AddressSocket&) = delete;
+    AddressSocket& operator=(const AddressSocket&) = delete;
+
+    int Descriptor() const
+    {
+        return descriptor;
+    }
+
+    bool IsSubscribed() const
+    {
+        return subscribed;
+    }
+
+    /// Takes all messages that are there. An overrun (ENOBUFS) lost messages: that is a change too.
+    Outcome Drain()
+    {
+        char message[1]; // the rest of a datagram is dropped: that one came is all that counts
+        for (;;)
+        {
+            if (recv(descriptor, message, sizeof(message), 0) < 0 && errno != ENOBUFS && errno != EINTR)
+            {
+                return errno == EAGAIN ? Outcome::Changed : Outcome::Failed;
+            }
+        }
+    }
+
+private:
+    int descriptor;
+    bool subscribed = false;
+};
+
+/// The event of all cancels, open until the process ends: so a cancel finds it even before the first wait.
+int CancelEvent()
+{
+    static const int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    return descriptor;
+}
+
+Outcome ReadEvents(short socketEvents, short cancelEvents, AddressSocket* changes)
+{
+    std::uint64_t cancels = 0;
+    if (cancelEvents != 0)
+    {
+        return read(CancelEvent(), &cancels, sizeof(cancels)) == sizeof(cancels) ? Outcome::Cancelled : Outcome::Failed;
+    }
+    return socketEvents != 0 ? changes->Drain() : Outcome::TimedOut;
+}
+
+/// @param changes  null: waits for a cancel alone
+/// @param timeout  negative: no limit
+Outcome Wait(AddressSocket* changes, milliseconds timeout)
+{
+    pollfd sources[] = {{CancelEvent(), POLLIN, 0}, {changes == nullptr ? -1 : changes->Descriptor(), POLLIN, 0}};
+    int ready = 0;
+    do
+    {
+        ready = poll(sources, 2, static_cast<int>(timeout.count()));
+    } while (ready < 0 && errno == EINTR);
+    return ready < 0 ? Outcome::Failed : ReadEvents(sources[1].revents, sources[0].revents, changes);
+}
+
+Outcome Settle(AddressSocket& changes)
+{
+    const Clock::time_point latest = Clock::now() + LongestSettling;
+    Outcome outcome = Outcome::Changed;
+    while (outcome == Outcome::Changed && Clock::now() < latest)
+    {
+        const auto left = std::chrono::ceil<milliseconds>(latest - Clock::now());
+        outcome = Wait(&changes, std::clamp(left, milliseconds(0), Settling));
+    }
+    return outcome == Outcome::Cancelled ? outcome : Outcome::Changed;
+}
+
+Outcome WaitForChange()
+{
+    AddressSocket changes;
+    if (!changes.IsSubscribed() || CancelEvent() < 0)
+    {
+        return Outcome::Failed;
+    }
+    const Outcome outcome = Wait(&changes, milliseconds(-1));
+    return outcome == Outcome::Changed ? Settle(changes) : outcome;
+}
+
+} // namespace
+
+bool WaitForAddressChange()
+{
+    const Outcome outcome = WaitForChange();
+    if (outcome == Outcome::Failed && Wait(nullptr, FailurePause) == Outcome::Failed)
+    {
+        std::this_thread::sleep_for(FailurePause);
+    }
+    return outcome == Outcome::Changed;
+}
+
+int CancelAddressChangeWait()
+{
+    const std::uint64_t one = 1;
+    return write(CancelEvent(), &one, sizeof(one)) == sizeof(one) ? 0 : errno;
+}
+
+} // namespace Zelkor::Discovery::Platform

@@ -1,0 +1,143 @@
+#include "NetworkNamespace.h"
+
+#include <Discovery/Gateway/Platform/Adapters.h>
+#include <algorithm>
+#include <cstring>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <linux/if_tun.h>
+#include <map>
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+using Zelkor::Discovery::Platform::Adapter;
+using Zelkor::Discovery::Platform::ReadAdapters;
+
+namespace
+{
+
+class AdaptersTests : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!network.IsEntered())
+        {
+            GTEST_SKIP() << "the system refuses network namespaces";
+        }
+    }
+
+    static std::map<std::string, Adapter> ReadByName()
+    {
+        std::vector<Adapter> adapters;
+        EXPECT_EQ(0, ReadAdapters(adapters));
+        EXPECT_TRUE(std::is_sorted(adapters.begin(), adapters.end(),
+                                   [](const Adapter& a, const Adapter& b) { return a.index < b.index; }));
+        std::map<std::string, Adapter> byName;
+        for (const Adapter& adapter : adapters)
+        {
+            byName[adapter.friendlyName] = adapter;
+        }
+        EXPECT_EQ(adapters.size(), byName.size());
+        return byName;
+    }
+
+    static std::string Texts(const Adapter& adapter)
+    {
+        return std::string(adapter.ipAddressText) + "|" + adapter.ipMaskText + "|" + adapter.gatewayText;
+    }
+
+private:
+    NetworkNamespace network;
+};
+
+/// A tun adapter of a hardware type whose addresses have 8 bytes; it lasts as long as the descriptor.
+int MakeAdapterWithEightByteAddress(const char* name)
+{
+    constexpr int HardwareType = 804; // linux/if_arp.h: ARPHRD_IEEE802154
+    const int tun = open("/dev/net/tun", O_RDWR | O_CLOEXEC);
+    ifreq request = {};
+    std::strncpy(request.ifr_name, name, IFNAMSIZ - 1);
+    request.ifr_flags = IFF_TUN | IFF_NO_PI;
+    if (tun < 0 || ioctl(tun, TUNSETIFF, &request) != 0 || ioctl(tun, TUNSETLINK, HardwareType) != 0)
+    {
+        close(tun);
+        return -1;
+    }
+    return tun;
+}
+
+} // namespace
+
+TEST_F(AdaptersTests, AHostWithLoopbackAloneFails)
+{
+    std::vector<Adapter> adapters(1);
+
+    EXPECT_NE(0, ReadAdapters(adapters));
+
+    EXPECT_TRUE(adapters.empty());
+}
+
+TEST_F(AdaptersTests, EachAdapterShowsItsFirstAddressAlone)
+{
+    Shell("ip link add none type veth peer name one; ip link set none up; ip link set one up;"
+          "ip link add two type veth peer name down address 02:00:00:00:00:0a; ip link set two up;"
+          "ip addr add 10.1.0.1/24 dev one;"
+          "ip addr add 10.2.0.1/8 dev two; ip addr add 10.2.0.2/8 dev two; ip addr add 10.3.0.1/16 dev two;"
+          "ip addr add 10.4.0.1/24 dev down");
+
+    const auto adapters = ReadByName();
+
+    ASSERT_EQ(4u, adapters.size());
+    EXPECT_EQ("||", Texts(adapters.at("none")));
+    EXPECT_EQ("10.1.0.1|255.255.255.0|", Texts(adapters.at("one")));
+    EXPECT_EQ("10.2.0.1|255.0.0.0|", Texts(adapters.at("two")));
+    const Adapter& down = adapters.at("down");
+    EXPECT_EQ("||", Texts(down));
+    EXPECT_EQ(6u, down.macLength);
+    EXPECT_EQ(0, std::memcmp("\x02\0\0\0\0\x0a\0\0", down.macBytes, sizeof(down.macBytes)));
+    EXPECT_EQ(if_nametoindex("down"), down.index);
+}
+
+TEST_F(AdaptersTests, PortsOfABridgeAreLeftOut)
+{
+    Shell("ip link add bridge type bridge; ip link add port type veth peer name free; ip link set port master bridge");
+
+    const auto adapters = ReadByName();
+
+    EXPECT_EQ(2u, adapters.size());
+    EXPECT_EQ(0u, adapters.count("port"));
+}
+
+TEST_F(AdaptersTests, AHardwareAddressOfEightBytesKeepsItsLength)
+{
+    const int tun = MakeAdapterWithEightByteAddress("tunnel");
+    if (tun < 0)
+    {
+        GTEST_SKIP() << "the system has no tun adapters";
+    }
+
+    EXPECT_EQ(8u, ReadByName().at("tunnel").macLength);
+
+    close(tun);
+}
+
+TEST_F(AdaptersTests, TheGatewayIsThatOfTheBestUnicastDefaultRouteInTheMainTable)
+{
+    Shell(
+        "for n in 1 2 3 4; do ip link add a$n type veth peer name b$n; ip link set a$n up; ip link set b$n up;"
+        "  ip addr add 10.$n.0.1/24 dev a$n; done;"
+        "ip route add default via 10.1.0.200 dev a1 metric 200; ip route add default via 10.1.0.100 dev a1 metric 100;"
+        "ip route add default via 10.1.0.50 dev a1 table 50; ip route add 0.0.0.0/1 via 10.1.0.40 dev a1 metric 1;"
+        "ip route add blackhole default metric 5;"
+        "ip route add default metric 300 nexthop via 10.2.0.254 dev a2 nexthop via 10.3.0.254 dev a3;"
+        "ip route add default dev a4 metric 10");
+
+    const auto adapters = ReadByName();
+
+    EXPECT_STREQ("10.1.0.100", adapters.at("a1").gatewayText);
+    EXPECT_STREQ("10.2.0.254", adapters.at("a2").gatewayText);
+    EXPECT_STREQ("10.3.0.254", adapters.at("a3").gatewayText);
+    EXPECT_STREQ("", adapters.at("a4").gatewayText);
+}

@@ -1,0 +1,191 @@
+#include "NetworkNamespace.h"
+
+#include <Discovery/Gateway/Platform/AddressChange.h>
+#include <atomic>
+#include <chrono>
+#include <fstream>
+#include <future>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <thread>
+
+using namespace std::chrono_literals;
+using Zelkor::Discovery::Platform::CancelAddressChangeWait;
+using Zelkor::Discovery::Platform::WaitForAddressChange;
+
+namespace
+{
+
+constexpr auto Limit = 10s;
+
+/// True if some socket in this namespace listens to changes of IPv4 addresses (rtnetlink.h: RTMGRP_IPV4_IFADDR, 16).
+bool HasListener()
+{
+    std::ifstream sockets("/proc/thread-self/net/netlink");
+    std::string line;
+    while (std::getline(sockets, line))
+    {
+        if (line.find(" 00000010 ") != std::string::npos)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+class AddressChangeTests : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!network.IsEntered())
+        {
+            GTEST_SKIP() << "the system refuses network namespaces";
+        }
+        Shell("ip link add v0 type veth peer name v1; ip link set v0 up");
+    }
+
+    /// A wait on a thread of its own, which has begun when this returns.
+    static std::future<bool> StartWait()
+    {
+        std::future<bool> wait = std::async(std::launch::async, WaitForAddressChange);
+        const auto end = std::chrono::steady_clock::now() + Limit;
+        while (!HasListener() && std::chrono::steady_clock::now() < end)
+        {
+            std::this_thread::yield();
+        }
+        return wait;
+    }
+
+    static bool Ends(const std::future<bool>& wait)
+    {
+        return wait.wait_for(Limit) == std::future_status::ready;
+    }
+
+private:
+    NetworkNamespace network;
+};
+
+/// Changes addresses without a pause, until the end of the scope or the limit.
+class ChangingHost
+{
+public:
+    ChangingHost() : changes([this] { Change(); })
+    {
+        changed.wait(false);
+    }
+    ~ChangingHost()
+    {
+        stop = true;
+        changes.join();
+    }
+
+private:
+    void Change()
+    {
+        const auto end = std::chrono::steady_clock::now() + Limit;
+        while (!stop && std::chrono::steady_clock::now() < end)
+        {
+            Shell("ip addr replace 10.9.0.1/24 dev v0");
+            changed = true;
+            changed.notify_all();
+        }
+    }
+
+    std::atomic<bool> stop = false;
+    std::atomic<bool> changed = false;
+    std::thread changes;
+};
+
+} // namespace
+
+TEST_F(AddressChangeTests, ABurstOfChangesIsOneChange)
+{
+    std::future<bool> first = StartWait();
+    Shell("for n in 1 2 3 4 5 6 7 8; do ip addr add 10.1.0.$n/24 dev v0; ip addr del 10.1.0.$n/24 dev v0; done");
+    EXPECT_TRUE(first.get());
+
+    std::future<bool> second = StartWait();
+    EXPECT_EQ(std::future_status::timeout, second.wait_for(300ms)) << "nothing of the burst is left";
+    CancelAddressChangeWait();
+    EXPECT_FALSE(second.get());
+}
+
+TEST_F(AddressChangeTests, ChangesWithoutAnEndDoNotHoldTheWait)
+{
+    std::future<bool> wait = StartWait();
+    const auto begin = std::chrono::steady_clock::now();
+    const ChangingHost host;
+
+    ASSERT_TRUE(Ends(wait));
+
+    EXPECT_TRUE(wait.get());
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, Limit / 2);
+}
+
+TEST_F(AddressChangeTests, AChangeOfIPv6OrOfALinkIsNone)
+{
+    std::future<bool> wait = StartWait();
+
+    Shell("ip link set v1 up; ip addr add fd00::1/64 dev v0; ip link set v0 down");
+
+    EXPECT_EQ(std::future_status::timeout, wait.wait_for(300ms));
+    CancelAddressChangeWait();
+    EXPECT_FALSE(wait.get());
+}
+
+TEST_F(AddressChangeTests, ACancelEndsTheWaitThatRunsOrTheNextOne)
+{
+    EXPECT_EQ(0, CancelAddressChangeWait());
+    EXPECT_EQ(0, CancelAddressChangeWait());
+    EXPECT_FALSE(WaitForAddressChange());
+
+    std::future<bool> running = StartWait();
+    CancelAddressChangeWait();
+    ASSERT_TRUE(Ends(running));
+    EXPECT_FALSE(running.get());
+}
+
+TEST_F(AddressChangeTests, ACancelEndsTheSettlingToo)
+{
+    std::future<bool> wait = StartWait();
+    const ChangingHost host;
+
+    CancelAddressChangeWait();
+
+    EXPECT_FALSE(wait.get());
+}
+
+TEST_F(AddressChangeTests, NoCancelIsLostWhenItMeetsTheBeginOfAWait)
+{
+    for (int i = 0; i < 1000; ++i)
+    {
+        std::future<bool> wait = std::async(std::launch::async, WaitForAddressChange);
+        CancelAddressChangeWait();
+        ASSERT_TRUE(Ends(wait)) << i;
+        ASSERT_FALSE(wait.get()) << i;
+    }
+}
+
+TEST_F(AddressChangeTests, AFailedWaitPausesUnlessItIsCancelled)
+{
+    CancelAddressChangeWait();
+    WaitForAddressChange(); // the cancel's descriptor is open from here on
+    rlimit old = {};
+    ASSERT_EQ(0, getrlimit(RLIMIT_NOFILE, &old));
+    const rlimit none = {3, old.rlim_max};
+    ASSERT_EQ(0, setrlimit(RLIMIT_NOFILE, &none));
+
+    const auto begin = std::chrono::steady_clock::now();
+    const bool changed = WaitForAddressChange();
+    const auto paused = std::chrono::steady_clock::now();
+    CancelAddressChangeWait();
+    const bool changedAfterCancel = WaitForAddressChange();
+    const auto cancelled = std::chrono::steady_clock::now();
+    setrlimit(RLIMIT_NOFILE, &old);
+
+    EXPECT_FALSE(changed);
+    EXPECT_FALSE(changedAfterCancel);
+    EXPECT_GE(paused - begin, 900ms);
+    EXPECT_LT(cancelled - paused, 900ms);
+}

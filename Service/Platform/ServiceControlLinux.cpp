@@ -1,0 +1,157 @@
+#include "ServiceControl.h"
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/signalfd.h>
+#include <systemd/sd-daemon.h>
+#include <thread>
+#include <unistd.h>
+
+namespace Zelkor::Discovery::Client::Platform
+{
+
+namespace
+{
+
+/// A file descriptor, closed at the end of its scope.
+class Descriptor
+{
+public:
+    explicit Descriptor(int descriptor) : number(descriptor) {}
+    ~Descriptor()
+    {
+        close(number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int Number() const
+    {
+        return number;
+    }
+
+private:
+    int number;
+};
+
+std::atomic<void (*)(std::uint32_t)> controlHandler = nullptr;
+std::atomic<bool> acceptsControls = false;
+std::atomic<bool> entryEnded = false;
+std::atomic<int> wakeEvent = -1; ///< wakes the controlling thread to look at the two flags again
+std::atomic<bool> stopEventSet = false;
+
+void WakeController()
+{
+    const std::uint64_t one = 1;
+    // Only a full counter refuses a write, and then the controlling thread is awake already.
+    [[maybe_unused]] const ssize_t written = write(wakeEvent, &one, sizeof(one));
+}
+
+void TakeStopSignal(int signals)
+{
+    signalfd_siginfo signal = {};
+    if (read(signals, &signal, sizeof(signal)) == sizeof(signal))
+    {
+        if (const auto handler = controlHandler.load(); handler != nullptr)
+        {
+            handler(ControlStop);
+        }
+    }
+}
+
+void DeliverControls(int signals)
+{
+    while (!entryEnded)
+    {
+        pollfd sources[] = {{wakeEvent, POLLIN, 0}, {acceptsControls ? signals : -1, POLLIN, 0}};
+        if (poll(sources, 2, -1) < 0)
+        {
+            continue;
+        }
+        if (sources[0].revents != 0)
+        {
+            std::uint64_t wakes = 0;
+            [[maybe_unused]] const ssize_t taken = read(wakeEvent, &wakes, sizeof(wakes));
+        }
+        if (sources[1].revents != 0)
+        {
+            TakeStopSignal(signals);
+        }
+    }
+}
+
+} // namespace
+
+int RunService(const char*, void (*entry)())
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    sigset_t stopSignals;
+    sigemptyset(&stopSignals);
+    sigaddset(&stopSignals, SIGTERM);
+    sigaddset(&stopSignals, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &stopSignals, nullptr); // every thread that starts from here on inherits it
+    const Descriptor signals(signalfd(-1, &stopSignals, SFD_CLOEXEC | SFD_NONBLOCK));
+    const Descriptor wakes(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    if (signals.Number() < 0 || wakes.Number() < 0)
+    {
+        return errno;
+    }
+    wakeEvent = wakes.Number();
+    std::thread entryThread(
+        [entry]
+        {
+            entry();
+            entryEnded = true;
+            WakeController();
+        });
+    DeliverControls(signals.Number());
+    entryThread.join();
+    return 0;
+}
+
+bool RegisterControlHandler(const char*, void (*handler)(std::uint32_t control))
+{
+    controlHandler = handler;
+    return true;
+}
+
+int ReportServiceStatus(const ServiceStatus& status)
+{
+    acceptsControls = status.controlsAccepted != AcceptNothing;
+    WakeController();
+    const char* state = status.currentState == ServiceRunning       ? "READY=1"
+                        : status.currentState == ServiceStopPending ? "STOPPING=1"
+                                                                    : nullptr;
+    const int result = state == nullptr ? 0 : sd_notify(0, state);
+    return result < 0 ? -result : 0;
+}
+
+int CreateStopEvent()
+{
+    stopEventSet = false;
+    return 0;
+}
+
+void SetStopEvent()
+{
+    stopEventSet = true;
+    stopEventSet.notify_all();
+}
+
+void WaitForStopEvent()
+{
+    stopEventSet.wait(false);
+}
+
+void CloseStopEvent() {}
+
+void WriteDebugText(const char* text)
+{
+    std::fprintf(stderr, "%s\n", text);
+}
+
+} // namespace Zelkor::Discovery::Client::Platform
