@@ -1,0 +1,69 @@
+#include "LanTest.h"
+
+#include <csignal>
+
+namespace Lan
+{
+std::string Adapter::Json() const
+{
+    return R"({"FriendlyName":")" + name + R"(","MACAddress":")" + mac + R"(","IPAddress":")" + address +
+           R"(","SubNetMask":")" + mask + R"(","DefaultGateway":")" + gateway + R"(","MTU":"Unknown"})";
+}
+
+std::string Announcement(const std::string& type, const std::string& broadcast, const std::vector<Adapter>& adapters,
+                         const Adapter* source)
+{
+    std::string nics;
+    for (const Adapter& adapter : adapters)
+    {
+        nics += (nics.empty() ? "" : ",") + adapter.Json();
+    }
+    return R"({"DiscoveryMessageType":")" + type + R"(","DiscoveryVersion":"1.0.23","Broadcast":")" + broadcast +
+           R"(","Host":{"HostName":"STUDIO4","IsHostNameReadOnly":false,"RebootRequiredForIPConfigChange":false,)"
+           R"("RebootRequiredForHostNameChange":true,"DeviceType":"Linux PC","DeviceFamily":"Computer",)"
+           R"("SerialNumber":"","NICs":[)" +
+           nics + R"(],"Products":[]})" + (source == nullptr ? "" : R"(,"SourceNIC":)" + source->Json()) + "}";
+}
+
+std::string Request(const std::string& type, const std::string& broadcast, const std::string& more)
+{
+    return R"({"DiscoveryMessageType":")" + type + R"(","DiscoveryVersion":"1.0.23","Broadcast":")" + broadcast + "\"" +
+           more + "}";
+}
+
+void LanTest::SetUp()
+{
+    if (!NetworkNamespace::Supported())
+    {
+        GTEST_SKIP() << "network namespaces need root";
+    }
+    host = std::make_unique<NetworkNamespace>();
+    office = std::make_unique<NetworkNamespace>();
+    Connect(*host, lan0.name, lan0.mac, *office, "wall0");
+    host->Ip("addr add 10.77.0.2/24 dev lan0");
+    office->Ip("addr add 10.77.0.1/24 dev wall0");
+    station = std::make_unique<Station>(*office);
+}
+
+void LanTest::StartClient()
+{
+    client = std::make_unique<ClientProcess>(*host, "STUDIO4");
+}
+
+void LanTest::StartAndHearHello()
+{
+    StartClient();
+    ASSERT_TRUE(station->HearWith(R"("Hello")", 10000)) << client->Log();
+    ASSERT_TRUE(client->WaitForLog("---Waiting for IP changes...")) << client->Log();
+}
+
+void LanTest::ExpectCleanStop(bool withBye)
+{
+    client->Signal(SIGTERM);
+    EXPECT_EQ(0, client->ExitCode(std::chrono::milliseconds(2000))) << client->Log();
+    if (withBye)
+    {
+        EXPECT_TRUE(station->HearWith(R"("Bye")", 500)) << client->Log();
+    }
+}
+} // namespace Lan

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "ClientProcess.h"
+#include "NetworkNamespace.h"
+#include "Station.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Lan
+{
+/// One adapter of the client's host as the wire shows it.
+struct Adapter
+{
+    std::string name;
+    std::string mac;
+    std::string address;
+    std::string mask = "255.255.255.0";
+    std::string gateway = "";
+
+    std::string Json() const;
+};
+
+/// The exact text that a host named STUDIO4 with the given adapters announces itself with.
+/// @param type       wire name of the message
+/// @param broadcast  "True" or "False"
+/// @param source     the adapter that it leaves by, or null
+std::string Announcement(const std::string& type, const std::string& broadcast, const std::vector<Adapter>& adapters,
+                         const Adapter* source);
+
+/// A request of the administration side; more holds the keys behind the header, each with a comma in front.
+std::string Request(const std::string& type, const std::string& broadcast, const std::string& more = "");
+
+/// A LAN of two hosts: the client's, where adapter lan0 has 10.77.0.2, and the administration's with 10.77.0.1.
+class LanTest : public testing::Test
+{
+protected:
+    void SetUp() override;
+
+    /// Starts the program; the station hears what it says from then on.
+    void StartClient();
+
+    /// Starts the program and takes its hello off the station.
+    void StartAndHearHello();
+
+    /// SIGTERM: a bye is heard and the program ends with exit code 0 within 2 seconds.
+    void ExpectCleanStop(bool withBye = true);
+
+    const Adapter lan0{"lan0", "02:00:00:00:00:01", "10.77.0.2"};
+    std::unique_ptr<NetworkNamespace> host;
+    std::unique_ptr<NetworkNamespace> office;
+    std::unique_ptr<Station> station;
+    std::unique_ptr<ClientProcess> client;
+};
+} // namespace Lan

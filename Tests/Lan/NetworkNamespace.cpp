@@ -1,0 +1,147 @@
+#include "NetworkNamespace.h"
+
+#include <exception>
+#include <fcntl.h>
+#include <sched.h>
+#include <sstream>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace Lan
+{
+namespace
+{
+int OpenOwnNamespace()
+{
+    int number = -1;
+    std::thread(
+        [&number]
+        {
+            if (unshare(CLONE_NEWNET) == 0)
+            {
+                number = open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC);
+            }
+        })
+        .join();
+    return number;
+}
+} // namespace
+
+Descriptor::Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
+
+Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
+{
+    std::swap(number, other.number);
+    return *this;
+}
+
+Descriptor::~Descriptor()
+{
+    if (number >= 0)
+    {
+        close(number);
+    }
+}
+
+bool NetworkNamespace::Supported()
+{
+    return Descriptor(OpenOwnNamespace()).Number() >= 0;
+}
+
+NetworkNamespace::NetworkNamespace() : descriptor(OpenOwnNamespace())
+{
+    if (descriptor.Number() < 0)
+    {
+        throw std::runtime_error("no network namespace");
+    }
+    Ip("link set lo up");
+}
+
+void NetworkNamespace::Within(const std::function<void()>& action) const
+{
+    std::exception_ptr failure;
+    std::thread(
+        [&]
+        {
+            try
+            {
+                Enter();
+                action();
+            }
+            catch (const std::exception&)
+            {
+                failure = std::current_exception();
+            }
+        })
+        .join();
+    if (failure)
+    {
+        std::rethrow_exception(failure);
+    }
+}
+
+void NetworkNamespace::Enter() const
+{
+    if (setns(descriptor.Number(), CLONE_NEWNET) != 0)
+    {
+        throw std::runtime_error("cannot enter the network namespace");
+    }
+}
+
+void NetworkNamespace::Run(const std::vector<std::string>& arguments) const
+{
+    std::vector<char*> words;
+    for (const std::string& argument : arguments)
+    {
+        words.push_back(const_cast<char*>(argument.c_str()));
+    }
+    words.push_back(nullptr);
+    const pid_t child = fork();
+    if (child == 0)
+    {
+        if (setns(descriptor.Number(), CLONE_NEWNET) == 0)
+        {
+            execvp(words[0], words.data());
+        }
+        _exit(127);
+    }
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) != child || status != 0)
+    {
+        std::string line = "failed:";
+        for (const std::string& argument : arguments)
+        {
+            line += " " + argument;
+        }
+        throw std::runtime_error(line);
+    }
+}
+
+void NetworkNamespace::Ip(const std::string& line) const
+{
+    std::vector<std::string> words{"ip"};
+    std::istringstream stream(line);
+    for (std::string word; stream >> word;)
+    {
+        words.push_back(word);
+    }
+    Run(words);
+}
+
+std::string NetworkNamespace::Path() const
+{
+    return "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(descriptor.Number());
+}
+
+void Connect(const NetworkNamespace& near, const std::string& nearName, const std::string& nearMac,
+             const NetworkNamespace& far, const std::string& farName)
+{
+    near.Ip("link add " + nearName + " address " + nearMac + " type veth peer name " + farName + " netns " +
+            far.Path());
+    near.Ip("link set " + nearName + " up");
+    far.Ip("link set " + farName + " up");
+}
+} // namespace Lan

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Lan
+{
+/// A file descriptor that closes itself.
+class Descriptor
+{
+public:
+    explicit Descriptor(int opened = -1) : number(opened) {}
+    Descriptor(Descriptor&& other) noexcept;
+    Descriptor& operator=(Descriptor&& other) noexcept;
+    ~Descriptor();
+
+    int Number() const
+    {
+        return number;
+    }
+
+private:
+    int number;
+};
+
+/// A network of its own with loopback up: one host of a test LAN. It ends with the object.
+class NetworkNamespace
+{
+public:
+    /// True where this process may make namespaces (as root); the tests are skipped elsewhere.
+    static bool Supported();
+
+    NetworkNamespace();
+
+    /// Runs action on a thread that lives in this namespace; sockets that it opens stay there.
+    void Within(const std::function<void()>& action) const;
+
+    /// Runs a program in this namespace and waits for it.
+    /// @throws std::runtime_error  it did not end with exit code 0
+    void Run(const std::vector<std::string>& arguments) const;
+
+    /// Runs "ip" with the words of line, which are parted by single blanks.
+    void Ip(const std::string& line) const;
+
+    /// Moves this (forked) process into the namespace.
+    void Enter() const;
+
+    /// A path by which other programs find this namespace while the object lives.
+    std::string Path() const;
+
+private:
+    Descriptor descriptor;
+};
+
+/// Lays a cable between two namespaces: an adapter with the given name at each end, up, the near one with a fixed
+/// hardware address.
+void Connect(const NetworkNamespace& near, const std::string& nearName, const std::string& nearMac,
+             const NetworkNamespace& far, const std::string& farName);
+} // namespace Lan
