@@ -1,0 +1,262 @@
+#pragma once
+
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/ArrayDeclaration.h>
+#include <Core/System/Collections/Generic/ElementTraits.h>
+#include <Core/System/Collections/Generic/IList.h>
+#include <Core/System/Collections/Generic/IndexEnumerator.h>
+#include <Core/System/IndexOutOfRangeException.h>
+#include <Core/System/InvalidOperationException.h>
+
+#include <algorithm>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace Tesmo::System
+{
+/// A fixed number of elements. What would change the number (Add, Clear, Insert, Remove, RemoveAt) gives
+/// InvalidOperationException.
+template <class T, int Rank>
+class Array : public Object, public Collections::Generic::IList<T>
+{
+    static_assert(Rank == 1, "arrays have one dimension");
+    static_assert(!std::same_as<T, bool>, "a vector of bool has no elements to refer to: use Boolean");
+
+public:
+    using Enumerator = Collections::Generic::IndexEnumerator<Array, T>;
+    using ReverseEnumerator = Collections::Generic::IndexEnumerator<Array, T, true>;
+
+    /// length elements of default value. Takes an int and nothing else, so that a character is an element.
+    /// @throws ArgumentOutOfRangeException  length is negative
+    template <std::same_as<int> Integer>
+    explicit Array(Integer length) : items(CheckedLength(length))
+    {
+    }
+
+    /// Copies length elements.
+    /// @throws ArgumentNullException        source is a null pointer
+    /// @throws ArgumentOutOfRangeException  length is negative
+    template <class U>
+    requires std::same_as<std::remove_const_t<U>, T> Array(U* source, int length)
+    {
+        if (source == nullptr)
+        {
+            throw ArgumentNullException(ThrowSite);
+        }
+        items.assign(source, source + CheckedLength(length));
+    }
+
+    explicit Array(const T& value) requires(!std::same_as<T, int>) : items{value} {}
+
+    /// Two to five elements.
+    template <class... U>
+    requires(sizeof...(U) >= 2 && sizeof...(U) <= 5 &&
+             (std::convertible_to<const U&, T> && ...)) explicit Array(const U&... values)
+        : items{static_cast<T>(values)...}
+    {
+    }
+
+    /// Takes the elements over.
+    explicit Array(std::vector<T> source) : items(std::move(source)) {}
+
+    Array(const Array&) = default;
+    Array(Array&&) noexcept = default;
+    Array& operator=(const Array& other)
+    {
+        items = other.items;
+        version++;
+        return *this;
+    }
+    Array& operator=(Array&& other) noexcept
+    {
+        items = std::move(other.items);
+        version++;
+        return *this;
+    }
+    ~Array() override = default;
+
+    int Length() const
+    {
+        return static_cast<int>(items.size());
+    }
+    int Count() const override
+    {
+        return Length();
+    }
+
+    /// @throws IndexOutOfRangeException  index is negative, or not below Length()
+    const T& operator[](int index) const override
+    {
+        return items[CheckedIndex(index)];
+    }
+    T& operator[](int index) override
+    {
+        return items[CheckedIndex(index)];
+    }
+
+    /// The elements in one piece; a null pointer may stand for no elements.
+    const T* Data() const
+    {
+        return items.data();
+    }
+    T* Data()
+    {
+        return items.data();
+    }
+    const T* begin() const
+    {
+        return items.data();
+    }
+    const T* end() const
+    {
+        return items.data() + items.size();
+    }
+    T* begin()
+    {
+        return items.data();
+    }
+    T* end()
+    {
+        return items.data() + items.size();
+    }
+
+    /// 0
+    /// @throws ArgumentOutOfRangeException  dimension is not 0
+    int GetLowerBound(int dimension) const
+    {
+        CheckDimension(dimension);
+        return 0;
+    }
+
+    /// The last index, -1 for an empty array.
+    /// @throws ArgumentOutOfRangeException  dimension is not 0
+    int GetUpperBound(int dimension) const
+    {
+        CheckDimension(dimension);
+        return Length() - 1;
+    }
+
+    bool IsReadOnly() const override
+    {
+        return false;
+    }
+    bool IsSynchronized() const override
+    {
+        return false;
+    }
+    bool IsFixedSize() const override
+    {
+        return true;
+    }
+    Object& SyncRoot() override
+    {
+        return *this;
+    }
+
+    bool Contains(const T& item) const override
+    {
+        return IndexOf(item) >= 0;
+    }
+    int IndexOf(const T& item) const override
+    {
+        return Find(item, 0, Length());
+    }
+
+    /// The first match among count elements from startIndex on, or -1; -1 for an empty array.
+    /// @throws ArgumentOutOfRangeException  the range does not lie in the array
+    int IndexOf(const T& item, int startIndex, int count) const
+    {
+        if (items.empty())
+        {
+            return -1;
+        }
+        if (startIndex < 0 || startIndex >= Length() || count < 0 || count > Length() - startIndex)
+        {
+            throw ArgumentOutOfRangeException(ThrowSite);
+        }
+        return Find(item, startIndex, count);
+    }
+
+    void CopyTo(Array<T>& array, int index) const override
+    {
+        Collections::Generic::Detail::CheckCopy(array, index, Length());
+        std::copy(begin(), end(), array.begin() + index);
+    }
+
+    Up<Collections::Generic::IEnumerator<T>> GetEnumerator() const override
+    {
+        return Up<Collections::Generic::IEnumerator<T>>(new Enumerator(*this));
+    }
+    Up<Collections::Generic::IEnumerator<T>> GetReverseEnumerator() const
+    {
+        return Up<Collections::Generic::IEnumerator<T>>(new ReverseEnumerator(*this));
+    }
+
+    void Add(const T&) override
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+    void Clear() override
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+    void Insert(int, const T&) override
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+    bool Remove(const T&) override
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+    void RemoveAt(int) override
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+
+private:
+    friend Enumerator;
+    friend ReverseEnumerator;
+
+    static std::size_t CheckedLength(int length)
+    {
+        if (length < 0)
+        {
+            throw ArgumentOutOfRangeException(ThrowSite);
+        }
+        return static_cast<std::size_t>(length);
+    }
+
+    static void CheckDimension(int dimension)
+    {
+        if (dimension != 0)
+        {
+            throw ArgumentOutOfRangeException(ThrowSite);
+        }
+    }
+
+    std::size_t CheckedIndex(int index) const
+    {
+        const auto position = static_cast<std::size_t>(index);
+        if (index < 0 || position >= items.size())
+        {
+            throw IndexOutOfRangeException(ThrowSite);
+        }
+        return position;
+    }
+
+    int Find(const T& item, int startIndex, int count) const
+    {
+        const auto equals = [&item](const T& element) { return Collections::Generic::Detail::AreEqual(element, item); };
+        const T* const last = begin() + startIndex + count;
+        const T* const found = std::find_if(begin() + startIndex, last, equals);
+        return found == last ? -1 : static_cast<int>(found - begin());
+    }
+
+    std::uint64_t version = 0;
+    std::vector<T> items;
+};
+} // namespace Tesmo::System

@@ -1,0 +1,102 @@
+#pragma once
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/ArrayDeclaration.h>
+#include <Core/System/Null.h>
+#include <Core/System/Object.h>
+#include <Core/System/String.h>
+#include <Core/System/Type.h>
+
+#include <concepts>
+#include <cstddef>
+#include <string>
+
+/// What the collections ask of their elements, which may be primitives, plain records, smart pointers or objects.
+namespace Tesmo::System::Collections::Generic::Detail
+{
+/// Equality by the operator ==, or by Equals where a class of the tree has none. A null reference equals nothing.
+template <class T>
+bool AreEqual(const T& left, const T& right)
+{
+    if (IsNull(left) || IsNull(right))
+    {
+        return false;
+    }
+    if constexpr (requires {
+                      {
+                          left == right
+                          } -> std::convertible_to<bool>;
+                  })
+    {
+        return left == right;
+    }
+    else
+    {
+        return left.Equals(right);
+    }
+}
+
+/// Hash of a key: GetHashCode, or an integer's own value.
+template <class K>
+struct KeyHash
+{
+    std::size_t operator()(const K& key) const
+    {
+        if constexpr (std::integral<K>)
+        {
+            return static_cast<std::size_t>(key);
+        }
+        else
+        {
+            return static_cast<std::size_t>(key.GetHashCode());
+        }
+    }
+};
+
+template <class K>
+struct KeyEqual
+{
+    bool operator()(const K& left, const K& right) const
+    {
+        return AreEqual(left, right);
+    }
+};
+
+/// The argument checks of every CopyTo that writes count elements.
+template <class T>
+void CheckCopy(const Array<T>& array, int index, int count)
+{
+    if (IsNull(array))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    if (index < 0)
+    {
+        throw ArgumentOutOfRangeException(ThrowSite);
+    }
+    if (count > array.Length() - index)
+    {
+        throw ArgumentException(ThrowSite);
+    }
+}
+
+/// An element as text: an object's own, a number's digits, or the name of the type.
+template <class T>
+String TextOf(const T& value)
+{
+    if constexpr (std::derived_from<T, Object>)
+    {
+        return value.ToString();
+    }
+    else if constexpr (std::integral<T> || std::floating_point<T>)
+    {
+        return String(std::to_string(value));
+    }
+    else
+    {
+        return Type(typeid(T)).ToString();
+    }
+}
+} // namespace Tesmo::System::Collections::Generic::Detail

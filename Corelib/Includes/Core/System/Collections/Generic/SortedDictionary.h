@@ -1,0 +1,64 @@
+#pragma once
+
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Collections/Generic/Comparer.h>
+#include <Core/System/Collections/Generic/DictionaryBase.h>
+#include <Core/System/Sp.h>
+
+#include <map>
+
+namespace Tesmo::System::Collections::Generic
+{
+/// The order of a map, as a comparer says.
+template <class K>
+class MapComparer
+{
+public:
+    explicit MapComparer(const Sp<IComparer<K>>& order) : comparer(order) {}
+
+    bool operator()(const K& left, const K& right) const
+    {
+        return comparer->Compare(left, right) < 0;
+    }
+
+private:
+    Sp<IComparer<K>> comparer;
+};
+
+/// Values found by their keys and walked in the order of a comparer. Not safe for concurrent use.
+template <class K, class V>
+class SortedDictionary : public DictionaryBase<std::map<K, V, MapComparer<K>>, K, V>
+{
+    using Map = std::map<K, V, MapComparer<K>>;
+
+public:
+    /// In the order that the keys bring along.
+    SortedDictionary() : SortedDictionary(Comparer<K>::Default()) {}
+
+    /// @throws ArgumentNullException  comparer is null or empty
+    explicit SortedDictionary(const Sp<IComparer<K>>& comparer)
+        : DictionaryBase<Map, K, V>(Map(MapComparer<K>(Checked(comparer))))
+    {
+    }
+
+    /// @throws ArgumentNullException  source is null
+    explicit SortedDictionary(const IDictionary<K, V>& source) : SortedDictionary()
+    {
+        this->AddAll(source);
+    }
+
+    SortedDictionary(const SortedDictionary&) = default;
+    SortedDictionary& operator=(const SortedDictionary&) = default;
+    ~SortedDictionary() override = default;
+
+private:
+    static const Sp<IComparer<K>>& Checked(const Sp<IComparer<K>>& comparer)
+    {
+        if (IsNull(comparer) || comparer == null)
+        {
+            throw ArgumentNullException(ThrowSite);
+        }
+        return comparer;
+    }
+};
+} // namespace Tesmo::System::Collections::Generic
