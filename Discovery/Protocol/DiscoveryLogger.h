@@ -1,0 +1,44 @@
+#pragma once
+
+#include <Core/LogStream/ILogStream.h>
+#include <Core/System/Exception.h>
+#include <Core/System/Sp.h>
+#include <Core/System/String.h>
+
+namespace Zelkor::Discovery
+{
+/// Owner of the process's one log stream; all code of the program writes to it. It takes no lock: the stream is
+/// installed before there are other threads, and from then on only read.
+class DiscoveryLogger
+{
+public:
+    /// The one object of the process.
+    static DiscoveryLogger& Instance();
+
+    DiscoveryLogger(const DiscoveryLogger&) = delete;
+    DiscoveryLogger& operator=(const DiscoveryLogger&) = delete;
+
+    /// Installs a stream.
+    void SetStream(const Tesmo::Sp<Tesmo::System::LogStreams::ILogStream>& newStream);
+
+    /// True while a stream is installed.
+    bool IsOpen() const;
+
+    /// One row, or nothing while no stream is installed.
+    void Write(const Tesmo::System::LogStreams::LogStreamChannel& channel, const Tesmo::System::String& message,
+               Tesmo::System::LogStreams::LogStreamLevel level);
+
+    /// Two rows at Critical about a caught exception, or nothing while no stream is installed.
+    void Write(const Tesmo::System::LogStreams::LogStreamChannel& channel, const Tesmo::System::String& message,
+               const Tesmo::System::Exception& exception);
+
+    /// Closes the stream and drops it.
+    /// @throws std::exception  no stream is installed
+    void Close();
+
+private:
+    DiscoveryLogger() = default;
+
+    Tesmo::Sp<Tesmo::System::LogStreams::ILogStream> stream;
+};
+} // namespace Zelkor::Discovery
