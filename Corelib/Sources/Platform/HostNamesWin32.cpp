@@ -1,0 +1,31 @@
+#include "Platform/HostEntryCopy.h"
+#include "Platform/WinsockWin32.h"
+
+#include <ws2tcpip.h>
+
+namespace Tesmo::Platform
+{
+bool FindHostByName(const std::string& name, HostEntry& entry)
+{
+    return CopyHostEntry(::gethostbyname(name.c_str()), entry);
+}
+
+bool FindHostByAddress(const std::vector<unsigned char>& address, HostEntry& entry)
+{
+    const int family = address.size() == 4 ? AF_INET : AF_INET6;
+    return CopyHostEntry(
+        ::gethostbyaddr(reinterpret_cast<const char*>(address.data()), static_cast<int>(address.size()), family),
+        entry);
+}
+
+int ReadOwnHostName(std::string& name)
+{
+    char text[HostNameSize] = {};
+    if (::gethostname(text, sizeof(text) - 1) != 0)
+    {
+        return WSAGetLastError();
+    }
+    name = text;
+    return 0;
+}
+} // namespace Tesmo::Platform

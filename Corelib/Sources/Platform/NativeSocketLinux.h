@@ -1,0 +1,144 @@
+#pragma once
+
+#include "Platform/SocketState.h"
+#include "Platform/Sockets.h"
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+
+namespace Tesmo::Platform
+{
+/// A socket of Linux behind the handle: see Sockets.h for the contract.
+struct NativeSocket
+{
+    NativeSocket(int openDescriptor, int nativeFamily, bool isDatagram)
+        : descriptor(openDescriptor),
+          family(nativeFamily),
+          datagram(isDatagram)
+    {
+    }
+
+    const int descriptor;
+    const int family; ///< of Linux
+    const bool datagram;
+    std::atomic<bool> blocking = true;
+    /// A report of a closed port that a send came upon; the next receive tells it.
+    std::atomic<bool> portUnreachable = false;
+    SocketState state;
+};
+
+/// Ends a call; the last one out releases the descriptor of a closed socket.
+inline void LeaveSocket(NativeSocket& socket)
+{
+    if (socket.state.Leave())
+    {
+        ::close(socket.descriptor);
+    }
+}
+
+/// Stands for one call under way.
+class Call
+{
+public:
+    explicit Call(NativeSocket& used) : socket(used), entered(used.state.Enter()) {}
+
+    ~Call()
+    {
+        if (entered)
+        {
+            LeaveSocket(socket);
+        }
+    }
+
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    bool Refused() const
+    {
+        return !entered;
+    }
+
+    /// The number with which the end of the socket ends this call, 0 while the direction is open.
+    int End(int direction) const
+    {
+        return socket.state.IsClosed() ? SocketInterrupted : socket.state.IsShutDown(direction) ? SocketShutDown : 0;
+    }
+
+private:
+    NativeSocket& socket;
+    const bool entered;
+};
+
+/// A raw address of Windows as Linux wants it; only the number of the IPv6 family differs.
+class NativeAddress
+{
+public:
+    NativeAddress() = default;
+
+    /// @param address  may be a null pointer: the address is then empty
+    NativeAddress(const unsigned char* address, int addressSize)
+        : length(address == nullptr ? 0 : static_cast<socklen_t>(addressSize))
+    {
+        if (IsUsable() && address != nullptr)
+        {
+            std::memcpy(&storage, address, length);
+            const int number = address[0] | address[1] << 8;
+            storage.ss_family = static_cast<sa_family_t>(number == FamilyInterNetworkV6 ? AF_INET6 : number);
+        }
+    }
+
+    bool IsUsable() const
+    {
+        return length == 0 || (length >= sizeof(sa_family_t) && length <= sizeof(storage));
+    }
+
+    const sockaddr* Get() const
+    {
+        return length == 0 ? nullptr : reinterpret_cast<const sockaddr*>(&storage);
+    }
+
+    /// Room for the kernel to fill in, whose size stands in length.
+    sockaddr* Receiver()
+    {
+        length = sizeof(storage);
+        return reinterpret_cast<sockaddr*>(&storage);
+    }
+
+    void Give(unsigned char (&address)[SocketAddressSize], int& addressSize) const
+    {
+        addressSize = static_cast<int>(std::min<std::size_t>(length, SocketAddressSize));
+        std::memcpy(address, &storage, static_cast<std::size_t>(addressSize));
+        if (addressSize >= 2)
+        {
+            const int number = storage.ss_family == AF_INET6 ? FamilyInterNetworkV6 : storage.ss_family;
+            address[0] = static_cast<unsigned char>(number);
+            address[1] = static_cast<unsigned char>(number >> 8);
+        }
+    }
+
+    bool IsLimitedBroadcast() const
+    {
+        return storage.ss_family == AF_INET && IPv4() == INADDR_BROADCAST;
+    }
+
+    bool IsAnyIPv4() const
+    {
+        return storage.ss_family == AF_INET && IPv4() == INADDR_ANY;
+    }
+
+    socklen_t length = 0;
+
+private:
+    in_addr_t IPv4() const
+    {
+        return reinterpret_cast<const sockaddr_in*>(&storage)->sin_addr.s_addr;
+    }
+
+    sockaddr_storage storage = {};
+};
+} // namespace Tesmo::Platform

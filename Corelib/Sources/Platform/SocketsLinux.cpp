@@ -1,0 +1,272 @@
+#include "Platform/Sockets.h"
+
+#include "Platform/NativeSocketLinux.h"
+#include "Platform/SocketErrorsLinux.h"
+
+#include <poll.h>
+#include <sys/ioctl.h>
+
+#include <cerrno>
+#include <chrono>
+#include <deque>
+#include <vector>
+
+namespace Tesmo::Platform
+{
+namespace
+{
+int ResultOf(int outcome)
+{
+    return outcome < 0 ? SocketErrorOf(errno) : 0;
+}
+
+/// Finishes a connect that a signal broke off: it goes on by itself, and asking again would fail.
+int AwaitConnection(const NativeSocket& socket)
+{
+    pollfd wait = {socket.descriptor, POLLOUT, 0};
+    while (::poll(&wait, 1, -1) < 0)
+    {
+        if (errno != EINTR)
+        {
+            return errno;
+        }
+    }
+    int error = 0;
+    socklen_t length = sizeof(error);
+    return ::getsockopt(socket.descriptor, SOL_SOCKET, SO_ERROR, &error, &length) == 0 ? error : errno;
+}
+
+/// Gives a new socket the behaviour that the contract takes for granted.
+void Prepare(const NativeSocket& socket)
+{
+    const int on = 1;
+    if (socket.family == AF_INET && socket.datagram)
+    {
+        ::setsockopt(socket.descriptor, IPPROTO_IP, IP_RECVERR, &on, sizeof(on));
+    }
+    if (socket.family == AF_INET6)
+    {
+        ::setsockopt(socket.descriptor, IPPROTO_IPV6, IPV6_V6ONLY, &on, sizeof(on)); // the default of Windows
+        if (socket.datagram)
+        {
+            ::setsockopt(socket.descriptor, IPPROTO_IPV6, IPV6_RECVERR, &on, sizeof(on));
+        }
+    }
+}
+
+/// Polls until something is found or the time is over; a signal does not end the wait.
+int Await(std::vector<pollfd>& waits, int microseconds)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::microseconds(microseconds);
+    for (;;)
+    {
+        const auto left = std::max(end - Clock::now(), Clock::duration::zero());
+        const timespec limit = {static_cast<time_t>(left / std::chrono::seconds(1)),
+                                static_cast<long>((left % std::chrono::seconds(1)).count())};
+        if (::ppoll(waits.data(), waits.size(), microseconds < 0 ? nullptr : &limit, nullptr) >= 0)
+        {
+            return 0;
+        }
+        if (errno != EINTR)
+        {
+            return SocketErrorOf(errno);
+        }
+    }
+}
+} // namespace
+
+int OpenSocket(int family, int type, int protocol, NativeSocket*& socket)
+{
+    const int nativeFamily = family == FamilyInterNetworkV6 ? AF_INET6 : family;
+    const int descriptor = ::socket(nativeFamily, type | SOCK_CLOEXEC, protocol);
+    if (descriptor < 0)
+    {
+        return SocketErrorOf(errno);
+    }
+    socket = new NativeSocket(descriptor, nativeFamily, type == TypeDatagram);
+    Prepare(*socket);
+    return 0;
+}
+
+void FreeSocket(NativeSocket* socket)
+{
+    if (socket != nullptr)
+    {
+        CloseSocket(*socket);
+        delete socket;
+    }
+}
+
+void CloseSocket(NativeSocket& socket)
+{
+    if (!socket.state.EnterAndClose())
+    {
+        return;
+    }
+    if (!socket.state.IsLast())
+    {
+        ::shutdown(socket.descriptor, SHUT_RDWR); // close alone wakes nobody
+    }
+    LeaveSocket(socket);
+}
+
+bool IsSocketClosed(const NativeSocket& socket)
+{
+    return socket.state.IsClosed();
+}
+
+int ShutdownSocket(NativeSocket& socket, int how)
+{
+    const Call call(socket);
+    const int directions = DirectionsOf(how);
+    if (call.Refused() || directions == 0)
+    {
+        return call.Refused() ? SocketNotSocket : SocketInvalidArgument;
+    }
+    const int before = socket.state.ShutDown(directions); // noted first: whoever is woken must find it
+    const int outcome = ::shutdown(socket.descriptor, how);
+    if (outcome == 0 ||
+        (errno == ENOTCONN && socket.datagram)) // said of a datagram socket that is shut down all the same
+    {
+        return 0;
+    }
+    const int code = SocketErrorOf(errno);
+    socket.state.Reopen(directions & ~before);
+    return code;
+}
+
+int BindSocket(NativeSocket& socket, const unsigned char* address, int addressSize)
+{
+    const Call call(socket);
+    const NativeAddress local(address, addressSize);
+    if (call.Refused() || !local.IsUsable())
+    {
+        return call.Refused() ? SocketNotSocket : SocketFault;
+    }
+    return ResultOf(::bind(socket.descriptor, local.Get(), local.length));
+}
+
+int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addressSize)
+{
+    const Call call(socket);
+    const NativeAddress peer(address, addressSize);
+    if (call.Refused() || !peer.IsUsable())
+    {
+        return call.Refused() ? SocketNotSocket : SocketFault;
+    }
+    int error = ::connect(socket.descriptor, peer.Get(), peer.length) == 0 ? 0 : errno;
+    if (error == EINTR)
+    {
+        error = AwaitConnection(socket);
+    }
+    if (error == 0)
+    {
+        return 0;
+    }
+    if (const int end = call.End(SendingDirection); end != 0)
+    {
+        return end;
+    }
+    return error == EINPROGRESS                        ? SocketWouldBlock
+           : error == ECONNREFUSED && !socket.datagram ? SocketConnectionRefused
+                                                       : SocketErrorOf(error);
+}
+
+int ListenSocket(NativeSocket& socket, int backlog)
+{
+    const Call call(socket);
+    return call.Refused() ? SocketNotSocket : ResultOf(::listen(socket.descriptor, backlog));
+}
+
+int AcceptSocket(NativeSocket& socket, NativeSocket*& accepted, unsigned char (&address)[SocketAddressSize],
+                 int& addressSize)
+{
+    const Call call(socket);
+    if (call.Refused())
+    {
+        return SocketNotSocket;
+    }
+    NativeAddress peer;
+    int descriptor = -1;
+    int error = EINTR;
+    while (descriptor < 0 && error == EINTR && call.End(ReceivingDirection) == 0)
+    {
+        descriptor = ::accept4(socket.descriptor, peer.Receiver(), &peer.length, SOCK_CLOEXEC);
+        error = errno;
+    }
+    if (descriptor < 0)
+    {
+        const int end = call.End(ReceivingDirection);
+        return end != 0 ? end : SocketErrorOf(error);
+    }
+    accepted = new NativeSocket(descriptor, socket.family, false);
+    peer.Give(address, addressSize);
+    return 0;
+}
+
+int SetSocketBlocking(NativeSocket& socket, bool blocking)
+{
+    const Call call(socket);
+    if (call.Refused())
+    {
+        return SocketNotSocket;
+    }
+    int nonBlocking = blocking ? 0 : 1;
+    const int code = ResultOf(::ioctl(socket.descriptor, FIONBIO, &nonBlocking));
+    if (code == 0)
+    {
+        socket.blocking = blocking;
+    }
+    return code;
+}
+
+int GetSocketAvailable(NativeSocket& socket, int& bytes)
+{
+    const Call call(socket);
+    return call.Refused() ? SocketNotSocket : ResultOf(::ioctl(socket.descriptor, FIONREAD, &bytes));
+}
+
+int GetSocketAddress(NativeSocket& socket, unsigned char (&address)[SocketAddressSize], int& addressSize)
+{
+    const Call call(socket);
+    if (call.Refused())
+    {
+        return SocketNotSocket;
+    }
+    NativeAddress bound;
+    const int code = ResultOf(::getsockname(socket.descriptor, bound.Receiver(), &bound.length));
+    if (code == 0)
+    {
+        bound.Give(address, addressSize);
+    }
+    return code;
+}
+
+int SelectSockets(SelectEntry* entries, int count, int microseconds)
+{
+    std::deque<Call> calls;
+    std::vector<pollfd> waits;
+    for (SelectEntry* entry = entries; entry != entries + count; ++entry)
+    {
+        if (calls.emplace_back(*entry->socket).Refused())
+        {
+            return SocketNotSocket;
+        }
+        const int events = (entry->read ? POLLIN : 0) | (entry->write ? POLLOUT : 0) | (entry->error ? POLLPRI : 0);
+        waits.push_back({entry->socket->descriptor, static_cast<short>(events), 0});
+    }
+    if (const int code = Await(waits, microseconds); code != 0)
+    {
+        return code;
+    }
+    for (int i = 0; i < count; ++i)
+    {
+        const int found = waits[static_cast<std::size_t>(i)].revents;
+        entries[i].read = entries[i].read && (found & (POLLIN | POLLHUP | POLLERR)) != 0;
+        entries[i].write = entries[i].write && (found & (POLLOUT | POLLERR)) != 0;
+        entries[i].error = entries[i].error && (found & (POLLPRI | POLLERR)) != 0;
+    }
+    return 0;
+}
+} // namespace Tesmo::Platform

@@ -1,0 +1,327 @@
+#include "Platform/Sockets.h"
+
+#include "Platform/SocketState.h"
+#include "Platform/WinsockWin32.h"
+
+#include <ws2tcpip.h>
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cstring>
+#include <deque>
+
+namespace Tesmo::Platform
+{
+struct NativeSocket
+{
+    NativeSocket(SOCKET openHandle, bool isDatagram) : handle(openHandle), datagram(isDatagram) {}
+
+    const SOCKET handle;
+    const bool datagram;
+    SocketState state;
+};
+
+namespace
+{
+void LeaveSocket(NativeSocket& socket)
+{
+    if (socket.state.Leave())
+    {
+        ::closesocket(socket.handle);
+    }
+}
+
+/// Stands for one call under way.
+class Call
+{
+public:
+    explicit Call(NativeSocket& used) : socket(used), entered(used.state.Enter()) {}
+
+    ~Call()
+    {
+        if (entered)
+        {
+            LeaveSocket(socket);
+        }
+    }
+
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
+
+    bool Refused() const
+    {
+        return !entered;
+    }
+
+    /// The number with which the end of the socket ends this call, 0 while the direction is open.
+    int End(int direction) const
+    {
+        return socket.state.IsClosed() ? SocketInterrupted : socket.state.IsShutDown(direction) ? SocketShutDown : 0;
+    }
+
+    /// 0 for an outcome that is no failure, else the number that tells why.
+    int Result(int outcome, int direction) const
+    {
+        const int error = outcome == SOCKET_ERROR ? WSAGetLastError() : 0;
+        const int end = error == 0 ? 0 : End(direction);
+        return end != 0 ? end : error;
+    }
+
+private:
+    NativeSocket& socket;
+    const bool entered;
+};
+
+int ResultOf(int outcome)
+{
+    return outcome == SOCKET_ERROR ? WSAGetLastError() : 0;
+}
+
+/// Ends the calls that wait in the socket; those that begin afterwards meet the shut-down.
+void WakeCalls(const NativeSocket& socket)
+{
+    CancelIoEx(reinterpret_cast<HANDLE>(socket.handle), nullptr);
+}
+
+const sockaddr* AddressOf(const unsigned char* address)
+{
+    return reinterpret_cast<const sockaddr*>(address);
+}
+
+/// The sets of a select call, which Windows holds as lists of handles.
+struct SelectSets
+{
+    fd_set read = {};
+    fd_set write = {};
+    fd_set error = {};
+};
+
+bool Contains(const fd_set& set, SOCKET handle)
+{
+    return std::find(set.fd_array, set.fd_array + set.fd_count, handle) != set.fd_array + set.fd_count;
+}
+
+void Insert(fd_set& set, SOCKET handle, bool wanted)
+{
+    if (wanted && !Contains(set, handle))
+    {
+        set.fd_array[set.fd_count++] = handle;
+    }
+}
+} // namespace
+
+int OpenSocket(int family, int type, int protocol, NativeSocket*& socket)
+{
+    const SOCKET handle = WSASocketW(family, type, protocol, nullptr, 0, WSA_FLAG_OVERLAPPED);
+    if (handle == INVALID_SOCKET)
+    {
+        return WSAGetLastError();
+    }
+    SetHandleInformation(reinterpret_cast<HANDLE>(handle), HANDLE_FLAG_INHERIT, 0);
+    socket = new NativeSocket(handle, type == TypeDatagram);
+    return 0;
+}
+
+void FreeSocket(NativeSocket* socket)
+{
+    if (socket != nullptr)
+    {
+        CloseSocket(*socket);
+        delete socket;
+    }
+}
+
+void CloseSocket(NativeSocket& socket)
+{
+    if (!socket.state.EnterAndClose())
+    {
+        return;
+    }
+    if (!socket.state.IsLast())
+    {
+        ::shutdown(socket.handle, SD_BOTH);
+        WakeCalls(socket);
+    }
+    LeaveSocket(socket);
+}
+
+bool IsSocketClosed(const NativeSocket& socket)
+{
+    return socket.state.IsClosed();
+}
+
+int ShutdownSocket(NativeSocket& socket, int how)
+{
+    const Call call(socket);
+    const int directions = DirectionsOf(how);
+    if (call.Refused() || directions == 0)
+    {
+        return call.Refused() ? SocketNotSocket : SocketInvalidArgument;
+    }
+    const int before = socket.state.ShutDown(directions); // noted first: whoever is woken must find it
+    const int code = ResultOf(::shutdown(socket.handle, how));
+    if (code != 0 && !(code == SocketNotConnected && socket.datagram))
+    {
+        socket.state.Reopen(directions & ~before);
+        return code;
+    }
+    if ((directions & ReceivingDirection) != 0)
+    {
+        WakeCalls(socket);
+    }
+    return 0;
+}
+
+int BindSocket(NativeSocket& socket, const unsigned char* address, int addressSize)
+{
+    const Call call(socket);
+    return call.Refused() ? SocketNotSocket : ResultOf(::bind(socket.handle, AddressOf(address), addressSize));
+}
+
+int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addressSize)
+{
+    const Call call(socket);
+    return call.Refused() ? SocketNotSocket
+                          : call.Result(::connect(socket.handle, AddressOf(address), addressSize), SendingDirection);
+}
+
+int ListenSocket(NativeSocket& socket, int backlog)
+{
+    const Call call(socket);
+    return call.Refused() ? SocketNotSocket : ResultOf(::listen(socket.handle, backlog));
+}
+
+int AcceptSocket(NativeSocket& socket, NativeSocket*& accepted, unsigned char (&address)[SocketAddressSize],
+                 int& addressSize)
+{
+    const Call call(socket);
+    if (call.Refused())
+    {
+        return SocketNotSocket;
+    }
+    addressSize = SocketAddressSize;
+    const SOCKET handle = ::accept(socket.handle, reinterpret_cast<sockaddr*>(address), &addressSize);
+    if (handle == INVALID_SOCKET)
+    {
+        return call.Result(SOCKET_ERROR, ReceivingDirection);
+    }
+    accepted = new NativeSocket(handle, false);
+    return 0;
+}
+
+int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int flags, const unsigned char* address,
+               int addressSize, int& sent)
+{
+    const Call call(socket);
+    if (call.Refused() || (flags & ~(MSG_OOB | MSG_DONTROUTE)) != 0)
+    {
+        return call.Refused() ? SocketNotSocket : SocketNotSupported;
+    }
+    const char* const bytes = reinterpret_cast<const char*>(data);
+    sent = address == nullptr ? ::send(socket.handle, bytes, size, flags)
+                              : ::sendto(socket.handle, bytes, size, flags, AddressOf(address), addressSize);
+    return call.Result(sent, SendingDirection);
+}
+
+int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int flags,
+                  unsigned char (&address)[SocketAddressSize], int& addressSize, int& received)
+{
+    const Call call(socket);
+    if (call.Refused() || (flags & ~(MSG_OOB | MSG_PEEK)) != 0)
+    {
+        return call.Refused() ? SocketNotSocket : SocketNotSupported;
+    }
+    if (const int end = call.End(ReceivingDirection); end != 0)
+    {
+        return end;
+    }
+    addressSize = SocketAddressSize;
+    received = ::recvfrom(socket.handle, reinterpret_cast<char*>(buffer), size, flags,
+                          reinterpret_cast<sockaddr*>(address), &addressSize);
+    if (const int end = call.End(ReceivingDirection); end != 0)
+    {
+        return end;
+    }
+    if (received != SOCKET_ERROR && !socket.datagram)
+    {
+        addressSize = 0;
+    }
+    return ResultOf(received);
+}
+
+int SetSocketOption(NativeSocket& socket, int level, int name, const void* value, int size)
+{
+    const Call call(socket);
+    return call.Refused() ? SocketNotSocket
+                          : ResultOf(::setsockopt(socket.handle, level, name, static_cast<const char*>(value), size));
+}
+
+int GetSocketOption(NativeSocket& socket, int level, int name, void* value, int& size)
+{
+    const Call call(socket);
+    return call.Refused() ? SocketNotSocket
+                          : ResultOf(::getsockopt(socket.handle, level, name, static_cast<char*>(value), &size));
+}
+
+int SetSocketBlocking(NativeSocket& socket, bool blocking)
+{
+    const Call call(socket);
+    u_long nonBlocking = blocking ? 0 : 1;
+    return call.Refused() ? SocketNotSocket
+                          : ResultOf(::ioctlsocket(socket.handle, static_cast<long>(FIONBIO), &nonBlocking));
+}
+
+int GetSocketAvailable(NativeSocket& socket, int& bytes)
+{
+    const Call call(socket);
+    if (call.Refused())
+    {
+        return SocketNotSocket;
+    }
+    u_long available = 0;
+    const int code = ResultOf(::ioctlsocket(socket.handle, static_cast<long>(FIONREAD), &available));
+    bytes = static_cast<int>(available);
+    return code;
+}
+
+int GetSocketAddress(NativeSocket& socket, unsigned char (&address)[SocketAddressSize], int& addressSize)
+{
+    const Call call(socket);
+    if (call.Refused())
+    {
+        return SocketNotSocket;
+    }
+    addressSize = SocketAddressSize;
+    return ResultOf(::getsockname(socket.handle, reinterpret_cast<sockaddr*>(address), &addressSize));
+}
+
+int SelectSockets(SelectEntry* entries, int count, int microseconds)
+{
+    if (count > FD_SETSIZE)
+    {
+        return SocketInvalidArgument;
+    }
+    std::deque<Call> calls;
+    SelectSets sets;
+    for (SelectEntry* entry = entries; entry != entries + count; ++entry)
+    {
+        if (calls.emplace_back(*entry->socket).Refused())
+        {
+            return SocketNotSocket;
+        }
+        Insert(sets.read, entry->socket->handle, entry->read);
+        Insert(sets.write, entry->socket->handle, entry->write);
+        Insert(sets.error, entry->socket->handle, entry->error);
+    }
+    timeval limit = {microseconds / 1000000, microseconds % 1000000};
+    const int code = ResultOf(::select(0, &sets.read, &sets.write, &sets.error, microseconds < 0 ? nullptr : &limit));
+    for (SelectEntry* entry = entries; code == 0 && entry != entries + count; ++entry)
+    {
+        entry->read = Contains(sets.read, entry->socket->handle);
+        entry->write = Contains(sets.write, entry->socket->handle);
+        entry->error = Contains(sets.error, entry->socket->handle);
+    }
+    return code;
+}
+} // namespace Tesmo::Platform

@@ -1,0 +1,180 @@
+#include "NativeTestSocket.h"
+
+#include <pthread.h>
+#include <sched.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+#include <future>
+#include <memory>
+#include <thread>
+
+namespace Tesmo::Platform
+{
+namespace
+{
+using namespace std::chrono_literals;
+
+constexpr auto limit = 20s;
+
+std::atomic<int> signals = 0;
+
+void CountSignal(int)
+{
+    ++signals;
+}
+
+/// An address of this host on which nobody listens.
+void MakeClosedPort(NativeTestSocket::Address& address)
+{
+    const NativeTestSocket gone;
+    std::copy(std::begin(gone.local), std::end(gone.local), std::begin(address));
+}
+
+/// Runs work in a network namespace of its own, made ready by shell commands.
+/// @returns false when the host refuses
+bool RunIsolated(const std::string& commands, const std::function<void()>& work)
+{
+    bool isolated = false;
+    std::jthread(
+        [&]
+        {
+            isolated = ::unshare(CLONE_NEWNET) == 0 && std::system((commands + " >&2").c_str()) == 0;
+            if (isolated)
+            {
+                work();
+            }
+        })
+        .join();
+    return isolated;
+}
+
+/// Announces from a socket bound to no address, where there is no route, and expects the sender's address.
+void ExpectBroadcastFrom(const unsigned char (&expected)[4])
+{
+    NativeTestSocket listener(0);
+    NativeTestSocket sender(0);
+    NativeTestSocket::Address target = {2, 0, listener.local[2], listener.local[3], 255, 255, 255, 255};
+    ASSERT_EQ(0, listener.SetOption(4102, 10000)); // milliseconds
+    ASSERT_EQ(SocketAccessDenied, sender.SendTo(target, "not allowed yet"));
+    ASSERT_EQ(0, sender.SetOption(32, -1));
+
+    ASSERT_EQ(0, sender.SendTo(target, "announcement"));
+
+    ASSERT_EQ(0, listener.Receive());
+    EXPECT_EQ("announcement", listener.text);
+    EXPECT_TRUE(std::equal(std::begin(expected), std::end(expected), listener.sender + 4));
+}
+} // namespace
+
+TEST(NativeSocketsLinuxTests, AClosedPortIsToldOnceOnALaterReceiveAndCostsNoSend)
+{
+    NativeTestSocket one;
+    NativeTestSocket two;
+    NativeTestSocket::Address closed;
+    MakeClosedPort(closed);
+
+    ASSERT_EQ(0, one.SendTo(closed, "nobody there"));
+    ASSERT_EQ(0, one.SendTo(two.local, "must not be lost"));
+
+    ASSERT_EQ(0, two.Receive());
+    EXPECT_EQ("must not be lost", two.text);
+    ASSERT_EQ(0, two.SendTo(one.local, "answer"));
+    EXPECT_EQ(SocketConnectionReset, one.Receive());
+    EXPECT_EQ(0, one.Receive());
+    EXPECT_EQ("answer", one.text);
+}
+
+TEST(NativeSocketsLinuxTests, AClosedPortWakesAReceiverThatIsBlocked)
+{
+    NativeTestSocket one;
+    NativeTestSocket::Address closed;
+    MakeClosedPort(closed);
+    auto receive = std::async(std::launch::async, [&] { return one.Receive(); });
+
+    int attempts = 0;
+    while (receive.wait_for(1ms) != std::future_status::ready && ++attempts < 1000)
+    {
+        ASSERT_EQ(0, one.SendTo(closed, "nobody there"));
+    }
+
+    ASSERT_LT(attempts, 1000);
+    EXPECT_EQ(SocketConnectionReset, receive.get());
+}
+
+TEST(NativeSocketsLinuxTests, HundredsOfClosedPortsDoNotDeafenTheSocket)
+{
+    NativeTestSocket one;
+    NativeTestSocket two;
+    NativeTestSocket::Address closed;
+    MakeClosedPort(closed);
+    ASSERT_EQ(0, one.SetOption(4098, 65536));
+    for (int i = 0; i < 1000; ++i)
+    {
+        ASSERT_EQ(0, one.SendTo(closed, "nobody there"));
+    }
+
+    ASSERT_EQ(0, two.SendTo(one.local, "still heard"));
+
+    int told = 0;
+    int code = SocketConnectionReset;
+    for (; code == SocketConnectionReset && told < 1000; ++told)
+    {
+        code = one.Receive();
+    }
+    EXPECT_GT(told, 1);
+    EXPECT_EQ(0, code);
+    EXPECT_EQ("still heard", one.text);
+}
+
+TEST(NativeSocketsLinuxTests, ASignalDoesNotEndAReceive)
+{
+    struct sigaction counting = {};
+    counting.sa_handler = CountSignal; // without SA_RESTART: a system call that blocks fails with EINTR
+    struct sigaction before = {};
+    ASSERT_EQ(0, ::sigaction(SIGUSR1, &counting, &before));
+    NativeTestSocket one;
+    NativeTestSocket two;
+    std::promise<pthread_t> started;
+    auto receive = std::async(std::launch::async,
+                              [&]
+                              {
+                                  started.set_value(::pthread_self());
+                                  return one.Receive();
+                              });
+    const pthread_t thread = started.get_future().get();
+
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (signals < 20 && std::chrono::steady_clock::now() < end)
+    {
+        ASSERT_EQ(0, ::pthread_kill(thread, SIGUSR1));
+        std::this_thread::yield();
+    }
+    EXPECT_GE(signals, 20);
+    ASSERT_EQ(0, two.SendTo(one.local, "after the signals"));
+
+    ASSERT_EQ(std::future_status::ready, receive.wait_for(limit));
+    EXPECT_EQ(0, receive.get());
+    EXPECT_EQ("after the signals", one.text);
+    ::sigaction(SIGUSR1, &before, nullptr);
+}
+
+TEST(NativeSocketsLinuxTests, ABroadcastLeavesAHostWithoutADefaultRoute)
+{
+    const bool isolated = RunIsolated("ip link set lo up && ip link add lan1 type veth peer name lan2 && "
+                                      "ip link set lan2 up && "
+                                      "ip address add 10.77.0.5/24 dev lan1 && ip link set lan1 up",
+                                      [] {
+                                          ExpectBroadcastFrom({10, 77, 0, 5});
+                                      });
+    if (!isolated)
+    {
+        GTEST_SKIP() << "no network namespace of our own is to be had";
+    }
+    EXPECT_TRUE(RunIsolated("ip link set lo up", [] { ExpectBroadcastFrom({127, 0, 0, 1}); }));
+}
+} // namespace Tesmo::Platform

@@ -1,0 +1,217 @@
+#include "NativeTestSocket.h"
+
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <latch>
+#include <memory>
+#include <thread>
+
+namespace Tesmo::Platform
+{
+namespace
+{
+using namespace std::chrono_literals;
+
+constexpr auto limit = 20s;
+
+/// Receives on a thread of its own while end runs on this one, and gives the code that the receive ended with.
+template <class End>
+int CodeOfReceiveEndedBy(NativeTestSocket& socket, End end)
+{
+    std::latch together(2);
+    auto receive = std::async(std::launch::async,
+                              [&]
+                              {
+                                  together.arrive_and_wait();
+                                  return socket.Receive();
+                              });
+    together.arrive_and_wait();
+    end();
+    if (receive.wait_for(limit) != std::future_status::ready)
+    {
+        ADD_FAILURE() << "the receive is stuck";
+        socket.SendTo(socket.local, "wake up");
+    }
+    return receive.get();
+}
+} // namespace
+
+TEST(NativeSocketsTests, ShutdownAndCloseWakeABlockedReceive)
+{
+    for (int round = 0; round < 500; ++round)
+    {
+        NativeTestSocket one;
+        ASSERT_EQ(SocketShutDown, CodeOfReceiveEndedBy(one, [&] { EXPECT_EQ(0, ShutdownSocket(*one.socket, 2)); }));
+        ASSERT_EQ(SocketShutDown, one.Receive());
+        ASSERT_EQ(SocketShutDown, one.SendTo(one.local, "late"));
+
+        NativeTestSocket two;
+        const int code = CodeOfReceiveEndedBy(two, [&] { CloseSocket(*two.socket); });
+        ASSERT_TRUE(code == SocketInterrupted || code == SocketNotSocket) << code;
+        ASSERT_EQ(SocketNotSocket, two.Receive());
+        ASSERT_EQ(SocketNotSocket, two.SendTo(one.local, "late"));
+        ASSERT_EQ(SocketNotSocket, ShutdownSocket(*two.socket, 2));
+        CloseSocket(*two.socket);
+    }
+}
+
+TEST(NativeSocketsTests, CloseAgainstManyReceivesHarmsNoSocketThatTakesTheNumberOver)
+{
+    for (int round = 0; round < 500; ++round)
+    {
+        auto old = std::make_unique<NativeTestSocket>();
+        std::atomic<int> strange = 0;
+        std::latch together(3);
+        const auto receiveUntilClosed = [&]
+        {
+            NativeSocket& socket = *old->socket;
+            together.arrive_and_wait();
+            int code = 0;
+            while (code == 0)
+            {
+                unsigned char buffer[16];
+                NativeTestSocket::Address sender;
+                int size = 0;
+                int received = 0;
+                code = ReceiveSocket(socket, buffer, sizeof(buffer), 0, sender, size, received);
+            }
+            strange += code != SocketInterrupted && code != SocketNotSocket ? 1 : 0;
+        };
+        std::jthread first(receiveUntilClosed);
+        std::jthread second(receiveUntilClosed);
+        together.arrive_and_wait();
+        old->SendTo(old->local, "one");
+        CloseSocket(*old->socket);
+
+        NativeTestSocket next;
+        ASSERT_EQ(0, next.SendTo(next.local, "mine"));
+        ASSERT_EQ(0, next.Receive());
+        ASSERT_EQ("mine", next.text);
+        first.join();
+        second.join();
+        ASSERT_EQ(0, strange);
+    }
+}
+
+TEST(NativeSocketsTests, NothingIsDeliveredAfterAShutdown)
+{
+    NativeTestSocket receiver;
+    NativeTestSocket sender;
+    ASSERT_EQ(0, sender.SendTo(receiver.local, "queued before"));
+
+    ASSERT_EQ(0, ShutdownSocket(*receiver.socket, 2));
+    sender.SendTo(receiver.local, "sent after");
+
+    for (int i = 0; i < 3; ++i)
+    {
+        EXPECT_EQ(SocketShutDown, receiver.Receive());
+    }
+}
+
+TEST(NativeSocketsTests, AnEmptyDatagramIsADatagram)
+{
+    NativeTestSocket receiver;
+    NativeTestSocket sender;
+    ASSERT_EQ(0, sender.SendTo(receiver.local, ""));
+
+    ASSERT_EQ(0, receiver.Receive());
+
+    EXPECT_EQ("", receiver.text);
+    EXPECT_EQ(16, receiver.senderSize);
+    EXPECT_EQ(sender.Port(), receiver.sender[2] << 8 | receiver.sender[3]);
+}
+
+TEST(NativeSocketsTests, ADatagramLongerThanTheBufferIsLostAndSaysSo)
+{
+    NativeTestSocket receiver;
+    NativeTestSocket sender;
+    ASSERT_EQ(0, sender.SendTo(receiver.local, std::string(65, 'x')));
+    ASSERT_EQ(0, sender.SendTo(receiver.local, std::string(64, 'y')));
+
+    EXPECT_EQ(SocketMessageSize, receiver.Receive(64));
+    EXPECT_EQ(0, receiver.Receive(64));
+    EXPECT_EQ(std::string(64, 'y'), receiver.text);
+    EXPECT_EQ(SocketMessageSize, sender.SendTo(receiver.local, std::string(65508, 'z')));
+}
+
+TEST(NativeSocketsTests, OptionsKeepTheirWindowsNumbersAndValues)
+{
+    struct Row
+    {
+        int name; // winsock2.h: SO_REUSEADDR, SO_BROADCAST, SO_RCVBUF, SO_RCVTIMEO
+        int value;
+        int readBack;
+    };
+    NativeTestSocket one;
+    for (const Row& row :
+         {Row{4, -1, 1}, Row{32, -1, 1}, Row{32, 0, 0}, Row{4098, 65536, 65536}, Row{4102, 1500, 1500}})
+    {
+        SCOPED_TRACE(row.name);
+        ASSERT_EQ(0, one.SetOption(row.name, row.value));
+        int value = -2;
+        int size = sizeof(value);
+        ASSERT_EQ(0, GetSocketOption(*one.socket, 65535, row.name, &value, size));
+        EXPECT_EQ(row.readBack, value);
+    }
+    EXPECT_EQ(SocketProtocolOption, one.SetOption(12345, 1));
+}
+
+TEST(NativeSocketsTests, FailuresCarryWindowsNumbers)
+{
+    NativeTestSocket one;
+    NativeSocket* other = nullptr;
+    ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeDatagram, 17, other));
+    EXPECT_EQ(SocketAddressInUse, BindSocket(*other, one.local, 16));
+    FreeSocket(other);
+
+    NativeTestSocket::Address broadcast = {2, 0, 0x2E, 0xE1, 255, 255, 255, 255};
+    EXPECT_EQ(SocketAccessDenied, one.SendTo(broadcast, "without the option"));
+
+    ASSERT_EQ(0, one.SetOption(4102, 1)); // milliseconds
+    EXPECT_EQ(SocketTimedOut, one.Receive());
+    ASSERT_EQ(0, SetSocketBlocking(*one.socket, false));
+    EXPECT_EQ(SocketWouldBlock, one.Receive());
+}
+
+TEST(NativeSocketsTests, AStreamConnectsAcceptsAndEnds)
+{
+    NativeSocket* listener = nullptr;
+    NativeSocket* client = nullptr;
+    NativeSocket* server = nullptr;
+    NativeTestSocket::Address address = {2, 0, 0, 0, 127, 0, 0, 1};
+    NativeTestSocket::Address peer;
+    int size = 0;
+    ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeStream, 6, listener));
+    ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeStream, 6, client));
+    ASSERT_EQ(0, BindSocket(*listener, address, 16));
+    ASSERT_EQ(0, GetSocketAddress(*listener, address, size));
+    EXPECT_EQ(SocketConnectionRefused, ConnectSocket(*client, address, 16));
+    ASSERT_EQ(0, ListenSocket(*listener, 1));
+    ASSERT_EQ(0, ConnectSocket(*client, address, 16));
+    ASSERT_EQ(0, AcceptSocket(*listener, server, peer, size));
+
+    int count = 0;
+    const unsigned char text[] = {'h', 'i'};
+    ASSERT_EQ(0, SendSocket(*client, text, 2, 0, nullptr, 0, count));
+    SelectEntry entries[] = {{server, true, true, false}, {client, true, false, false}};
+    ASSERT_EQ(0, SelectSockets(entries, 2, 10'000'000));
+    EXPECT_TRUE(entries[0].read && entries[0].write && !entries[1].read);
+    unsigned char buffer[4];
+    ASSERT_EQ(0, ReceiveSocket(*server, buffer, sizeof(buffer), 0, peer, size, count));
+    EXPECT_EQ(2, count);
+    ASSERT_EQ(0, ShutdownSocket(*client, 1));
+    ASSERT_EQ(0, ReceiveSocket(*server, buffer, sizeof(buffer), 0, peer, size, count));
+    EXPECT_EQ(0, count);
+
+    auto accept = std::async(std::launch::async, [&] { return AcceptSocket(*listener, server, peer, size); });
+    CloseSocket(*listener);
+    ASSERT_EQ(std::future_status::ready, accept.wait_for(limit));
+    const int code = accept.get();
+    EXPECT_TRUE(code == SocketInterrupted || code == SocketNotSocket) << code;
+    for (NativeSocket* socket : {listener, client, server})
+    {
+        FreeSocket(socket);
+    }
+}
+} // namespace Tesmo::Platform

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "Platform/Sockets.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace Tesmo::Platform
+{
+/// A raw datagram socket on an address of its own, for the tests of the native layer.
+class NativeTestSocket
+{
+public:
+    using Address = unsigned char[SocketAddressSize];
+
+    /// @param lastOctet  of 127.0.0.x, or 0 for 0.0.0.0
+    explicit NativeTestSocket(int lastOctet = 1, int wantedPort = 0)
+    {
+        EXPECT_EQ(0, OpenSocket(FamilyInterNetwork, TypeDatagram, 17, socket));
+        Address address = {FamilyInterNetwork};
+        address[2] = static_cast<unsigned char>(wantedPort >> 8);
+        address[3] = static_cast<unsigned char>(wantedPort);
+        address[4] = lastOctet == 0 ? 0 : 127;
+        address[7] = static_cast<unsigned char>(lastOctet);
+        EXPECT_EQ(0, BindSocket(*socket, address, 16));
+        int size = 0;
+        EXPECT_EQ(0, GetSocketAddress(*socket, local, size));
+        EXPECT_EQ(16, size);
+    }
+
+    ~NativeTestSocket()
+    {
+        FreeSocket(socket);
+    }
+
+    NativeTestSocket(const NativeTestSocket&) = delete;
+    NativeTestSocket& operator=(const NativeTestSocket&) = delete;
+
+    int Port() const
+    {
+        return local[2] << 8 | local[3];
+    }
+
+    int SendTo(const Address& target, const std::string& bytes)
+    {
+        int sent = -1;
+        const int code = SendSocket(*socket, reinterpret_cast<const unsigned char*>(bytes.data()),
+                                    static_cast<int>(bytes.size()), 0, target, 16, sent);
+        EXPECT_TRUE(code != 0 || sent == static_cast<int>(bytes.size()));
+        return code;
+    }
+
+    /// @param room  buffer in bytes
+    int Receive(int room = 64)
+    {
+        std::string buffer(static_cast<std::size_t>(room), '\0');
+        int received = -1;
+        const int code = ReceiveSocket(*socket, reinterpret_cast<unsigned char*>(buffer.data()), room, 0, sender,
+                                       senderSize, received);
+        text = code == 0 ? buffer.substr(0, static_cast<std::size_t>(received)) : std::string();
+        return code;
+    }
+
+    int SetOption(int name, int value)
+    {
+        return SetSocketOption(*socket, 65535, name, &value, sizeof(value));
+    }
+
+    NativeSocket* socket = nullptr;
+    Address local = {};
+    Address sender = {};
+    int senderSize = -1;
+    std::string text;
+};
+} // namespace Tesmo::Platform

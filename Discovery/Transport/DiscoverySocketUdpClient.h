@@ -1,0 +1,49 @@
+#pragma once
+
+#include <Core/System/Net/Sockets/UdpClient.h>
+#include <Discovery/Transport/IDiscoverySocket.h>
+
+#include <atomic>
+
+namespace Zelkor::Discovery
+{
+/// The client's socket over UDP and IPv4. It shares its port with other sockets of the same kind, so that a
+/// short-lived one can be bound to an interface while the shared one is bound to all.
+class DiscoverySocketUdpClient : public IDiscoverySocket
+{
+public:
+    /// Bound to all interfaces (0.0.0.0).
+    /// @param localPort   port to bind, 0 to 65535
+    /// @param remotePort  port that every datagram is sent to, 0 to 65535
+    /// @throws ArgumentOutOfRangeException  localPort is above 65535
+    /// @throws SocketException              a step failed, in most cases the bind; no socket stays behind
+    DiscoverySocketUdpClient(int localPort, int remotePort);
+
+    /// Bound to one local address; otherwise the same.
+    /// @throws ArgumentNullException  address is null
+    DiscoverySocketUdpClient(int localPort, int remotePort, const Tesmo::System::Net::IPAddress& address);
+
+    /// Shuts down and closes what is still open. Raises nothing: a failing shut-down gives way to the close.
+    ~DiscoverySocketUdpClient() override;
+
+    Tesmo::Sp<Tesmo::System::Net::Sockets::Socket> GetSocket() override;
+    int Receive(const Tesmo::Up<unsigned char[]>& buffer, int size, Tesmo::System::Net::IPEndPoint& endpoint) override;
+    int SendTo(const Tesmo::Up<unsigned char[]>& buffer, int size,
+               const Tesmo::System::Net::IPAddress& address) override;
+    int Broadcast(const Tesmo::Up<unsigned char[]>& buffer, int size) override;
+    void Shutdown() override;
+    bool IsShutDown() const override;
+    void Close() override;
+    bool IsShutDownFlag() const override;
+    bool IsClosed() const override;
+    int GetLocalPort() const override;
+    int GetRemotePort() const override;
+
+private:
+    int localPort;
+    int remotePort;
+    Tesmo::Sp<Tesmo::System::Net::Sockets::UdpClient> client;
+    std::atomic<bool> shutDown = false;
+    std::atomic<bool> closed = false;
+};
+} // namespace Zelkor::Discovery

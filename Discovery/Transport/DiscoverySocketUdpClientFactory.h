@@ -1,0 +1,21 @@
+#pragma once
+
+#include <Discovery/Transport/IDiscoverySocketFactory.h>
+
+namespace Zelkor::Discovery
+{
+/// Makes DiscoverySocketUdpClient objects that share one pair of ports.
+class DiscoverySocketUdpClientFactory : public IDiscoverySocketFactory
+{
+public:
+    /// @param localPort   port that each socket binds, 0 to 65535
+    /// @param remotePort  port that each socket sends to, 0 to 65535
+    DiscoverySocketUdpClientFactory(int localPort, int remotePort);
+
+    Tesmo::Sp<IDiscoverySocket> Create(const Tesmo::System::Net::IPAddress& address) override;
+
+private:
+    int localPort;
+    int remotePort;
+};
+} // namespace Zelkor::Discovery

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <Core/System/Net/IPAddress.h>
+#include <Core/System/Object.h>
+#include <Core/System/Sp.h>
+#include <Discovery/Transport/IDiscoverySocket.h>
+
+namespace Zelkor::Discovery
+{
+/// Makes short-lived sockets for answers that must leave by a given interface.
+class IDiscoverySocketFactory : public Tesmo::System::Object
+{
+public:
+    /// A new socket bound to one local address.
+    /// @throws Tesmo::System::Net::Sockets::SocketException  the address cannot be bound
+    virtual Tesmo::Sp<IDiscoverySocket> Create(const Tesmo::System::Net::IPAddress& address) = 0;
+};
+} // namespace Zelkor::Discovery
