@@ -74,7 +74,7 @@ public:
     }
     bool IsEmpty() const
     {
-        return value.Bytes().empty();
+        return value.Length() == 0;
     }
     /// Walks from the start, so it is linear; a loop over a text uses Text() or an enumerator.
     char32 operator[](int index) const;
@@ -165,6 +165,9 @@ public:
     static String Format(const String& format, const Args&... args);
     template <class... Args>
     static String Format(const IFormatProvider& provider, const String& format, const Args&... args);
+    /// The same with the arguments in an array; an empty entry counts as null.
+    static String Format(const String& format, const Array<Sp<Object>, 1>& args);
+    static String Format(const IFormatProvider& provider, const String& format, const Array<Sp<Object>, 1>& args);
 
     TypeCode GetTypeCode() const override;
     bool ToBoolean(const IFormatProvider& provider) const override;
@@ -193,3 +196,5 @@ String operator+(const String& left, const String& right);
 String operator+(const String& left, const char* right);
 String operator+(const char* left, const String& right);
 } // namespace Tesmo::System
+
+#include <Core/System/FormatArgument.h> // IWYU pragma: export: defines the Format templates

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <Core/System/IntegerWrapper.h>
+
+namespace Tesmo::System
+{
+class Int64;
+extern template class PrimitiveWrapper<Int64, std::int64_t>;
+extern template class IntegerWrapper<Int64, std::int64_t>;
+
+/// Signed 64-bit integer.
+class Int64 : public IntegerWrapper<Int64, std::int64_t>
+{
+public:
+    constexpr Int64() : IntegerWrapper(0) {}
+    constexpr Int64(std::int64_t primitive) : IntegerWrapper(primitive) {}
+};
+} // namespace Tesmo::System

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <Core/System/Attribute.h>
+
+namespace Tesmo::System
+{
+/// Marks an enumeration whose values stand alone.
+class NoneFlagsAttribute : public Attribute
+{
+};
+} // namespace Tesmo::System

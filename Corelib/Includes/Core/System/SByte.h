@@ -1,0 +1,18 @@
+#pragma once
+
+#include <Core/System/IntegerWrapper.h>
+
+namespace Tesmo::System
+{
+class SByte;
+extern template class PrimitiveWrapper<SByte, std::int8_t>;
+extern template class IntegerWrapper<SByte, std::int8_t>;
+
+/// Signed 8-bit integer.
+class SByte : public IntegerWrapper<SByte, std::int8_t>
+{
+public:
+    constexpr SByte() : IntegerWrapper(0) {}
+    constexpr SByte(std::int8_t primitive) : IntegerWrapper(primitive) {}
+};
+} // namespace Tesmo::System

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <Core/System/FloatWrapper.h>
+
+namespace Tesmo::System
+{
+class Single;
+extern template class PrimitiveWrapper<Single, float>;
+extern template class FloatWrapper<Single, float>;
+
+/// Floating number of 32 bits.
+class Single : public FloatWrapper<Single, float>
+{
+public:
+    constexpr Single() : FloatWrapper(0) {}
+    constexpr Single(float primitive) : FloatWrapper(primitive) {}
+};
+} // namespace Tesmo::System

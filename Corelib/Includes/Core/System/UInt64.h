@@ -1,0 +1,18 @@
+#pragma once
+
+#include <Core/System/IntegerWrapper.h>
+
+namespace Tesmo::System
+{
+class UInt64;
+extern template class PrimitiveWrapper<UInt64, std::uint64_t>;
+extern template class IntegerWrapper<UInt64, std::uint64_t>;
+
+/// Unsigned 64-bit integer.
+class UInt64 : public IntegerWrapper<UInt64, std::uint64_t>
+{
+public:
+    constexpr UInt64() : IntegerWrapper(0) {}
+    constexpr UInt64(std::uint64_t primitive) : IntegerWrapper(primitive) {}
+};
+} // namespace Tesmo::System

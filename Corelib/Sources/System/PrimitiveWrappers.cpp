@@ -1,0 +1,374 @@
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Boolean.h>
+#include <Core/System/Byte.h>
+#include <Core/System/DateTime.h>
+#include <Core/System/Double.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/Int16.h>
+#include <Core/System/Int32.h>
+#include <Core/System/Int64.h>
+#include <Core/System/NumericalFormat.h>
+#include <Core/System/NumericalParsing.h>
+#include <Core/System/SByte.h>
+#include <Core/System/Single.h>
+#include <Core/System/UInt16.h>
+#include <Core/System/UInt32.h>
+#include <Core/System/UInt64.h>
+
+#include "System/ConvertToType.h"
+#include "System/NumberCast.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+namespace Tesmo::System
+{
+namespace
+{
+template <class P>
+inline constexpr TypeCode CodeOf = TypeCode::Boolean;
+template <>
+inline constexpr TypeCode CodeOf<std::int8_t> = TypeCode::SByte;
+template <>
+inline constexpr TypeCode CodeOf<std::uint8_t> = TypeCode::Byte;
+template <>
+inline constexpr TypeCode CodeOf<std::int16_t> = TypeCode::Int16;
+template <>
+inline constexpr TypeCode CodeOf<std::uint16_t> = TypeCode::UInt16;
+template <>
+inline constexpr TypeCode CodeOf<std::int32_t> = TypeCode::Int32;
+template <>
+inline constexpr TypeCode CodeOf<std::uint32_t> = TypeCode::UInt32;
+template <>
+inline constexpr TypeCode CodeOf<std::int64_t> = TypeCode::Int64;
+template <>
+inline constexpr TypeCode CodeOf<std::uint64_t> = TypeCode::UInt64;
+template <>
+inline constexpr TypeCode CodeOf<float> = TypeCode::Single;
+template <>
+inline constexpr TypeCode CodeOf<double> = TypeCode::Double;
+
+/// The type in which the helpers take a primitive, and what they want to know of it: the width of an integer, the
+/// digits of a floating number.
+template <class P>
+using Widest = std::conditional_t<std::floating_point<P>, double,
+                                  std::conditional_t<std::is_signed_v<P>, std::int64_t, std::uint64_t>>;
+template <class P>
+constexpr int Measure = std::is_same_v<P, double>  ? 15
+                        : std::is_same_v<P, float> ? 7
+                                                   : static_cast<int>(sizeof(P) * 8);
+
+const String& TextOf(bool value)
+{
+    return value ? Boolean::TrueString() : Boolean::FalseString();
+}
+
+bool EqualsIgnoringCase(std::string_view text, std::string_view lower)
+{
+    return std::equal(text.begin(), text.end(), lower.begin(), lower.end(),
+                      [](char left, char right) { return (left | 0x20) == right; });
+}
+
+int HashOf(std::uint64_t image)
+{
+    return static_cast<int>(static_cast<std::uint32_t>(image) ^ static_cast<std::uint32_t>(image >> 32));
+}
+} // namespace
+
+template <class W, class P>
+String PrimitiveWrapper<W, P>::ToString() const
+{
+    if constexpr (std::is_same_v<P, bool>)
+    {
+        return TextOf(value);
+    }
+    else
+    {
+        std::string text;
+        NumericalFormat::Append(text, static_cast<Widest<P>>(value), Measure<P>, std::floating_point<P> ? "g" : "d");
+        return String(std::move(text));
+    }
+}
+
+template <class W, class P>
+String PrimitiveWrapper<W, P>::ToString(const String& format) const
+{
+    if constexpr (std::is_same_v<P, bool>)
+    {
+        if (IsNull(format))
+        {
+            throw ArgumentNullException(ThrowSite);
+        }
+        return TextOf(value);
+    }
+    else
+    {
+        return NumericalFormat::ToString(static_cast<Widest<P>>(value), Measure<P>, format);
+    }
+}
+
+template <class W, class P>
+String PrimitiveWrapper<W, P>::ToString(const String& format, const IFormatProvider&) const
+{
+    return ToString(format);
+}
+
+template <class W, class P>
+bool PrimitiveWrapper<W, P>::IsSigned() const
+{
+    return std::is_signed_v<P>;
+}
+
+template <class W, class P>
+int PrimitiveWrapper<W, P>::GetHashCode() const
+{
+    if constexpr (std::is_same_v<P, double>)
+    {
+        return HashOf(std::bit_cast<std::uint64_t>(value + 0.0)); // one hash for both zeros
+    }
+    else if constexpr (std::is_same_v<P, float>)
+    {
+        return std::bit_cast<int>(value + 0.0F);
+    }
+    else if constexpr (sizeof(P) == sizeof(std::uint64_t))
+    {
+        return HashOf(static_cast<std::uint64_t>(value));
+    }
+    else
+    {
+        return static_cast<int>(value);
+    }
+}
+
+template <class W, class P>
+int PrimitiveWrapper<W, P>::CompareTo(const IComparable& other) const
+{
+    const W* const same = IsNull(other) ? nullptr : dynamic_cast<const W*>(&other);
+    if (same == nullptr)
+    {
+        return 1;
+    }
+    const P right = *same;
+    if constexpr (std::floating_point<P>)
+    {
+        if (std::isnan(value) || std::isnan(right)) // NaN sorts first
+        {
+            return static_cast<int>(std::isnan(right)) - static_cast<int>(std::isnan(value));
+        }
+    }
+    return value < right ? -1 : value > right ? 1 : 0;
+}
+
+template <class W, class P>
+TypeCode PrimitiveWrapper<W, P>::GetTypeCode() const
+{
+    return CodeOf<P>;
+}
+
+template <class W, class P>
+bool PrimitiveWrapper<W, P>::ToBoolean(const IFormatProvider&) const
+{
+    return NumberCast<bool>(value);
+}
+
+template <class W, class P>
+std::uint8_t PrimitiveWrapper<W, P>::ToByte(const IFormatProvider&) const
+{
+    return NumberCast<std::uint8_t>(value);
+}
+
+template <class W, class P>
+char32 PrimitiveWrapper<W, P>::ToChar(const IFormatProvider&) const
+{
+    return CodePointCast(NumberCast<std::uint32_t>(value));
+}
+
+template <class W, class P>
+DateTime PrimitiveWrapper<W, P>::ToDateTime(const IFormatProvider&) const
+{
+    return DateTime(NumberCast<std::int64_t>(value));
+}
+
+template <class W, class P>
+double PrimitiveWrapper<W, P>::ToDouble(const IFormatProvider&) const
+{
+    return NumberCast<double>(value);
+}
+
+template <class W, class P>
+std::int16_t PrimitiveWrapper<W, P>::ToInt16(const IFormatProvider&) const
+{
+    return NumberCast<std::int16_t>(value);
+}
+
+template <class W, class P>
+std::int32_t PrimitiveWrapper<W, P>::ToInt32(const IFormatProvider&) const
+{
+    return NumberCast<std::int32_t>(value);
+}
+
+template <class W, class P>
+std::int64_t PrimitiveWrapper<W, P>::ToInt64(const IFormatProvider&) const
+{
+    return NumberCast<std::int64_t>(value);
+}
+
+template <class W, class P>
+std::uint16_t PrimitiveWrapper<W, P>::ToUInt16(const IFormatProvider&) const
+{
+    return NumberCast<std::uint16_t>(value);
+}
+
+template <class W, class P>
+std::uint32_t PrimitiveWrapper<W, P>::ToUInt32(const IFormatProvider&) const
+{
+    return NumberCast<std::uint32_t>(value);
+}
+
+template <class W, class P>
+std::uint64_t PrimitiveWrapper<W, P>::ToUInt64(const IFormatProvider&) const
+{
+    return NumberCast<std::uint64_t>(value);
+}
+
+template <class W, class P>
+std::int8_t PrimitiveWrapper<W, P>::ToSByte(const IFormatProvider&) const
+{
+    return NumberCast<std::int8_t>(value);
+}
+
+template <class W, class P>
+float PrimitiveWrapper<W, P>::ToSingle(const IFormatProvider&) const
+{
+    return NumberCast<float>(value);
+}
+
+template <class W, class P>
+Up<Object> PrimitiveWrapper<W, P>::ToType(const Type& type, const IFormatProvider& provider) const
+{
+    return ConvertToType(*this, *this, type, provider);
+}
+
+template <class W, class P>
+P IntegerWrapper<W, P>::Parse(const String& text)
+{
+    return Parse(text, 10);
+}
+
+template <class W, class P>
+P IntegerWrapper<W, P>::Parse(const String& text, int base)
+{
+    Widest<P> wide = 0;
+    NumericalParsing::Parse(text, base, Measure<P>, wide);
+    return static_cast<P>(wide);
+}
+
+template <class W, class P>
+bool IntegerWrapper<W, P>::TryParse(const String& text, P& result)
+{
+    return TryParse(text, 10, result);
+}
+
+template <class W, class P>
+bool IntegerWrapper<W, P>::TryParse(const String& text, int base, P& result)
+{
+    Widest<P> wide = 0;
+    const bool parsed = NumericalParsing::TryParse(text, base, Measure<P>, wide);
+    result = parsed ? static_cast<P>(wide) : result;
+    return parsed;
+}
+
+template <class W, class P>
+bool FloatWrapper<W, P>::Equals(const ValueType& other) const
+{
+    const auto* const convertible = IsNull(other) ? nullptr : dynamic_cast<const IConvertible*>(&other);
+    if (convertible == nullptr)
+    {
+        return false;
+    }
+    const auto left = static_cast<double>(static_cast<P>(*this));
+    const double right = convertible->ToDouble(FormatProvider::Default());
+    return left == right || (std::isnan(left) && std::isnan(right));
+}
+
+template <class W, class P>
+P FloatWrapper<W, P>::Parse(const String& text)
+{
+    P result = 0;
+    NumericalParsing::Parse(text, result);
+    return result;
+}
+
+template <class W, class P>
+bool FloatWrapper<W, P>::TryParse(const String& text, P& result)
+{
+    return NumericalParsing::TryParse(text, result);
+}
+
+const String& Boolean::TrueString()
+{
+    static const String text("True");
+    return text;
+}
+
+const String& Boolean::FalseString()
+{
+    static const String text("False");
+    return text;
+}
+
+bool Boolean::Parse(const String& text)
+{
+    if (IsNull(text))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    bool result = false;
+    if (!TryParse(text, result))
+    {
+        throw FormatException(ThrowSite);
+    }
+    return result;
+}
+
+bool Boolean::TryParse(const String& text, bool& result)
+{
+    if (IsNull(text))
+    {
+        return false;
+    }
+    std::string_view word = text.Utf8();
+    word.remove_prefix(std::min(word.find_first_not_of(' '), word.size()));
+    word = word.substr(0, word.find_last_not_of(' ') + 1);
+    const bool isTrue = EqualsIgnoringCase(word, "true");
+    if (!isTrue && !EqualsIgnoringCase(word, "false"))
+    {
+        return false;
+    }
+    result = isTrue;
+    return true;
+}
+
+template class PrimitiveWrapper<Boolean, bool>;
+template class PrimitiveWrapper<SByte, std::int8_t>;
+template class IntegerWrapper<SByte, std::int8_t>;
+template class PrimitiveWrapper<Byte, std::uint8_t>;
+template class IntegerWrapper<Byte, std::uint8_t>;
+template class PrimitiveWrapper<Int16, std::int16_t>;
+template class IntegerWrapper<Int16, std::int16_t>;
+template class PrimitiveWrapper<UInt16, std::uint16_t>;
+template class IntegerWrapper<UInt16, std::uint16_t>;
+template class PrimitiveWrapper<Int32, std::int32_t>;
+template class IntegerWrapper<Int32, std::int32_t>;
+template class PrimitiveWrapper<UInt32, std::uint32_t>;
+template class IntegerWrapper<UInt32, std::uint32_t>;
+template class PrimitiveWrapper<Int64, std::int64_t>;
+template class IntegerWrapper<Int64, std::int64_t>;
+template class PrimitiveWrapper<UInt64, std::uint64_t>;
+template class IntegerWrapper<UInt64, std::uint64_t>;
+template class PrimitiveWrapper<Single, float>;
+template class FloatWrapper<Single, float>;
+template class PrimitiveWrapper<Double, double>;
+template class FloatWrapper<Double, double>;
+} // namespace Tesmo::System
