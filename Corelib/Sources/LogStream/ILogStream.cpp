@@ -27,7 +27,7 @@ ILogStream::ILogStream()
 
 bool ILogStream::IsEnabled(LogStreamLevel level) const
 {
-    return level.ToInt32() <= currentLevel;
+    return level.Value() <= currentLevel;
 }
 
 LogStreamLevel ILogStream::GetLevel() const
@@ -37,7 +37,7 @@ LogStreamLevel ILogStream::GetLevel() const
 
 void ILogStream::SetLevel(LogStreamLevel newLevel)
 {
-    currentLevel = newLevel.ToInt32();
+    currentLevel = newLevel.Value();
 }
 
 void ILogStream::SetRefTime(const ILogStreamRefTime* source)

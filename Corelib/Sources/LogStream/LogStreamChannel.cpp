@@ -22,7 +22,7 @@ const String& Checked(const String& name)
 }
 } // namespace
 
-LogStreamChannel::LogStreamChannel(const String& name) : name(Checked(name)) {}
+LogStreamChannel::LogStreamChannel(const String& channelName) : name(Checked(channelName)) {}
 
 String LogStreamChannel::ToString() const
 {

@@ -5,8 +5,6 @@
 
 namespace Tesmo::System::LogStreams
 {
-using Collections::Generic::SortedDictionary;
-
 String LogStreamLevel::ToString() const
 {
     if (!IsDefined())
@@ -16,17 +14,13 @@ String LogStreamLevel::ToString() const
     return EnumDeprecated::ToString();
 }
 
-const SortedDictionary<int, String>& LogStreamLevel::Names() const
+const EnumDeprecated::NameTable& LogStreamLevel::Names() const
 {
-    static const SortedDictionary<int, String> names = []
-    {
-        SortedDictionary<int, String> table;
-        table.Add(static_cast<int>(None), "None");
-        table.Add(static_cast<int>(Critical), "Critical");
-        table.Add(static_cast<int>(Standard), "Standard");
-        table.Add(static_cast<int>(Debug), "Debug");
-        return table;
-    }();
-    return names;
+    static constexpr EnumName names[] = {{static_cast<int>(None), "None"},
+                                         {static_cast<int>(Critical), "Critical"},
+                                         {static_cast<int>(Standard), "Standard"},
+                                         {static_cast<int>(Debug), "Debug"}};
+    static const NameTable table = EnumNameTable::Build(names);
+    return table;
 }
 } // namespace Tesmo::System::LogStreams

@@ -11,10 +11,10 @@ class LogStreamChannel : public Object
 public:
     static constexpr int MaxNameLength = 40; ///< characters; the width of the channel column of a row
 
-    /// @param name  1 to MaxNameLength characters
-    /// @throws ArgumentNullException  name is null
-    /// @throws ArgumentException      name is empty or too long
-    explicit LogStreamChannel(const String& name);
+    /// @param channelName  1 to MaxNameLength characters
+    /// @throws ArgumentNullException  channelName is null
+    /// @throws ArgumentException      channelName is empty or too long
+    explicit LogStreamChannel(const String& channelName);
 
     /// The name.
     String ToString() const override;

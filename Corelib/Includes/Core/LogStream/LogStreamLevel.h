@@ -9,25 +9,30 @@ namespace Tesmo::System::LogStreams
 class LogStreamLevel : public EnumDeprecated
 {
 public:
-    enum class Value
+    /// Scoped, as a plain constant would pass for the error code of a row.
+    enum class Constant
     {
         Critical = 1,
         Standard = 2,
         Debug = 3,
         None = 255,
     };
-    using enum Value;
+    using enum Constant;
 
-    LogStreamLevel() : LogStreamLevel(None) {}
-    LogStreamLevel(Value value) : LogStreamLevel(static_cast<int>(value)) {}
+    LogStreamLevel(Constant constant = None) : LogStreamLevel(static_cast<int>(constant)) {}
 
     /// Takes any number; one outside the table is refused when it is turned into text.
-    explicit LogStreamLevel(int value) : EnumDeprecated(value) {}
+    explicit LogStreamLevel(int number) : EnumDeprecated(number) {}
+
+    bool operator==(const LogStreamLevel& other) const
+    {
+        return EnumDeprecated::operator==(other);
+    }
 
     /// The name. Its first letter is the code of the level in a row.
     /// @throws ArgumentException  the number is none of the table
     String ToString() const override;
 
-    const Collections::Generic::SortedDictionary<int, String>& Names() const override;
+    const NameTable& Names() const override;
 };
 } // namespace Tesmo::System::LogStreams
