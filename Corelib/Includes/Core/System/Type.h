@@ -12,8 +12,9 @@ public:
     /// The type Type itself.
     Type();
     explicit Type(const std::type_info& info);
-    Type(const Type&) = default;
-    Type& operator=(const Type&) = default;
+    /// @throws ArgumentNullException  other is null
+    Type(const Type& other);
+    Type& operator=(const Type& other);
 
     /// The last component of the name, template arguments included: "List<int>".
     String Name() const;

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <Core/System/Char32.h>
+#include <Core/System/Utf8.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Tesmo
 {
@@ -18,7 +20,8 @@ public:
     /// End of the text, and the result of a failed search.
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
 
-    /// Walks over code points in either direction. It becomes invalid when the text changes.
+    /// Walks over code points in either direction. It becomes invalid when the text changes. At an end it reads as code
+    /// point 0 and stays there when stepped further.
     template <bool Const, bool Reverse>
     struct basic_iterator
     {
@@ -29,16 +32,90 @@ public:
         using reference = char32;
 
         const std::string* owner = nullptr;
-        std::ptrdiff_t byteIndex = -1;   ///< position of the current sequence in bytes, -1 at the end
-        std::int8_t sequenceLength = 0;  ///< bytes of the current sequence
-        std::int32_t charIndex = 0;      ///< index of the current code point
+        std::ptrdiff_t byteIndex = -1;  ///< position of the current sequence in bytes, -1 at the end
+        std::int8_t sequenceLength = 0; ///< bytes of the current sequence
+        std::int32_t charIndex = 0;     ///< index of the current code point
 
-        char32 operator*() const;
-        basic_iterator& operator++();
-        basic_iterator operator++(int);
-        basic_iterator& operator--();
-        basic_iterator operator--(int);
-        bool operator==(const basic_iterator& other) const;
+        char32 operator*() const
+        {
+            return byteIndex < 0 ? char32() : Utf8::Decode(Sequence());
+        }
+
+        /// The bytes of the current sequence; empty at the end.
+        std::string_view Sequence() const
+        {
+            return byteIndex < 0
+                       ? std::string_view()
+                       : std::string_view(owner->data() + byteIndex, static_cast<std::size_t>(sequenceLength));
+        }
+
+        basic_iterator& operator++()
+        {
+            Reverse ? Backward() : Forward();
+            return *this;
+        }
+
+        basic_iterator operator++(int)
+        {
+            return std::exchange(*this, ++basic_iterator(*this));
+        }
+
+        basic_iterator& operator--()
+        {
+            if (byteIndex < 0)
+            {
+                FromEnd();
+            }
+            else
+            {
+                Reverse ? Forward() : Backward();
+            }
+            return *this;
+        }
+
+        basic_iterator operator--(int)
+        {
+            return std::exchange(*this, --basic_iterator(*this));
+        }
+
+        bool operator==(const basic_iterator& other) const
+        {
+            return owner == other.owner && byteIndex == other.byteIndex;
+        }
+
+    private:
+        friend class ustring;
+
+        void Stand(std::size_t position)
+        {
+            const bool inside = position < owner->size();
+            byteIndex = inside ? static_cast<std::ptrdiff_t>(position) : -1;
+            sequenceLength = inside ? static_cast<std::int8_t>(Utf8::SequenceAt(*owner, position)) : std::int8_t{0};
+        }
+
+        void Forward()
+        {
+            if (byteIndex >= 0)
+            {
+                charIndex++;
+                Stand(Utf8::FindNext(*owner, static_cast<std::size_t>(byteIndex + sequenceLength)));
+            }
+        }
+
+        void Backward()
+        {
+            if (byteIndex >= 0)
+            {
+                charIndex--;
+                Stand(Utf8::FindPrevious(*owner, static_cast<std::size_t>(byteIndex)));
+            }
+        }
+
+        void FromEnd()
+        {
+            charIndex += Reverse ? 1 : -1;
+            Stand(Reverse ? Utf8::FindNext(*owner, 0) : Utf8::FindPrevious(*owner, owner->size()));
+        }
     };
 
     using iterator = basic_iterator<false, false>;
@@ -47,6 +124,21 @@ public:
     using const_reverse_iterator = basic_iterator<true, true>;
 
     ustring() = default;
+    ustring(const ustring&) = default;
+    ustring(ustring&& other) noexcept : length(std::exchange(other.length, 0)), bytes(std::move(other.bytes))
+    {
+        other.bytes.clear();
+    }
+    ustring& operator=(const ustring&) = default;
+    ustring& operator=(ustring&& other) noexcept
+    {
+        ustring taken(std::move(other));
+        std::swap(length, taken.length);
+        bytes.swap(taken.bytes);
+        return *this;
+    }
+    ~ustring() = default;
+
     explicit ustring(std::string utf8);
     ustring(char32 c, std::size_t count);
 
@@ -64,16 +156,27 @@ public:
         return bytes;
     }
 
+    /// True when every byte is a code point of its own, so that byte positions are indexes.
+    bool IsAscii() const
+    {
+        return bytes.size() == static_cast<std::size_t>(length);
+    }
+
     const_iterator begin() const;
     const_iterator end() const;
     const_reverse_iterator rbegin() const;
     const_reverse_iterator rend() const;
 
+    /// A walk that begins at an index; end() from Length() on.
+    const_iterator From(std::size_t charIndex) const;
+    /// A walk backwards that begins at an index below Length().
+    const_reverse_iterator BackFrom(std::size_t charIndex) const;
+
     void Append(const ustring& other);
     void Append(char32 c);
     void Reserve(std::size_t byteCount);
 
-    /// Byte position of a code point's index; the byte count for the index Length(); npos past it.
+    /// Byte position of a code point's index; 0 for the index 0, the byte count for the index Length(); npos past it.
     std::size_t BytePosition(std::size_t charIndex) const;
 
     bool operator==(const ustring& other) const
@@ -82,6 +185,9 @@ public:
     }
 
 private:
+    /// Appends bytes that hold count sequences, and counts the one that may form across the joint.
+    void Join(std::string_view added, std::int32_t count);
+
     std::int32_t length = 0;
     std::string bytes;
 };

@@ -1,0 +1,217 @@
+#include <Core/System/String.h>
+
+#include "CharacterPredicates.h"
+#include "Checks.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace Tesmo::System
+{
+namespace
+{
+/// The bytes of count code points from startIndex on.
+std::string_view Range(const ustring& text, int startIndex, int count)
+{
+    const std::size_t first = text.BytePosition(static_cast<std::size_t>(startIndex));
+    const std::size_t last = text.BytePosition(static_cast<std::size_t>(startIndex + count));
+    return std::string_view(text.Bytes()).substr(first, last - first);
+}
+
+/// Index of the code point at a byte position, which a search found in a part of the text.
+int IndexAt(const ustring& text, const char* position)
+{
+    const auto bytes = static_cast<std::size_t>(position - text.Bytes().data());
+    return static_cast<int>(text.IsAscii() ? bytes : Utf8::Count(std::string_view(text.Bytes()).substr(0, bytes)));
+}
+
+template <class Predicate>
+int FindForward(const ustring& text, int startIndex, int count, Predicate matches)
+{
+    CheckRange(startIndex, count, text.Length());
+    auto position = text.From(static_cast<std::size_t>(startIndex));
+    for (; count > 0; count--, ++position)
+    {
+        if (matches(*position))
+        {
+            return position.charIndex;
+        }
+    }
+    return -1;
+}
+
+/// A backward range ends at startIndex and holds count code points. An empty text has none, and nothing to be found.
+void CheckBackwardRange(int startIndex, int count, int length)
+{
+    if (startIndex < 0 || startIndex >= length || count < 0 || count > startIndex + 1)
+    {
+        throw ArgumentOutOfRangeException(ThrowSite);
+    }
+}
+
+/// The count that reaches back to the first code point. No startIndex overflows: the greatest one gives a negative
+/// count, which is out of range as that index is.
+int CountBackFrom(int startIndex)
+{
+    return static_cast<int>(static_cast<unsigned int>(startIndex) + 1u);
+}
+
+template <class Predicate>
+int FindBackward(const ustring& text, int startIndex, int count, Predicate matches)
+{
+    if (text.Length() == 0)
+    {
+        return -1;
+    }
+    CheckBackwardRange(startIndex, count, text.Length());
+    auto position = text.BackFrom(static_cast<std::size_t>(startIndex));
+    for (; count > 0; count--, ++position)
+    {
+        if (matches(*position))
+        {
+            return position.charIndex;
+        }
+    }
+    return -1;
+}
+} // namespace
+
+bool String::Contains(const String& text) const
+{
+    return IndexOf(text) >= 0;
+}
+
+int String::IndexOf(char32 c) const
+{
+    return IndexOf(c, 0);
+}
+
+int String::IndexOf(char32 c, int startIndex) const
+{
+    return IndexOf(c, startIndex, CountFrom(startIndex, Length()));
+}
+
+int String::IndexOf(char32 c, int startIndex, int count) const
+{
+    return FindForward(value, startIndex, count, EqualTo(c));
+}
+
+int String::IndexOf(const String& text) const
+{
+    return IndexOf(text, 0);
+}
+
+int String::IndexOf(const String& text, int startIndex) const
+{
+    NotNull(text);
+    return IndexOf(text, startIndex, CountFrom(startIndex, Length()));
+}
+
+int String::IndexOf(const String& text, int startIndex, int count) const
+{
+    NotNull(text);
+    CheckRange(startIndex, count, Length());
+    if (text.IsEmpty())
+    {
+        return startIndex;
+    }
+    const std::string_view range = Range(value, startIndex, count);
+    const std::size_t found = range.find(text.Utf8());
+    return found == std::string_view::npos ? -1 : IndexAt(value, range.data() + found);
+}
+
+int String::LastIndexOf(char32 c) const
+{
+    return LastIndexOf(c, Length() - 1);
+}
+
+int String::LastIndexOf(char32 c, int startIndex) const
+{
+    return LastIndexOf(c, startIndex, CountBackFrom(startIndex));
+}
+
+int String::LastIndexOf(char32 c, int startIndex, int count) const
+{
+    return FindBackward(value, startIndex, count, EqualTo(c));
+}
+
+int String::LastIndexOf(const String& text) const
+{
+    return LastIndexOf(text, Length() - 1);
+}
+
+int String::LastIndexOf(const String& text, int startIndex) const
+{
+    return LastIndexOf(text, startIndex, CountBackFrom(startIndex));
+}
+
+int String::LastIndexOf(const String& text, int startIndex, int count) const
+{
+    NotNull(text);
+    if (IsEmpty())
+    {
+        return text.IsEmpty() ? 0 : -1;
+    }
+    CheckBackwardRange(startIndex, count, Length());
+    if (text.IsEmpty())
+    {
+        return startIndex;
+    }
+    const std::string_view range = Range(value, startIndex + 1 - count, count);
+    const std::size_t found = range.rfind(text.Utf8());
+    return found == std::string_view::npos ? -1 : IndexAt(value, range.data() + found);
+}
+
+int String::IndexOfAny(const Array<char32>& anyOf) const
+{
+    return IndexOfAny(anyOf, 0);
+}
+
+int String::IndexOfAny(const Array<char32>& anyOf, int startIndex) const
+{
+    NotNull(anyOf);
+    return IndexOfAny(anyOf, startIndex, CountFrom(startIndex, Length()));
+}
+
+int String::IndexOfAny(const Array<char32>& anyOf, int startIndex, int count) const
+{
+    return FindForward(value, startIndex, count, OneOf(NotNull(anyOf)));
+}
+
+int String::LastIndexOfAny(const Array<char32>& anyOf) const
+{
+    return LastIndexOfAny(anyOf, Length() - 1);
+}
+
+int String::LastIndexOfAny(const Array<char32>& anyOf, int startIndex) const
+{
+    return LastIndexOfAny(anyOf, startIndex, CountBackFrom(startIndex));
+}
+
+int String::LastIndexOfAny(const Array<char32>& anyOf, int startIndex, int count) const
+{
+    return FindBackward(value, startIndex, count, OneOf(NotNull(anyOf)));
+}
+
+bool String::StartsWith(const String& text) const
+{
+    return StartsWith(text, false);
+}
+
+bool String::StartsWith(const String& text, bool ignoreCase) const
+{
+    const int length = NotNull(text).Length();
+    return length <= Length() && Compare(*this, 0, text, 0, length, ignoreCase) == 0;
+}
+
+bool String::EndsWith(const String& text) const
+{
+    return EndsWith(text, false);
+}
+
+bool String::EndsWith(const String& text, bool ignoreCase) const
+{
+    const int length = NotNull(text).Length();
+    return length <= Length() && Compare(*this, Length() - length, text, 0, length, ignoreCase) == 0;
+}
+} // namespace Tesmo::System
