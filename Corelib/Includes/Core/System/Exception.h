@@ -1,11 +1,11 @@
 #pragma once
 
-#include <Core/System/ArrayDeclaration.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
 #include <Core/System/String.h>
 #include <Core/System/ThrowSite.h>
 
+#include <atomic>
 #include <exception>
 
 namespace Tesmo::System
@@ -21,12 +21,12 @@ class Exception : public Object, public std::exception
 {
 public:
     /// The class's default message; the place is the library's own.
-    [[nodiscard]] Exception();
-    [[nodiscard]] Exception(const String& message);
-    [[nodiscard]] Exception(const String& file, int line);
-    [[nodiscard]] Exception(const String& message, const String& file, int line);
+    [[nodiscard, gnu::noinline]] Exception();
+    [[nodiscard, gnu::noinline]] Exception(const String& message);
+    [[nodiscard, gnu::noinline]] Exception(const String& file, int line);
+    [[nodiscard, gnu::noinline]] Exception(const String& message, const String& file, int line);
     /// @param inner  not owned; null for none
-    [[nodiscard]] Exception(const String& message, const Exception& inner, const String& file, int line);
+    [[nodiscard, gnu::noinline]] Exception(const String& message, const Exception& inner, const String& file, int line);
     /// Takes all fields and shares the stack of the original.
     [[nodiscard]] Exception(const Exception& other);
     Exception& operator=(const Exception& other);
@@ -52,12 +52,24 @@ public:
     const char* what() const noexcept override;
 
     /// True from the start: exceptions keep the stack of their throw.
-    static bool StackTraceEnabled;
+    static std::atomic<bool> StackTraceEnabled;
 
 protected:
     /// The text where no message was given.
     virtual String DefaultMessage() const;
 
     void ErrorCode(int value);
+
+private:
+    [[gnu::noinline]] static Sp<Diagnostics::CallStack> TakeStack() noexcept;
+
+    mutable String messageText; ///< empty until the first report: the class's default message
+    String helpLink;
+    String throwFile;
+    int throwLine;
+    const Exception* innerException;
+    int errorCode = 0;
+    Sp<Diagnostics::CallStack> callStack; ///< empty where none was taken
+    mutable String whatText;
 };
 } // namespace Tesmo::System
