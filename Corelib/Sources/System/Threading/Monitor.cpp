@@ -1,0 +1,227 @@
+#include <Core/System/Threading/Monitor.h>
+
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/InvalidOperationException.h>
+#include <Core/System/ThrowSite.h>
+#include <Core/System/TimeSpan.h>
+
+#include <array>
+#include <chrono>
+#include <climits>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+
+namespace Tesmo::System::Threading
+{
+namespace
+{
+/// One lock that is held or waited for. Everything in it is guarded by the lock of its shard.
+struct MonitorData
+{
+    const Object* target = nullptr;
+    int referenceCount = 0; ///< threads that hold or wait, re-entries included
+    int depth = 0;          ///< entries of the owner, 0 while nobody owns the lock
+    std::thread::id owner;
+    std::condition_variable released;
+    MonitorData* next = nullptr; ///< in the list of the shard, or among its spare ones
+};
+
+/// A part of the table with a lock of its own, so that threads with different objects seldom meet. Records are used
+/// again and never given back, as threads may still lock while the process ends: there are as many as were ever in use
+/// at once.
+struct Shard
+{
+    std::mutex lock;
+    MonitorData* used = nullptr;
+    MonitorData* spare = nullptr;
+};
+
+constexpr std::size_t ShardCount = 64;
+
+constinit std::array<Shard, ShardCount> shards{};
+
+Shard& ShardOf(const Object& target)
+{
+    const auto address = reinterpret_cast<std::uintptr_t>(&target);
+    return shards[(address >> 4 ^ address >> 12) % ShardCount]; // the heap aligns to 16 bytes
+}
+
+/// The link that leads to the target's record, or to the end of the list.
+MonitorData*& Find(Shard& shard, const Object& target)
+{
+    MonitorData** link = &shard.used;
+    while (*link != nullptr && (*link)->target != &target)
+    {
+        link = &(*link)->next;
+    }
+    return *link;
+}
+
+MonitorData& FindOrAdd(Shard& shard, const Object& target)
+{
+    MonitorData* data = Find(shard, target);
+    if (data == nullptr)
+    {
+        data = shard.spare;
+        if (data == nullptr)
+        {
+            data = new MonitorData;
+        }
+        else
+        {
+            shard.spare = data->next;
+        }
+        data->target = &target;
+        data->next = shard.used;
+        shard.used = data;
+    }
+    return *data;
+}
+
+/// Gives up one reference; the last one takes the record out of the table.
+void Leave(Shard& shard, MonitorData& data)
+{
+    if (--data.referenceCount == 0)
+    {
+        Find(shard, *data.target) = data.next;
+        data.next = shard.spare;
+        shard.spare = &data;
+    }
+}
+
+bool Wait(std::unique_lock<std::mutex>& guard, MonitorData& data, double milliseconds)
+{
+    const auto free = [&data] { return data.depth == 0; };
+    const std::chrono::duration<double, std::milli> limit(milliseconds);
+    const auto longest = std::chrono::hours(24 * 365 * 100); // beyond it the clock's own number overflows
+    if (milliseconds <= -1 || limit > longest)
+    {
+        data.released.wait(guard, free);
+        return true;
+    }
+    return free() || (milliseconds > 0 &&
+                      data.released.wait_for(guard, std::chrono::duration_cast<std::chrono::nanoseconds>(limit), free));
+}
+
+/// @param milliseconds  -1 for no limit
+bool Take(const Object& target, double milliseconds)
+{
+    Shard& shard = ShardOf(target);
+    std::unique_lock guard(shard.lock);
+    MonitorData& data = FindOrAdd(shard, target);
+    if (data.referenceCount == INT_MAX)
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+    ++data.referenceCount;
+    const std::thread::id caller = std::this_thread::get_id();
+    if ((data.depth == 0 || data.owner != caller) && !Wait(guard, data, milliseconds))
+    {
+        Leave(shard, data);
+        return false;
+    }
+    data.owner = caller;
+    ++data.depth;
+    return true;
+}
+} // namespace
+
+void Monitor::Enter(const Object& target)
+{
+    bool lockTaken = false;
+    Enter(target, lockTaken);
+}
+
+void Monitor::Enter(const Object& target, bool& lockTaken)
+{
+    if (IsNull(target))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    lockTaken = Take(target, -1);
+}
+
+bool Monitor::TryEnter(const Object& target)
+{
+    return TryEnter(target, 0);
+}
+
+bool Monitor::TryEnter(const Object& target, int milliseconds)
+{
+    bool lockTaken = false;
+    return TryEnter(target, milliseconds, lockTaken) && lockTaken;
+}
+
+bool Monitor::TryEnter(const Object& target, const TimeSpan& timeout)
+{
+    bool lockTaken = false;
+    return TryEnter(target, timeout, lockTaken) && lockTaken;
+}
+
+bool Monitor::TryEnter(const Object& target, bool& lockTaken)
+{
+    return TryEnter(target, 0, lockTaken);
+}
+
+bool Monitor::TryEnter(const Object& target, int milliseconds, bool& lockTaken)
+{
+    lockTaken = true;
+    if (IsNull(target) || milliseconds < -1)
+    {
+        return false;
+    }
+    lockTaken = Take(target, milliseconds);
+    return true;
+}
+
+bool Monitor::TryEnter(const Object& target, const TimeSpan& timeout, bool& lockTaken)
+{
+    lockTaken = true;
+    if (IsNull(target) || IsNull(timeout) || timeout.TotalMilliseconds() < -1)
+    {
+        return false;
+    }
+    lockTaken = Take(target, timeout.TotalMilliseconds());
+    return true;
+}
+
+void Monitor::Exit(const Object& target)
+{
+    if (IsNull(target))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    Shard& shard = ShardOf(target);
+    const std::lock_guard guard(shard.lock);
+    MonitorData* const data = Find(shard, target);
+    if (data == nullptr)
+    {
+        return;
+    }
+    if (data->depth == 0 || data->owner != std::this_thread::get_id())
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+    if (--data->depth == 0 && data->referenceCount > 1)
+    {
+        data->released.notify_one();
+    }
+    Leave(shard, *data);
+}
+
+int Monitor::EntryCount()
+{
+    int count = 0;
+    for (Shard& shard : shards)
+    {
+        const std::lock_guard guard(shard.lock);
+        for (const MonitorData* data = shard.used; data != nullptr; data = data->next)
+        {
+            ++count;
+        }
+    }
+    return count;
+}
+} // namespace Tesmo::System::Threading

@@ -1,0 +1,153 @@
+#include <Core/System/Threading/WaitHandle.h>
+
+#include "Platform/WaitObjects.h"
+#include "System/NumberCast.h"
+#include "WaitSleepJoin.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/IO/IOException.h>
+#include <Core/System/Threading/AbandonedMutexException.h>
+#include <Core/System/ThrowSite.h>
+#include <Core/System/TimeSpan.h>
+
+#include <climits>
+#include <cstdint>
+
+namespace Tesmo::System::Threading
+{
+using Platform::WaitObject;
+using Platform::WaitObjectResult;
+
+namespace
+{
+/// The value that all copies of a handle share.
+class SharedHandle : public IntPtr
+{
+public:
+    explicit SharedHandle(WaitObject& nativeObject)
+        : IntPtr(reinterpret_cast<std::intptr_t>(&nativeObject)),
+          object(nativeObject)
+    {
+    }
+    ~SharedHandle() override
+    {
+        Platform::CloseWaitObject(object);
+    }
+    SharedHandle(const SharedHandle&) = delete;
+    SharedHandle& operator=(const SharedHandle&) = delete;
+
+    WaitObject& object;
+};
+
+void CheckNull(const Object& argument)
+{
+    if (IsNull(argument))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+}
+} // namespace
+
+bool WaitHandle::Equals(const Object& other) const
+{
+    if (IsNull(other))
+    {
+        return false;
+    }
+    const auto* const waitHandle = dynamic_cast<const WaitHandle*>(&other);
+    return waitHandle != nullptr && NativeObject() != nullptr && waitHandle->NativeObject() == NativeObject();
+}
+
+void WaitHandle::Close()
+{
+    handle.Reset(nullptr);
+}
+
+bool WaitHandle::WaitOne(const TimeSpan& timeout)
+{
+    CheckNull(timeout);
+    return WaitOne(NumberCast<int>(timeout.TotalMilliseconds()));
+}
+
+bool WaitHandle::WaitOne(int milliseconds)
+{
+    if (NativeObject() == nullptr)
+    {
+        throw AbandonedMutexException(ThrowSite);
+    }
+    return Wait(milliseconds);
+}
+
+bool WaitHandle::WaitOne()
+{
+    const WaitSleepJoin waiting;
+    return WaitOne(-1);
+}
+
+bool WaitHandle::SignalAndWait(WaitHandle& toSignal, WaitHandle& toWaitOn)
+{
+    return SignalAndWait(toSignal, toWaitOn, -1);
+}
+
+bool WaitHandle::SignalAndWait(WaitHandle& toSignal, WaitHandle& toWaitOn, int milliseconds)
+{
+    return toSignal.Signal() && toWaitOn.Wait(milliseconds);
+}
+
+bool WaitHandle::SignalAndWait(WaitHandle& toSignal, WaitHandle& toWaitOn, const TimeSpan& timeout)
+{
+    CheckNull(timeout);
+    const double milliseconds = timeout.TotalMilliseconds();
+    if (milliseconds < 0 || milliseconds > INT_MAX)
+    {
+        throw ArgumentOutOfRangeException(ThrowSite);
+    }
+    return SignalAndWait(toSignal, toWaitOn, static_cast<int>(milliseconds));
+}
+
+void WaitHandle::Adopt(WaitObjectResult result, WaitObject* object, bool& createdNew)
+{
+    if (result == WaitObjectResult::NameTooLong)
+    {
+        throw ArgumentException(ThrowSite);
+    }
+    if (result == WaitObjectResult::Failed)
+    {
+        throw IO::IOException(ThrowSite);
+    }
+    createdNew = result == WaitObjectResult::Created;
+    handle.Reset(new SharedHandle(*object));
+}
+
+WaitObject* WaitHandle::NativeObject() const
+{
+    return handle == null ? nullptr : &static_cast<SharedHandle&>(*handle).object;
+}
+
+bool WaitHandle::WaitFor(WaitObject& object, int milliseconds)
+{
+    if (milliseconds < -1)
+    {
+        throw ArgumentException(ThrowSite);
+    }
+    return Platform::WaitForObject(object, milliseconds);
+}
+
+Up<char[]> WaitHandle::NativeName(const String& name)
+{
+    CheckNull(name);
+    return name.ToCCharArray();
+}
+
+Up<char[]> WaitHandle::NativeNameOfExisting(const String& name)
+{
+    CheckNull(name);
+    if (name.IsEmpty())
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    return name.ToCCharArray();
+}
+} // namespace Tesmo::System::Threading
