@@ -1,0 +1,55 @@
+#pragma once
+
+#include <Core/LogStream/LogStreamChannel.h>
+#include <Discovery/Client/IDiscoveryClientDataGateway.h>
+
+namespace Zelkor::Discovery::Client
+{
+/// The gateway of both platforms: composes the host's snapshot from the raw layer in Platform, reading anew each time.
+/// A class that derives from it can replace any single source of the snapshot.
+class DiscoveryClientDataGatewayW32 : public IDiscoveryClientDataGateway
+{
+public:
+    /// Works out the folder and the file that products share with this client. Where the host names no program
+    /// folder, both are relative to the current directory.
+    DiscoveryClientDataGatewayW32();
+
+    /// Adapters whose hardware address hasn't 6 bytes are logged and left out.
+    /// @throws Exception  "W32Gateway::GetAdaptersInfos failed !"
+    Tesmo::Sp<Tesmo::System::Collections::Generic::List<MACAddress>> GetMACAddress() override;
+    /// An adapter without an address has 0.0.0.0 as address and mask. The MTU is never measured.
+    /// @throws Exception  "W32Gateway::GetAdaptersInfos failed !"
+    Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> GetNICConfigs() override;
+    Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() override;
+    Tesmo::Sp<FileTransferInfos> GetFileTransferInfos() override;
+    /// @throws Exception  "W32Gateway::GetHostName failed !"
+    Tesmo::System::String GetHostName() override;
+    Tesmo::System::String GetDeviceType() override;
+    Tesmo::System::String GetDeviceFamily() override;
+    Tesmo::System::String GetSerialNumber() override;
+    DiscoveryHost GetHost() override;
+
+    /// @throws NotSupportedException  always, from the list overload
+    void ChangeIPConfig(const NICConfig& config) override;
+    /// @throws NotSupportedException  always
+    void ChangeHostName(const Tesmo::System::String& newName) override;
+    bool IsHostNameReadOnly() override;
+    bool RebootRequiredForIPConfigChange() override;
+    bool RebootRequiredForHostNameChange() override;
+    /// @throws NotSupportedException  always
+    void ChangeIPConfig(Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> configs) override;
+
+    bool RunIPChangeWatcher() override;
+    int CancelWaitForIPChange() override;
+
+    /// Full path of the folder with the products' plug-ins.
+    const Tesmo::System::String& ProductIDsFolder() const;
+    /// Full path of the JSON file with the file-transfer infos.
+    const Tesmo::System::String& FileTransferInfosFile() const;
+
+private:
+    Tesmo::System::String productIDsFolder;
+    Tesmo::System::String fileTransferInfosFile;
+    Tesmo::System::LogStreams::LogStreamChannel channel;
+};
+} // namespace Zelkor::Discovery::Client
