@@ -13,15 +13,15 @@ class DiscoverySocketUdpClient : public IDiscoverySocket
 {
 public:
     /// Bound to all interfaces (0.0.0.0).
-    /// @param localPort   port to bind, 0 to 65535
-    /// @param remotePort  port that every datagram is sent to, 0 to 65535
-    /// @throws ArgumentOutOfRangeException  localPort is above 65535
+    /// @param boundPort   port to bind, 0 to 65535
+    /// @param targetPort port that every datagram is sent to, 0 to 65535
+    /// @throws ArgumentOutOfRangeException  boundPort is above 65535
     /// @throws SocketException              a step failed, in most cases the bind; no socket stays behind
-    DiscoverySocketUdpClient(int localPort, int remotePort);
+    DiscoverySocketUdpClient(int boundPort, int targetPort);
 
     /// Bound to one local address; otherwise the same.
     /// @throws ArgumentNullException  address is null
-    DiscoverySocketUdpClient(int localPort, int remotePort, const Tesmo::System::Net::IPAddress& address);
+    DiscoverySocketUdpClient(int boundPort, int targetPort, const Tesmo::System::Net::IPAddress& address);
 
     /// Shuts down and closes what is still open. Raises nothing: a failing shut-down gives way to the close.
     ~DiscoverySocketUdpClient() override;

@@ -4,8 +4,9 @@
 
 namespace Zelkor::Discovery
 {
-DiscoverySocketUdpClientFactory::DiscoverySocketUdpClientFactory(int localPort, int remotePort)
-    : localPort(localPort), remotePort(remotePort)
+DiscoverySocketUdpClientFactory::DiscoverySocketUdpClientFactory(int boundPort, int targetPort)
+    : localPort(boundPort),
+      remotePort(targetPort)
 {
 }
 

@@ -8,9 +8,9 @@ namespace Zelkor::Discovery
 class DiscoverySocketUdpClientFactory : public IDiscoverySocketFactory
 {
 public:
-    /// @param localPort   port that each socket binds, 0 to 65535
-    /// @param remotePort  port that each socket sends to, 0 to 65535
-    DiscoverySocketUdpClientFactory(int localPort, int remotePort);
+    /// @param boundPort   port that each socket binds, 0 to 65535
+    /// @param targetPort port that each socket sends to, 0 to 65535
+    DiscoverySocketUdpClientFactory(int boundPort, int targetPort);
 
     Tesmo::Sp<IDiscoverySocket> Create(const Tesmo::System::Net::IPAddress& address) override;
 

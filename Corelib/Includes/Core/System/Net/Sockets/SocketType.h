@@ -1,0 +1,26 @@
+#pragma once
+
+#include <Core/System/EnumDeprecated.h>
+
+namespace Tesmo::System::Net::Sockets
+{
+/// What a socket carries (winsock2.h: SOCK_STREAM and its kin).
+class SocketType : public EnumDeprecated
+{
+public:
+    enum Constant
+    {
+        Unknown = -1,
+        Stream = 1,
+        Dgram = 2,
+        Raw = 3,
+        Rdm = 4,
+        Seqpacket = 5,
+    };
+
+    SocketType(Constant constant) : EnumDeprecated(constant) {}
+    explicit SocketType(int number) : EnumDeprecated(number) {}
+
+    const NameTable& Names() const override;
+};
+} // namespace Tesmo::System::Net::Sockets

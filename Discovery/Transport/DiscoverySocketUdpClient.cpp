@@ -1,0 +1,141 @@
+#include <Discovery/Transport/DiscoverySocketUdpClient.h>
+
+#include <Core/System/ObjectClosedException.h>
+
+#include <Core/System/Net/Sockets/SocketException.h>
+
+namespace Zelkor::Discovery
+{
+using Tesmo::Sp;
+using Tesmo::Up;
+using Tesmo::System::ObjectClosedException;
+using Tesmo::System::Net::EndPoint;
+using Tesmo::System::Net::IPAddress;
+using Tesmo::System::Net::IPEndPoint;
+using Tesmo::System::Net::Sockets::AddressFamily;
+using Tesmo::System::Net::Sockets::ProtocolType;
+using Tesmo::System::Net::Sockets::Socket;
+using Tesmo::System::Net::Sockets::SocketException;
+using Tesmo::System::Net::Sockets::SocketOptionLevel;
+using Tesmo::System::Net::Sockets::SocketOptionName;
+using Tesmo::System::Net::Sockets::SocketShutdown;
+using Tesmo::System::Net::Sockets::SocketType;
+using Tesmo::System::Net::Sockets::UdpClient;
+
+namespace
+{
+constexpr int ReceiveBufferSize = 65536; // bytes
+
+Sp<UdpClient> MakeClient(const Sp<EndPoint>& local)
+{
+    const Sp<Socket> socket(new Socket(AddressFamily::InterNetwork, SocketType::Dgram, ProtocolType::Udp));
+    socket->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReuseAddress, true);
+    socket->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReceiveBuffer, ReceiveBufferSize);
+    socket->Bind(local);
+    const Sp<UdpClient> client(new UdpClient);
+    client->Client(socket);
+    return client;
+}
+} // namespace
+
+DiscoverySocketUdpClient::DiscoverySocketUdpClient(int boundPort, int targetPort)
+    : DiscoverySocketUdpClient(boundPort, targetPort, IPAddress::Any)
+{
+}
+
+DiscoverySocketUdpClient::DiscoverySocketUdpClient(int boundPort, int targetPort, const IPAddress& address)
+    : localPort(boundPort),
+      remotePort(targetPort),
+      client(MakeClient(Sp<EndPoint>(new IPEndPoint(address, boundPort))))
+{
+}
+
+DiscoverySocketUdpClient::~DiscoverySocketUdpClient()
+{
+    try
+    {
+        if (!closed)
+        {
+            Shutdown();
+        }
+    }
+    catch (const ObjectClosedException&)
+    {
+        // closed under our hands, by whoever asked for the socket: nothing is left to shut down
+    }
+    catch (const SocketException&)
+    {
+        // the close below wakes and releases as well
+    }
+    Close();
+}
+
+Sp<Socket> DiscoverySocketUdpClient::GetSocket()
+{
+    return client->Client();
+}
+
+int DiscoverySocketUdpClient::Receive(const Up<unsigned char[]>& buffer, int size, IPEndPoint& endpoint)
+{
+    return client->Receive(buffer, size, endpoint);
+}
+
+int DiscoverySocketUdpClient::SendTo(const Up<unsigned char[]>& buffer, int size, const IPAddress& address)
+{
+    return client->Send(buffer, size, IPEndPoint(address, remotePort));
+}
+
+int DiscoverySocketUdpClient::Broadcast(const Up<unsigned char[]>& buffer, int size)
+{
+    return client->Send(buffer, size, IPEndPoint(IPAddress::Broadcast, remotePort));
+}
+
+void DiscoverySocketUdpClient::Shutdown()
+{
+    if (shutDown)
+    {
+        return;
+    }
+    const Sp<Socket> socket = client->Client();
+    if (!(socket == Tesmo::null))
+    {
+        socket->Shutdown(SocketShutdown::Both);
+        shutDown = true;
+    }
+}
+
+bool DiscoverySocketUdpClient::IsShutDown() const
+{
+    return shutDown;
+}
+
+void DiscoverySocketUdpClient::Close()
+{
+    if (closed)
+    {
+        return;
+    }
+    client->Close();
+    closed = true;
+}
+
+bool DiscoverySocketUdpClient::IsShutDownFlag() const
+{
+    return shutDown;
+}
+
+bool DiscoverySocketUdpClient::IsClosed() const
+{
+    return closed;
+}
+
+int DiscoverySocketUdpClient::GetLocalPort() const
+{
+    return localPort;
+}
+
+int DiscoverySocketUdpClient::GetRemotePort() const
+{
+    return remotePort;
+}
+} // namespace Zelkor::Discovery
