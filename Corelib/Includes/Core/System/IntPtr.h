@@ -1,41 +1,26 @@
 #pragma once
 
-#include <Core/System/IComparable.h>
-#include <Core/System/IFormattable.h>
-#include <Core/System/Object.h>
-
-#include <cstdint>
+#include <Core/System/PointerWrapper.h>
 
 namespace Tesmo::System
 {
-/// A signed number as wide as a pointer: an address or a native handle.
-class IntPtr : public Object, public IComparable, public IFormattable
+class IntPtr;
+extern template class PointerWrapper<IntPtr, std::intptr_t>;
+
+/// A signed integer of a pointer's size, such as a native handle.
+class IntPtr : public PointerWrapper<IntPtr, std::intptr_t>
 {
 public:
     static const IntPtr Zero;
 
-    constexpr IntPtr() = default;
-    constexpr explicit IntPtr(std::intptr_t number) : value(number) {}
+    constexpr IntPtr() : PointerWrapper(0) {}
+    constexpr IntPtr(std::intptr_t number) : PointerWrapper(number) {}
+    explicit IntPtr(const void* pointer) : PointerWrapper(reinterpret_cast<std::intptr_t>(pointer)) {}
 
-    constexpr std::intptr_t Value() const
-    {
-        return value;
-    }
-
-    /// False for null and for another class.
-    bool Equals(const Object& other) const override;
-    bool operator==(const IntPtr& other) const
-    {
-        return !IsNull(other) && value == other.value;
-    }
-    /// By value; 1 for null and for another class.
-    int CompareTo(const IComparable& other) const override;
-
-    String ToString() const override; ///< decimal
-    /// The formats of the integers of this width.
-    String ToString(const String& format, const IFormatProvider& provider) const override;
-
-private:
-    std::intptr_t value = 0;
+    /// @throws OverflowException  the value does not fit
+    std::int32_t ToInt32() const;
+    std::int64_t ToInt64() const;
 };
+
+inline constinit const IntPtr IntPtr::Zero{};
 } // namespace Tesmo::System

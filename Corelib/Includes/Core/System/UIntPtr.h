@@ -1,41 +1,26 @@
 #pragma once
 
-#include <Core/System/IComparable.h>
-#include <Core/System/IFormattable.h>
-#include <Core/System/Object.h>
-
-#include <cstdint>
+#include <Core/System/PointerWrapper.h>
 
 namespace Tesmo::System
 {
-/// A unsigned number as wide as a pointer: an address or a native handle.
-class UIntPtr : public Object, public IComparable, public IFormattable
+class UIntPtr;
+extern template class PointerWrapper<UIntPtr, std::uintptr_t>;
+
+/// An unsigned integer of a pointer's size.
+class UIntPtr : public PointerWrapper<UIntPtr, std::uintptr_t>
 {
 public:
     static const UIntPtr Zero;
 
-    constexpr UIntPtr() = default;
-    constexpr explicit UIntPtr(std::uintptr_t number) : value(number) {}
+    constexpr UIntPtr() : PointerWrapper(0) {}
+    constexpr UIntPtr(std::uintptr_t number) : PointerWrapper(number) {}
+    explicit UIntPtr(const void* pointer) : PointerWrapper(reinterpret_cast<std::uintptr_t>(pointer)) {}
 
-    constexpr std::uintptr_t Value() const
-    {
-        return value;
-    }
-
-    /// False for null and for another class.
-    bool Equals(const Object& other) const override;
-    bool operator==(const UIntPtr& other) const
-    {
-        return !IsNull(other) && value == other.value;
-    }
-    /// By value; 1 for null and for another class.
-    int CompareTo(const IComparable& other) const override;
-
-    String ToString() const override; ///< decimal
-    /// The formats of the integers of this width.
-    String ToString(const String& format, const IFormatProvider& provider) const override;
-
-private:
-    std::uintptr_t value = 0;
+    /// @throws OverflowException  the value does not fit
+    std::uint32_t ToUInt32() const;
+    std::uint64_t ToUInt64() const;
 };
+
+inline constinit const UIntPtr UIntPtr::Zero{};
 } // namespace Tesmo::System
