@@ -1,0 +1,152 @@
+#include <Core/System/ApplicationException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/BadImageFormatException.h>
+#include <Core/System/DivideByZeroException.h>
+#include <Core/System/EntryPointNotFoundException.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/IO/DirectoryNotFoundException.h>
+#include <Core/System/IO/FileNotFoundException.h>
+#include <Core/System/IndexOutOfRangeException.h>
+#include <Core/System/InvalidCastException.h>
+#include <Core/System/NotImplementedException.h>
+#include <Core/System/NotSupportedException.h>
+#include <Core/System/NullReferenceException.h>
+#include <Core/System/ObjectClosedException.h>
+#include <Core/System/ObjectDisposedException.h>
+#include <Core/System/OutOfMemoryException.h>
+#include <Core/System/OverflowException.h>
+#include <Core/System/Runtime/Serialization/SerializationException.h>
+#include <Core/System/Security/SecurityException.h>
+#include <Core/System/Threading/AbandonedMutexException.h>
+#include <Core/System/Threading/SemaphoreFullException.h>
+#include <Core/System/Threading/ThreadAbortException.h>
+#include <Core/System/Threading/ThreadInterruptedException.h>
+#include <Core/System/Threading/ThreadStateException.h>
+#include <Core/System/Type.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+
+namespace
+{
+/// No stack is taken while an object of this class lives.
+class WithoutStack
+{
+public:
+    WithoutStack()
+    {
+        Exception::StackTraceEnabled = false;
+    }
+    ~WithoutStack()
+    {
+        Exception::StackTraceEnabled = true;
+    }
+};
+
+/// Thrown under its own class and caught under a base, which reports the thrown class and its message.
+template <class Thrown, class Base = SystemException>
+void ExpectMessage(const std::string& message)
+{
+    const WithoutStack off;
+    std::string report;
+    try
+    {
+        throw Thrown("a.cpp", 7);
+    }
+    catch (const Base& caught)
+    {
+        report = caught.ToString().Utf8();
+    }
+    EXPECT_EQ(report, Type(typeid(Thrown)).ToString().Utf8() + ": " + message + "\r\n   in a.cpp:7\r\n");
+}
+} // namespace
+
+TEST(ExceptionTests, EveryClassHasItsBaseAndItsDefaultMessage)
+{
+    ExpectMessage<SystemException, Exception>("System error.");
+    ExpectMessage<ApplicationException, Exception>("Error in the application.");
+    ExpectMessage<ArgumentException>("Value does not fall within the expected range.");
+    ExpectMessage<ArgumentNullException, ArgumentException>("Value cannot be null.");
+    ExpectMessage<ArgumentOutOfRangeException, ArgumentException>(
+        "Specified argument is out of range of valid values.");
+    ExpectMessage<ArithmeticException>("Overflow or underflow in the arithmetic operation.");
+    ExpectMessage<DivideByZeroException, ArithmeticException>("Attempt to divide by zero.");
+    ExpectMessage<OverflowException, ArithmeticException>("Arithmetic operation resulted in an overflow.");
+    ExpectMessage<FormatException>("One of identified items is an invalid format.");
+    ExpectMessage<IndexOutOfRangeException>("Index was outside the bounds of the array.");
+    ExpectMessage<InvalidCastException>("Specified cast is not valid.");
+    ExpectMessage<InvalidOperationException>("Operation is not valid due to the current state of the object.");
+    ExpectMessage<ObjectClosedException, InvalidOperationException>("Cannot access a closed object.");
+    ExpectMessage<ObjectDisposedException, InvalidOperationException>("Cannot access a disposed object.");
+    ExpectMessage<NotImplementedException>("The method or operation is not implemented.");
+    ExpectMessage<NotSupportedException>("Specified method is not supported.");
+    ExpectMessage<NullReferenceException>("Object reference not set to an instance of an object.");
+    ExpectMessage<OutOfMemoryException>("Insufficient memory to continue the execution of the program.");
+    ExpectMessage<TypeLoadException>("Failure has occurred while loading a type");
+    ExpectMessage<EntryPointNotFoundException, TypeLoadException>("Entry point was not found.");
+    ExpectMessage<BadImageFormatException>("Format for the executable or library is invalid.");
+    ExpectMessage<Security::SecurityException>("Security error detected.");
+    ExpectMessage<IO::IOException>("I/O error occured.");
+    ExpectMessage<IO::FileNotFoundException, IO::IOException>("Unable to find the specified file.");
+    ExpectMessage<IO::DirectoryNotFoundException, IO::IOException>(
+        "Attempted to access a path that is not on the disk.");
+    ExpectMessage<Threading::AbandonedMutexException>("The wait completed due to an abandoned mutex.");
+    ExpectMessage<Threading::SemaphoreFullException>(
+        "Adding the specified countto the semaphore wold cause it to exceed its maximum count.");
+    ExpectMessage<Threading::ThreadAbortException>("Thread was aborted.");
+    ExpectMessage<Threading::ThreadInterruptedException>("Thread was interrupted from a waiting state.");
+    ExpectMessage<Threading::ThreadStateException>("Thread was in an invalid state for the operation being executed.");
+    ExpectMessage<Runtime::Serialization::SerializationException>("Serialization error.");
+    ExpectMessage<Exception, Exception>("Exception of type 'Tesmo::System::Exception' was throw.");
+}
+
+TEST(ExceptionTests, EachConstructorSetsMessagePlaceAndInner)
+{
+    const std::string library = "Corelib/Sources/System/Exception.cpp";
+    const Exception inner("inner", "i.cpp", 1);
+    struct Row
+    {
+        Exception exception;
+        std::string file;
+        int line;
+        bool hasInner;
+    };
+    for (const Row& row :
+         {Row{Exception(), library, 10, false}, Row{Exception("m"), library, 31, false},
+          Row{Exception("m", "f.cpp", 5), "f.cpp", 5, false}, Row{Exception("m", inner, "f.cpp", 6), "f.cpp", 6, true},
+          Row{Exception("m", null, "f.cpp", 6), "f.cpp", 6, false}})
+    {
+        SCOPED_TRACE(row.line);
+        EXPECT_EQ(row.exception.File().Utf8(), row.file);
+        EXPECT_EQ(row.exception.Line(), row.line);
+        EXPECT_EQ(&row.exception.InnerException() == &inner, row.hasInner);
+        EXPECT_EQ(IsNull(row.exception.InnerException()), !row.hasInner);
+        EXPECT_EQ(row.exception.ErrorCode(), 0);
+    }
+    EXPECT_EQ(FormatException("m").Message().Utf8(), "m");
+    EXPECT_EQ(FormatException().Message().Utf8(), "One of identified items is an invalid format.");
+    EXPECT_EQ(FormatException("", "f.cpp", 5).Message().Utf8(), FormatException().Message().Utf8());
+}
+
+TEST(ExceptionTests, WhatIsTheReport)
+{
+    const FormatException exception("bad \xC3\xA4", ThrowSite);
+    const std::exception& base = exception;
+    EXPECT_EQ(base.what(), exception.ToString().Utf8());
+}
+
+TEST(ExceptionTests, EqualsComparesClassAndFields)
+{
+    const Exception inner;
+    const FormatException first("m", inner, "f.cpp", 5);
+    EXPECT_TRUE(first.Equals(FormatException("m", inner, "f.cpp", 5)));
+    EXPECT_FALSE(first.Equals(ArgumentException("m", inner, "f.cpp", 5)));
+    EXPECT_FALSE(first.Equals(FormatException("n", inner, "f.cpp", 5)));
+    EXPECT_FALSE(first.Equals(FormatException("m", inner, "g.cpp", 5)));
+    EXPECT_FALSE(first.Equals(FormatException("m", inner, "f.cpp", 6)));
+    EXPECT_FALSE(first.Equals(FormatException("m", "f.cpp", 5)));
+    EXPECT_FALSE(first.Equals(null));
+}

@@ -1,0 +1,157 @@
+// What a stack looks like where symbols are at hand: every build on Linux has them.
+
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Delegate.h>
+#include <Core/System/Diagnostics/StackTrace.h>
+#include <Core/System/FormatException.h>
+
+#include <gtest/gtest.h>
+#include <regex>
+#include <sstream>
+#include <thread>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Tesmo::System::Diagnostics;
+
+namespace Sample
+{
+constexpr const char* ThisFile = "Corelib/Tests/StackTraceLinuxTests.cpp";
+int lineOfThrow = 0;
+
+[[gnu::noinline]] void ThrowsArgumentNull()
+{
+    lineOfThrow = __LINE__ + 1;
+    throw ArgumentNullException(ThrowSite);
+}
+
+[[gnu::noinline]] void ThrowsFormat()
+{
+    lineOfThrow = __LINE__ + 1;
+    throw FormatException(ThrowSite);
+}
+
+[[gnu::noinline]] void ThrowsException()
+{
+    lineOfThrow = __LINE__ + 1;
+    throw Exception(ThrowSite);
+}
+
+[[gnu::noinline]] void CallsThrower(void (*thrower)())
+{
+    thrower();
+}
+
+std::vector<std::string> LinesOfReport(void (*thrower)())
+{
+    std::istringstream report;
+    try
+    {
+        CallsThrower(thrower);
+    }
+    catch (const Exception& exception)
+    {
+        report.str(exception.ToString().Utf8());
+    }
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(report, line);)
+    {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+Sp<StackTrace> lastTrace;
+
+struct Observer
+{
+    [[gnu::noinline]] void TakeTrace()
+    {
+        lastTrace.Reset(new StackTrace(0, true));
+    }
+};
+
+[[gnu::noinline]] StackFrame FrameOfCaller(int skipFrames)
+{
+    return StackFrame(skipFrames, true);
+}
+} // namespace Sample
+
+TEST(StackTraceLinuxTests, AReportBeginsWithTheFunctionThatThrew)
+{
+    struct Row
+    {
+        void (*thrower)();
+        std::string type;
+        std::string function;
+    };
+    for (const Row& row : {Row{Sample::ThrowsArgumentNull, "ArgumentNullException", "Sample::ThrowsArgumentNull\\(\\)"},
+                           Row{Sample::ThrowsFormat, "FormatException", "Sample::ThrowsFormat\\(\\)"},
+                           Row{Sample::ThrowsException, "Exception", "Sample::ThrowsException\\(\\)"}})
+    {
+        const std::vector<std::string> lines = Sample::LinesOfReport(row.thrower);
+        ASSERT_GT(lines.size(), 3u);
+        EXPECT_EQ(lines[0].find("Tesmo::System::" + row.type + ": "), 0u) << lines[0];
+        const std::string place = "in " + std::string(Sample::ThisFile) + ":";
+        const std::string offset = " \\[0x[0-9A-F]{8}\\] ";
+        const std::regex top("   at " + row.function + offset + place + std::to_string(Sample::lineOfThrow) + "\r");
+        EXPECT_TRUE(std::regex_match(lines[1], top)) << lines[1];
+        // where no constructor stands above it, the top frame has two lines: the throw, and its own place
+        const std::size_t caller = lines[2].find("CallsThrower") != std::string::npos ? 2 : 3;
+        const std::regex below("   at Sample::CallsThrower\\(void \\(\\*\\)\\(\\)\\)" + offset + place + "[0-9]+\r");
+        EXPECT_TRUE(std::regex_match(lines[caller], below)) << lines[caller];
+    }
+}
+
+TEST(StackTraceLinuxTests, ACopyReportsTheStackOfItsOriginalOnAnyThread)
+{
+    const auto make = []
+    {
+        try
+        {
+            Sample::ThrowsFormat();
+        }
+        catch (const FormatException& exception)
+        {
+            return exception;
+        }
+        return FormatException();
+    };
+    const FormatException original = make();
+    const FormatException first = original;
+    FormatException second;
+    second = original;
+    std::string firstText;
+    std::thread other([&] { firstText = first.ToString().Utf8(); });
+    const std::string secondText = second.ToString().Utf8();
+    other.join();
+
+    EXPECT_EQ(firstText, secondText);
+    EXPECT_NE(firstText.find("Sample::ThrowsFormat()"), std::string::npos) << firstText;
+}
+
+TEST(StackTraceLinuxTests, DelegatesAreLeftOut)
+{
+    Sample::Observer observer;
+    const Action<> action(observer, &Sample::Observer::TakeTrace);
+    action.Invoke();
+
+    const std::string text = Sample::lastTrace->ToString().Utf8();
+    EXPECT_EQ(text.find("   at Sample::Observer::TakeTrace() in "), 0u) << text;
+    EXPECT_NE(text.find("StackTraceLinuxTests_DelegatesAreLeftOut_Test::TestBody() in "), std::string::npos) << text;
+    EXPECT_EQ(text.find("Delegate<"), std::string::npos) << text;
+    EXPECT_EQ(text.find("Tesmo::Fp<"), std::string::npos) << text;
+}
+
+TEST(StackTraceLinuxTests, SkipsFromTheTopOrFromAMethod)
+{
+    EXPECT_EQ(Sample::FrameOfCaller(0).GetMethod().Utf8(), "Sample::FrameOfCaller(int)");
+    EXPECT_EQ(Sample::FrameOfCaller(0).GetFileName().Utf8(), Sample::ThisFile);
+    EXPECT_NE(Sample::FrameOfCaller(1).GetMethod().Utf8().find("TestBody"), std::string::npos);
+
+    const StackTrace all(0, true);
+    const StackTrace fromBody("TestBody", 1, false);
+    EXPECT_EQ(all.GetFrameCount() - 1, fromBody.GetFrameCount());
+    EXPECT_EQ(fromBody.GetFrame(0)->GetMethod(), all.GetFrame(1)->GetMethod());
+    EXPECT_TRUE(fromBody.GetFrame(0)->GetFileName().IsEmpty());
+}
