@@ -1,0 +1,16 @@
+#pragma once
+
+#include <Discovery/Protocol/DiscoveryMessage.h>
+
+namespace Zelkor::Discovery
+{
+/// Asks every host that receives it for its signature.
+class AllSendYourSignatureMessage : public DiscoveryMessage
+{
+public:
+    AllSendYourSignatureMessage() = default;
+    explicit AllSendYourSignatureMessage(const Tesmo::System::Version& version);
+
+    DiscoveryMessageType GetMessageType() const override;
+};
+} // namespace Zelkor::Discovery

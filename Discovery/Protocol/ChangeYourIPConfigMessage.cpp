@@ -1,0 +1,99 @@
+#include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
+
+#include <Core/System/Exception.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/ThrowSite.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Serialization.Json/JSONArray.h>
+#include <Serialization.Json/JSONObject.h>
+
+namespace Zelkor::Discovery
+{
+using Serialization::Json::JSONArray;
+using Serialization::Json::JSONObject;
+using Serialization::Json::JSONStringer;
+using Tesmo::Sp;
+using Tesmo::System::Exception;
+using Tesmo::System::FormatException;
+using Tesmo::System::String;
+using Tesmo::System::LogStreams::LogStreamChannel;
+using Tesmo::System::LogStreams::LogStreamLevel;
+
+namespace
+{
+const String newNICConfigsKey = "NewNICConfigs";
+
+void LogCritical(const char* text)
+{
+    DiscoveryLogger::Instance().Write(LogStreamChannel("ChangeYourIPConfigMessage"), text, LogStreamLevel::Critical);
+}
+
+/// @returns false where the element is no object or can't be read
+bool ReadElement(const JSONArray& elements, int index, NICConfig& config)
+{
+    try
+    {
+        JSONObject element;
+        if (!elements.TryGetValue(index, element))
+        {
+            return false;
+        }
+        config.ReadJSON(element.ToString());
+        return true;
+    }
+    catch (const Exception&)
+    {
+        return false;
+    }
+}
+} // namespace
+
+ChangeYourIPConfigMessage::ChangeYourIPConfigMessage() : NewNICConfigs(new NICList()) {}
+
+ChangeYourIPConfigMessage::ChangeYourIPConfigMessage(const Tesmo::System::Version& version,
+                                                     const Sp<NICList>& newNICConfigs)
+    : DiscoveryMessage(version, true), NewNICConfigs(newNICConfigs)
+{
+}
+
+DiscoveryMessageType ChangeYourIPConfigMessage::GetMessageType() const
+{
+    return DiscoveryMessageType::ChangeYourIPConfig;
+}
+
+void ChangeYourIPConfigMessage::WriteJSON(JSONStringer& stringer) const
+{
+    DiscoveryMessage::WriteJSON(stringer);
+    stringer.Key(newNICConfigsKey).BeginArray();
+    for (const Sp<NICConfig>& config : *NewNICConfigs)
+    {
+        config->WriteJSON(stringer);
+    }
+    stringer.EndArray();
+}
+
+void ChangeYourIPConfigMessage::ReadJSON(const String& text)
+{
+    DiscoveryMessage::ReadJSON(text);
+    JSONArray elements;
+    if (!JSONObject(text).TryGetValue(newNICConfigsKey, elements))
+    {
+        LogCritical("No \"New NIC Configs\" key !!! => BAD MESSAGE FORMAT !");
+        throw FormatException(ThrowSite);
+    }
+    NewNICConfigs->Clear();
+    const int count = elements.GetLength();
+    for (int i = 0; i < count; ++i)
+    {
+        const Sp<NICConfig> config(new NICConfig());
+        if (ReadElement(elements, i, *config))
+        {
+            NewNICConfigs->Add(config);
+        }
+        else
+        {
+            LogCritical("Failed to parse NIC config !!! Ignoring this one...");
+        }
+    }
+}
+} // namespace Zelkor::Discovery

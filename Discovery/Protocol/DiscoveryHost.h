@@ -1,0 +1,59 @@
+#pragma once
+
+#include <Core/System/Collections/Generic/List.h>
+#include <Core/System/Sp.h>
+#include <Core/System/String.h>
+#include <Discovery/Protocol/DiscoveryHostProduct.h>
+#include <Discovery/Protocol/FileTransferInfos.h>
+#include <Discovery/Protocol/NICConfig.h>
+#include <Serialization.Json/JSONStringer.h>
+
+namespace Zelkor::Discovery
+{
+/// All that is told about a host. A plain value: copies share nothing.
+class DiscoveryHost
+{
+public:
+    using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
+    using ProductList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>;
+
+    DiscoveryHost();
+    DiscoveryHost(const Tesmo::System::String& hostName, bool isHostNameReadOnly, bool rebootRequiredForIPConfigChange,
+                  bool rebootRequiredForHostNameChange, const Tesmo::System::String& deviceType,
+                  const Tesmo::System::String& deviceFamily, const Tesmo::System::String& serialNumber);
+    /// @throws ArgumentNullException  other is null
+    DiscoveryHost(const DiscoveryHost& other);
+    DiscoveryHost& operator=(const DiscoveryHost& other);
+    virtual ~DiscoveryHost() = default;
+
+    virtual Tesmo::Sp<DiscoveryHost> Clone() const;
+
+    /// Writes the record as an object. "FileTransferInfos" is left out when it is empty; a failure in it is logged.
+    virtual Serialization::Json::JSONStringer& WriteJSON(Serialization::Json::JSONStringer& stringer) const;
+
+    /// Reads the record from the text of an object. What was read before a failure stays. A missing or bad
+    /// "FileTransferInfos" is logged and is no failure.
+    /// @throws FormatException    the text is no object
+    /// @throws ArgumentException  "HostName", "DeviceType", "NICs" or "Products" is missing or of another kind
+    /// @throws Exception          an element of the lists can't be read: the failure of its own reading
+    void ReadJSON(const Tesmo::System::String& text);
+
+    /// Append the object itself, not a copy.
+    void AddNIC(const Tesmo::Sp<NICConfig>& nic);
+    void AddProduct(const Tesmo::Sp<DiscoveryHostProduct>& product);
+
+    /// Hosts that differ only in RebootRequiredForHostNameChange are equal, and FileTransferInfos compares one way.
+    bool operator==(const DiscoveryHost& other) const;
+
+    Tesmo::System::String HostName;
+    bool IsHostNameReadOnly = true;
+    bool RebootRequiredForIPConfigChange = false;
+    bool RebootRequiredForHostNameChange = false;
+    Tesmo::System::String DeviceType;
+    Tesmo::System::String DeviceFamily;
+    Tesmo::System::String SerialNumber; ///< shown to operators; nothing is decided on it
+    Tesmo::Sp<NICList> NICs;
+    Tesmo::Sp<ProductList> Products;
+    Tesmo::Sp<Discovery::FileTransferInfos> FileTransferInfos; ///< may be empty: then there is nothing to tell
+};
+} // namespace Zelkor::Discovery

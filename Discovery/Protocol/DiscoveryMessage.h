@@ -1,0 +1,49 @@
+#pragma once
+
+#include <Core/System/String.h>
+#include <Core/System/Version.h>
+#include <Discovery/Protocol/DiscoveryMessageType.h>
+#include <Serialization.Json/JSONStringer.h>
+
+namespace Zelkor::Discovery
+{
+/// Root of the messages: one JSON object a datagram, whose first keys are common to all. A message is made, written once
+/// and dropped, or made, read once and dropped, by one thread at a time.
+///
+/// Readers don't mind the order of the keys, the case of their letters, or keys that they don't know.
+class DiscoveryMessage
+{
+public:
+    virtual ~DiscoveryMessage() = default;
+
+    virtual DiscoveryMessageType GetMessageType() const = 0;
+
+    /// The whole text of the message, without a blank between the tokens.
+    virtual Tesmo::System::String ToJSON() const;
+
+    /// Writes the keys of this class into the open object.
+    virtual void WriteJSON(Serialization::Json::JSONStringer& stringer) const;
+
+    /// Fills the message from the whole text of a message. What was read before a failure stays.
+    /// @throws FormatException  the text is no object, or a key that this class needs is missing or has a bad value
+    /// @throws Exception        a nested record or the version can't be read: the failure of its own reading
+    virtual void ReadJSON(const Tesmo::System::String& text);
+
+    /// The type of a message from its text.
+    /// @throws FormatException    the text is no object, or has no type
+    /// @throws ArgumentException  the type is unknown
+    static DiscoveryMessageType ParseMessageType(const Tesmo::System::String& text);
+
+    Tesmo::System::Version Version; ///< of the protocol
+    /// True when the datagram may reach every host: then a request that concerns one carries that host's hardware
+    /// address. False when it goes to one address.
+    bool Broadcast = true;
+
+protected:
+    DiscoveryMessage();
+    explicit DiscoveryMessage(const Tesmo::System::Version& version);
+    DiscoveryMessage(const Tesmo::System::Version& version, bool broadcast);
+    DiscoveryMessage(const DiscoveryMessage&) = default;
+    DiscoveryMessage& operator=(const DiscoveryMessage&) = default;
+};
+} // namespace Zelkor::Discovery

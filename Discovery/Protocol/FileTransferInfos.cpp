@@ -1,0 +1,67 @@
+#include <Discovery/Protocol/FileTransferInfos.h>
+
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ThrowSite.h>
+#include <Serialization.Json/JSONObject.h>
+
+#include <algorithm>
+
+namespace Zelkor::Discovery
+{
+using Serialization::Json::JSONObject;
+using Serialization::Json::JSONStringer;
+using Tesmo::Sp;
+using Tesmo::System::ArgumentNullException;
+using Tesmo::System::String;
+
+namespace
+{
+const FileTransferInfos& Checked(const FileTransferInfos& source)
+{
+    if (Tesmo::IsNull(source))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    return source;
+}
+} // namespace
+
+FileTransferInfos::FileTransferInfos() : Infos(new Dictionary()) {}
+
+FileTransferInfos::FileTransferInfos(const FileTransferInfos& other) : Infos(new Dictionary(*Checked(other).Infos)) {}
+
+FileTransferInfos& FileTransferInfos::operator=(const FileTransferInfos& other)
+{
+    Infos = Sp<Dictionary>(new Dictionary(*Checked(other).Infos));
+    return *this;
+}
+
+JSONStringer& FileTransferInfos::WriteJSON(JSONStringer& stringer) const
+{
+    for (const auto& [key, value] : *Infos)
+    {
+        stringer.Key(key).Value(value);
+    }
+    return stringer;
+}
+
+void FileTransferInfos::ReadJSON(const String& text)
+{
+    Infos->Clear();
+    const JSONObject object(text);
+    for (const String& key : object.GetKeys())
+    {
+        Infos->Add(key, object.GetString(key));
+    }
+}
+
+bool FileTransferInfos::operator==(const FileTransferInfos& other) const
+{
+    return std::all_of(other.Infos->begin(), other.Infos->end(),
+                       [this](const auto& pair)
+                       {
+                           String value;
+                           return Infos->TryGetValue(pair.first, value) && value == pair.second;
+                       });
+}
+} // namespace Zelkor::Discovery

@@ -1,0 +1,80 @@
+#include <Discovery/Protocol/MACAddress.h>
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/ThrowSite.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace Zelkor::Discovery
+{
+using Tesmo::IsNull;
+using Tesmo::Sp;
+using Tesmo::System::ArgumentException;
+using Tesmo::System::ArgumentNullException;
+using Tesmo::System::Array;
+using Tesmo::System::Byte;
+using Tesmo::System::FormatException;
+using Tesmo::System::String;
+
+MACAddress::MACAddress(const Array<Byte>& source)
+{
+    if (IsNull(source))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    if (source.Length() != Size)
+    {
+        throw ArgumentException(ThrowSite);
+    }
+    std::copy(source.begin(), source.end(), bytes.begin());
+}
+
+MACAddress::MACAddress(const String& text)
+{
+    constexpr int hexadecimal = 16;
+    if (IsNull(text))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    const Sp<Array<String>> groups = text.Split(':');
+    if (groups->Length() > Size)
+    {
+        throw FormatException(ThrowSite);
+    }
+    std::transform(groups->begin(), groups->end(), bytes.begin(),
+                   [](const String& group) { return Byte::Parse(group, hexadecimal); });
+}
+
+MACAddress& MACAddress::operator=(const MACAddress& other)
+{
+    if (IsNull(other))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    bytes = other.bytes;
+    return *this;
+}
+
+String MACAddress::ToString() const
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (const std::uint8_t byte : bytes)
+    {
+        text.append(text.empty() ? "" : ":");
+        text += digits[byte >> 4];
+        text += digits[byte & 0xF];
+    }
+    return String(std::move(text));
+}
+
+bool MACAddress::operator==(const MACAddress& other) const
+{
+    return !IsNull(other) && bytes == other.bytes;
+}
+} // namespace Zelkor::Discovery

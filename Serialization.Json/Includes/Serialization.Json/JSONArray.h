@@ -1,0 +1,55 @@
+#pragma once
+
+#include <Core/System/Object.h>
+#include <Core/System/String.h>
+#include <Serialization.Json/JSONAccess.h>
+#include <Serialization.Json/JSONAllocator.h>
+#include <Serialization.Json/JSONItem.h>
+
+namespace Zelkor::Serialization::Json
+{
+/// A JSON array. Used by one thread at a time; copies share nothing.
+class JSONArray : public JSONAllocator, public Tesmo::System::Object, public JSONAccess<JSONArray, int>
+{
+public:
+    /// An empty array.
+    /// @throws OutOfMemoryException  it could not be made
+    JSONArray();
+
+    /// Parses the first value of the text, which must be an array, by the rules of JSONObject.
+    /// @throws ArgumentNullException  text is null
+    /// @throws FormatException        text does not begin with a valid array
+    explicit JSONArray(const Tesmo::System::String& text);
+
+    /// Prints the source and parses the text.
+    /// @throws ArgumentNullException  other is null
+    JSONArray(const JSONArray& other);
+    JSONArray& operator=(const JSONArray& other);
+
+    ~JSONArray() override = default;
+
+    /// The compact text, without white space.
+    Tesmo::System::String ToString() const override;
+
+    /// The number of elements.
+    int GetLength() const;
+
+private:
+    friend class JSONAccess<JSONArray, int>;
+    friend class JSONAccess<JSONObject, const Tesmo::System::String&>;
+
+    explicit JSONArray(const cJSON& item);
+
+    void Load(const cJSON* item);
+    const cJSON* Locate(int index) const;
+    void Attach(int index, JSONItem value);
+    void Detach(const cJSON* item);
+    [[noreturn]] static void ThrowMissing();
+
+    JSONItem root; ///< empty only after a failed assignment
+
+    /// The element found last: elements are a linked list, and a walk by index shall not begin anew at each step.
+    mutable const cJSON* lastFound = nullptr;
+    mutable int lastIndex = 0;
+};
+} // namespace Zelkor::Serialization::Json

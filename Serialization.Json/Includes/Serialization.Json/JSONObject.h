@@ -1,0 +1,61 @@
+#pragma once
+
+#include <Core/System/Array.h>
+#include <Core/System/Object.h>
+#include <Core/System/String.h>
+#include <Serialization.Json/JSONAccess.h>
+#include <Serialization.Json/JSONAllocator.h>
+#include <Serialization.Json/JSONItem.h>
+
+#include <cstdint>
+
+namespace Zelkor::Serialization::Json
+{
+/// A JSON object: members in document order, equal names kept. Used by one thread at a time; copies share nothing.
+class JSONObject : public JSONAllocator,
+                   public Tesmo::System::Object,
+                   public JSONAccess<JSONObject, const Tesmo::System::String&>
+{
+public:
+    /// An empty object.
+    JSONObject();
+
+    /// Parses the first value of the text, which must be an object; what follows it is not looked at, and a zero byte
+    /// ends the text. More lenient than RFC 8259: any byte from 1 to 32 is white space, strings may hold raw control
+    /// characters and any bytes, a backslash before a character without meaning gives that character, and escaped code
+    /// units that make no character (0, a lone surrogate, no hexadecimal number) give nothing. Containers nest 1000
+    /// deep at most.
+    /// @throws ArgumentNullException  text is null
+    /// @throws FormatException        text does not begin with a valid object
+    explicit JSONObject(const Tesmo::System::String& text);
+
+    /// Prints the source and parses the text.
+    /// @throws ArgumentNullException  other is null
+    JSONObject(const JSONObject& other);
+    JSONObject& operator=(const JSONObject& other);
+
+    ~JSONObject() override = default;
+
+    /// The compact text: no white space, members in document order.
+    Tesmo::System::String ToString() const override;
+
+    /// The names in document order.
+    Tesmo::System::Array<Tesmo::System::String> GetKeys() const;
+    /// The number of members.
+    std::uint32_t GetLength() const;
+
+private:
+    friend class JSONAccess<JSONObject, const Tesmo::System::String&>;
+    friend class JSONAccess<JSONArray, int>;
+
+    explicit JSONObject(const cJSON& item);
+
+    void Load(const cJSON* item);
+    const cJSON* Locate(const Tesmo::System::String& key) const;
+    void Attach(const Tesmo::System::String& key, JSONItem value);
+    void Detach(const cJSON* item);
+    [[noreturn]] static void ThrowMissing();
+
+    JSONItem root; ///< empty only after a failed assignment
+};
+} // namespace Zelkor::Serialization::Json

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <Core/System/Object.h>
+#include <Serialization.Json/JSONItem.h>
+
+#include <cjson/cJSON.h>
+
+#include <limits>
+#include <string>
+
+/// The one place that knows in what cJSON differs from the accepted text and the printed text of this library.
+namespace Zelkor::Serialization::Json::CJSONAdapter
+{
+/// Parses the container that the text begins with.
+/// @param opening  '{' or '[', the first character after white space
+/// @returns an empty item for text that is refused
+JSONItem Parse(const std::string& text, char opening);
+
+/// Appends the compact text of a tree; nothing for a null pointer.
+void Print(const cJSON* item, std::string& text);
+
+/// The item of an object of the class library, null for the null reference.
+/// @throws FormatException       the class has no JSON form
+/// @throws OutOfMemoryException  the item could not be made
+JSONItem Create(const Tesmo::System::Object& value);
+
+/// @throws OutOfMemoryException  the item could not be made
+JSONItem Checked(cJSON* item);
+
+/// The kind of an item, without its flags: one of cJSON_False ... cJSON_Object.
+inline int Kind(const cJSON& item)
+{
+    return item.type & 0xFF;
+}
+
+/// A double as an integer: the fraction is cut off, what lies outside the range becomes its bound, NaN becomes 0.
+template <class T>
+T ToInteger(double value)
+{
+    constexpr double lowest = static_cast<double>(std::numeric_limits<T>::min());
+    constexpr double beyond = static_cast<double>(std::numeric_limits<T>::max() / 2 + 1) * 2.0;
+    if (!(value > lowest))
+    {
+        return value <= lowest ? std::numeric_limits<T>::min() : T{0};
+    }
+    return value < beyond ? static_cast<T>(value) : std::numeric_limits<T>::max();
+}
+} // namespace Zelkor::Serialization::Json::CJSONAdapter

@@ -1,0 +1,426 @@
+#include <Serialization.Json/JSONAccess.h>
+
+#include "CJSONAdapter.h"
+
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Boolean.h>
+#include <Core/System/Double.h>
+#include <Core/System/EnumDeprecated.h>
+#include <Core/System/Int32.h>
+#include <Core/System/Int64.h>
+#include <Core/System/ThrowSite.h>
+#include <Core/System/UInt32.h>
+#include <Core/System/UInt64.h>
+#include <Serialization.Json/JSONArray.h>
+#include <Serialization.Json/JSONObject.h>
+
+#include <string>
+#include <type_traits>
+
+namespace Zelkor::Serialization::Json
+{
+using CJSONAdapter::Kind;
+using CJSONAdapter::ToInteger;
+using Tesmo::System::ArgumentNullException;
+using Tesmo::System::Boolean;
+using Tesmo::System::Double;
+using Tesmo::System::EnumDeprecated;
+using Tesmo::System::Int32;
+using Tesmo::System::Int64;
+using Tesmo::System::Object;
+using Tesmo::System::String;
+using Tesmo::System::UInt32;
+using Tesmo::System::UInt64;
+
+namespace
+{
+template <class T>
+void CheckNull(const T& argument)
+{
+    if (Tesmo::IsNull(argument))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+}
+
+/// Stores the value when out is of class W.
+template <class W, class P>
+bool StoreAs(Object& out, P value)
+{
+    auto* const wrapper = dynamic_cast<W*>(&out);
+    if (wrapper != nullptr)
+    {
+        *wrapper = W(value);
+    }
+    return wrapper != nullptr;
+}
+
+bool StoreNumber(Object& out, double number)
+{
+    const auto integer = ToInteger<std::int32_t>(number);
+    if (auto* const enumeration = dynamic_cast<EnumDeprecated*>(&out))
+    {
+        return enumeration->TryParse(String(std::to_string(integer)), false, *enumeration);
+    }
+    return StoreAs<Int32>(out, integer) || StoreAs<UInt32>(out, ToInteger<std::uint32_t>(number)) ||
+           StoreAs<Int64>(out, std::int64_t{integer}) || StoreAs<UInt64>(out, ToInteger<std::uint64_t>(number)) ||
+           StoreAs<Double>(out, number);
+}
+
+bool StoreText(Object& out, const char* text)
+{
+    auto* const string = dynamic_cast<String*>(&out);
+    if (string != nullptr)
+    {
+        *string = text;
+    }
+    return string != nullptr;
+}
+} // namespace
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::TryGetValue(Key key, std::int32_t& value) const
+{
+    return TryGetNumber(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::TryGetValue(Key key, std::uint32_t& value) const
+{
+    return TryGetNumber(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::TryGetValue(Key key, std::int64_t& value) const
+{
+    return TryGetNumber(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::TryGetValue(Key key, std::uint64_t& value) const
+{
+    return TryGetNumber(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::TryGetValue(Key key, double& value) const
+{
+    return TryGetNumber(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::TryGetValue(Key key, bool& value) const
+{
+    const cJSON* const item = FindKind(key, cJSON_True | cJSON_False);
+    if (item != nullptr)
+    {
+        value = Kind(*item) == cJSON_True;
+    }
+    return item != nullptr;
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::TryGetValue(Key key, Object& value) const
+{
+    const cJSON* const item = Find(key);
+    switch (item == nullptr ? cJSON_Invalid : Kind(*item))
+    {
+    case cJSON_Array:
+        if (auto* const array = dynamic_cast<JSONArray*>(&value))
+        {
+            array->Load(item);
+            return true;
+        }
+        return false;
+    case cJSON_Object:
+        if (auto* const object = dynamic_cast<JSONObject*>(&value))
+        {
+            object->Load(item);
+            return true;
+        }
+        return false;
+    case cJSON_Number:
+        return StoreNumber(value, item->valuedouble);
+    case cJSON_False:
+    case cJSON_True:
+        return StoreAs<Boolean>(value, Kind(*item) == cJSON_True);
+    case cJSON_String:
+        return StoreText(value, item->valuestring);
+    default:
+        return false;
+    }
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::GetBoolean(Key key) const
+{
+    return Kind(Required(key, cJSON_True | cJSON_False)) == cJSON_True;
+}
+
+template <class Document, class Key>
+double JSONAccess<Document, Key>::GetDouble(Key key) const
+{
+    return Required(key, cJSON_Number).valuedouble;
+}
+
+template <class Document, class Key>
+std::int32_t JSONAccess<Document, Key>::GetInt32(Key key) const
+{
+    return ToInteger<std::int32_t>(Required(key, cJSON_Number).valuedouble);
+}
+
+template <class Document, class Key>
+std::uint32_t JSONAccess<Document, Key>::GetUInt32(Key key) const
+{
+    return ToInteger<std::uint32_t>(Required(key, cJSON_Number).valuedouble);
+}
+
+template <class Document, class Key>
+std::int64_t JSONAccess<Document, Key>::GetInt64(Key key) const
+{
+    return ToInteger<std::int64_t>(Required(key, cJSON_Number).valuedouble);
+}
+
+template <class Document, class Key>
+std::uint64_t JSONAccess<Document, Key>::GetUInt64(Key key) const
+{
+    return ToInteger<std::uint64_t>(Required(key, cJSON_Number).valuedouble);
+}
+
+template <class Document, class Key>
+String JSONAccess<Document, Key>::GetString(Key key) const
+{
+    return String(Required(key, cJSON_String).valuestring);
+}
+
+template <class Document, class Key>
+JSONObject JSONAccess<Document, Key>::GetJSONObject(Key key) const
+{
+    return JSONObject(Required(key, cJSON_Object));
+}
+
+template <class Document, class Key>
+JSONArray JSONAccess<Document, Key>::GetJSONArray(Key key) const
+{
+    return JSONArray(Required(key, cJSON_Array));
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::OptBoolean(Key key, bool defaultValue) const
+{
+    TryGetValue(key, defaultValue);
+    return defaultValue;
+}
+
+template <class Document, class Key>
+double JSONAccess<Document, Key>::OptDouble(Key key, double defaultValue) const
+{
+    TryGetValue(key, defaultValue);
+    return defaultValue;
+}
+
+template <class Document, class Key>
+std::int32_t JSONAccess<Document, Key>::OptInt32(Key key, std::int32_t defaultValue) const
+{
+    TryGetValue(key, defaultValue);
+    return defaultValue;
+}
+
+template <class Document, class Key>
+std::int64_t JSONAccess<Document, Key>::OptInt64(Key key, std::int64_t defaultValue) const
+{
+    TryGetValue(key, defaultValue);
+    return defaultValue;
+}
+
+template <class Document, class Key>
+String JSONAccess<Document, Key>::OptString(Key key, const String& defaultValue) const
+{
+    const cJSON* const item = FindKind(key, cJSON_String);
+    return item != nullptr ? String(item->valuestring) : defaultValue;
+}
+
+template <class Document, class Key>
+JSONObject JSONAccess<Document, Key>::OptObject(Key key) const
+{
+    const cJSON* const item = FindKind(key, cJSON_Object);
+    return item != nullptr ? JSONObject(*item) : JSONObject();
+}
+
+template <class Document, class Key>
+JSONObject JSONAccess<Document, Key>::OptObject(Key key, const JSONObject& defaultValue) const
+{
+    const cJSON* const item = FindKind(key, cJSON_Object);
+    return item != nullptr ? JSONObject(*item) : JSONObject(defaultValue);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::Take(Key key, std::int32_t& value)
+{
+    return TakeValue(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::Take(Key key, double& value)
+{
+    return TakeValue(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::Take(Key key, bool& value)
+{
+    return TakeValue(key, value);
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::Take(Key key, Object& value)
+{
+    return TakeValue(key, value);
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, std::int32_t value)
+{
+    Put(key, static_cast<double>(value));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, std::uint32_t value)
+{
+    Put(key, static_cast<double>(value));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, std::int64_t value)
+{
+    Put(key, static_cast<double>(value));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, std::uint64_t value)
+{
+    Put(key, static_cast<double>(value));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, double value)
+{
+    CheckNull(key);
+    static_cast<Document*>(this)->Attach(key, CJSONAdapter::Checked(cJSON_CreateNumber(value)));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, bool value)
+{
+    CheckNull(key);
+    static_cast<Document*>(this)->Attach(key, CJSONAdapter::Checked(cJSON_CreateBool(value)));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, const char* value)
+{
+    Put(key, String(value));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, const String& value)
+{
+    Put(key, static_cast<const Object&>(value));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, const JSONObject& value)
+{
+    CheckNull(key);
+    static_cast<Document*>(this)->Attach(key, std::move(JSONObject(value).root));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, const JSONArray& value)
+{
+    CheckNull(key);
+    static_cast<Document*>(this)->Attach(key, std::move(JSONArray(value).root));
+}
+
+template <class Document, class Key>
+void JSONAccess<Document, Key>::Put(Key key, const Object& value)
+{
+    CheckNull(key);
+    static_cast<Document*>(this)->Attach(key, CJSONAdapter::Create(value));
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::Has(Key key) const
+{
+    return Find(key) != nullptr;
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::IsNull(Key key) const
+{
+    const cJSON* const item = Find(key);
+    return item == nullptr || Kind(*item) == cJSON_NULL;
+}
+
+template <class Document, class Key>
+const cJSON* JSONAccess<Document, Key>::Find(Key key) const
+{
+    CheckNull(key);
+    return static_cast<const Document*>(this)->Locate(key);
+}
+
+/// @param kind  one kind, or several put together
+template <class Document, class Key>
+const cJSON* JSONAccess<Document, Key>::FindKind(Key key, int kind) const
+{
+    const cJSON* const item = Find(key);
+    return item != nullptr && (Kind(*item) & kind) != 0 ? item : nullptr;
+}
+
+template <class Document, class Key>
+const cJSON& JSONAccess<Document, Key>::Required(Key key, int kind) const
+{
+    const cJSON* const item = FindKind(key, kind);
+    if (item == nullptr)
+    {
+        Document::ThrowMissing();
+    }
+    return *item;
+}
+
+template <class Document, class Key>
+template <class T>
+bool JSONAccess<Document, Key>::TryGetNumber(Key key, T& value) const
+{
+    const cJSON* const item = FindKind(key, cJSON_Number);
+    if (item == nullptr)
+    {
+        return false;
+    }
+    if constexpr (std::is_floating_point_v<T>)
+    {
+        value = item->valuedouble;
+    }
+    else
+    {
+        value = ToInteger<T>(item->valuedouble);
+    }
+    return true;
+}
+
+template <class Document, class Key>
+template <class T>
+bool JSONAccess<Document, Key>::TakeValue(Key key, T& value)
+{
+    const cJSON* const item = Find(key);
+    if (!TryGetValue(key, value))
+    {
+        return false;
+    }
+    static_cast<Document*>(this)->Detach(item);
+    return true;
+}
+
+template class JSONAccess<JSONObject, const String&>;
+template class JSONAccess<JSONArray, int>;
+} // namespace Zelkor::Serialization::Json

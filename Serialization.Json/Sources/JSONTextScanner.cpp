@@ -1,0 +1,199 @@
+#include "JSONTextScanner.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace Zelkor::Serialization::Json
+{
+namespace
+{
+constexpr int LongestNumber = 63; // cJSON 1.7 copies a number into 64 bytes and cuts the rest off
+
+/// The code unit of four hexadecimal digits; 0 for other characters; -1 where the string ends within the four.
+int CodeUnit(const char* digits)
+{
+    for (int i = 0; i < 4; ++i)
+    {
+        if (digits[i] == '\0' || digits[i] == '"' || digits[i] == '\\')
+        {
+            return -1;
+        }
+    }
+    int unit = 0;
+    const auto result = std::from_chars(digits, digits + 4, unit, 16);
+    return result.ptr == digits + 4 && *digits != '-' ? unit : 0;
+}
+
+bool IsDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool IsHighSurrogate(int unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool IsLowSurrogate(int unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+} // namespace
+
+JSONTextScanner::JSONTextScanner(const std::string& text) : cursor(text.c_str()), pending(cursor) {}
+
+bool JSONTextScanner::Scan(char opening)
+{
+    while (*cursor > 0 && *cursor <= ' ')
+    {
+        ++cursor;
+    }
+    if (*cursor != opening)
+    {
+        return false;
+    }
+    pending = cursor;
+    do
+    {
+        if (!ScanToken())
+        {
+            return false;
+        }
+    } while (depth > 0);
+    if (isRewritten)
+    {
+        rewritten.append(pending, cursor);
+    }
+    return true;
+}
+
+std::string_view JSONTextScanner::Result() const
+{
+    return isRewritten ? std::string_view(rewritten) : std::string_view(pending, cursor);
+}
+
+bool JSONTextScanner::ScanToken()
+{
+    switch (*cursor)
+    {
+    case '\0':
+        return false;
+    case '"':
+        return ScanString();
+    case '{':
+    case '[':
+        ++depth;
+        break;
+    case '}':
+    case ']':
+        --depth;
+        break;
+    default:
+        if (*cursor == '-' || IsDigit(*cursor))
+        {
+            return ScanNumber();
+        }
+    }
+    ++cursor;
+    return true;
+}
+
+bool JSONTextScanner::ScanString()
+{
+    ++cursor;
+    while (*cursor != '"')
+    {
+        if (*cursor == '\0' || (*cursor == '\\' && !ScanEscape()))
+        {
+            return false;
+        }
+        ++cursor;
+    }
+    ++cursor;
+    return true;
+}
+
+/// Leaves the cursor on the last character of the escape.
+bool JSONTextScanner::ScanEscape()
+{
+    switch (cursor[1])
+    {
+    case '\0':
+        return false;
+    case 'u':
+        return ScanUnicodeEscape();
+    case '"':
+    case '\\':
+    case '/':
+    case 'b':
+    case 'f':
+    case 'n':
+    case 'r':
+    case 't':
+        break;
+    default:
+        Replace(2, std::string_view(cursor + 1, 1));
+    }
+    ++cursor;
+    return true;
+}
+
+/// A code unit that makes no character gives nothing, and so does a pair whose second half is no low surrogate.
+bool JSONTextScanner::ScanUnicodeEscape()
+{
+    constexpr int length = 6;
+    const int unit = CodeUnit(cursor + 2);
+    const bool isPair = IsHighSurrogate(unit) && cursor[length] == '\\' && cursor[length + 1] == 'u';
+    const int second = isPair ? CodeUnit(cursor + length + 2) : 0;
+    if (unit < 0 || second < 0)
+    {
+        return false;
+    }
+    const int consumed = isPair ? 2 * length : length;
+    const bool isCharacter = isPair ? IsLowSurrogate(second)
+                                    : unit != 0 && !IsHighSurrogate(unit) && !IsLowSurrogate(unit);
+    if (!isCharacter)
+    {
+        Replace(consumed, {});
+    }
+    cursor += consumed - 1;
+    return true;
+}
+
+bool JSONTextScanner::ScanNumber()
+{
+    const char* const start = cursor;
+    for (; IsDigit(*cursor) || *cursor == '-' || *cursor == '+' || *cursor == '.' || (*cursor | 0x20) == 'e'; ++cursor)
+    {
+        if (*cursor == '.' && !IsDigit(cursor[1]))
+        {
+            return false;
+        }
+    }
+    if (cursor - start <= LongestNumber)
+    {
+        return true;
+    }
+    const std::string number(start, cursor);
+    char* end = nullptr;
+    const double value = std::strtod(number.c_str(), &end);
+    std::array<char, 32> shortened = {};
+    const char* const last = std::to_chars(shortened.data(), shortened.data() + shortened.size(), value).ptr;
+    cursor = start;
+    Replace(static_cast<int>(number.size()),
+            std::isinf(value) ? (value < 0 ? "-1e999" : "1e999") : std::string_view(shortened.data(), last));
+    cursor += number.size();
+    return *end == '\0';
+}
+
+/// Puts the replacement in the place of the next characters; the cursor stays.
+void JSONTextScanner::Replace(int length, std::string_view replacement)
+{
+    isRewritten = true;
+    rewritten.append(pending, cursor);
+    rewritten.append(replacement);
+    pending = cursor + length;
+}
+} // namespace Zelkor::Serialization::Json
