@@ -1,0 +1,262 @@
+#include <Core/System/Threading/Thread.h>
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/OutOfMemoryException.h>
+#include <Core/System/Threading/EventWaitHandle.h>
+#include <Core/System/Threading/ThreadStateException.h>
+#include <Core/System/TimeSpan.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <thread>
+#include <vector>
+
+using Tesmo::null;
+using Tesmo::Up;
+using namespace Tesmo::System;
+using namespace Tesmo::System::Threading;
+
+namespace
+{
+constexpr int Limit = 10000; // milliseconds; a wait that takes this long has failed
+
+/// What a thread of a test runs, and where it waits.
+class Work : public Object
+{
+public:
+    void Run()
+    {
+        runs++;
+    }
+    void RunWith(Object& given)
+    {
+        parameter = &given;
+    }
+    void RunWithConst(const Object& given)
+    {
+        constParameter = &given;
+    }
+    void Hold()
+    {
+        running.Set();
+        mayEnd.WaitOne();
+    }
+
+    EventWaitHandle running{false, EventResetMode::ManualReset};
+    EventWaitHandle mayEnd{false, EventResetMode::ManualReset};
+    std::atomic<int> runs = 0;
+    const Object* parameter = nullptr;
+    const Object* constParameter = nullptr;
+};
+
+bool Becomes(const Thread& thread, ThreadState::Constant flag)
+{
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(Limit);
+    while (!thread.ThreadState().Has(flag) && std::chrono::steady_clock::now() < end)
+    {
+        std::this_thread::yield();
+    }
+    return thread.ThreadState().Has(flag);
+}
+} // namespace
+
+TEST(ThreadTests, EachFormOfTheParameterReachesItsDelegate)
+{
+    Work work;
+    const Object readOnly;
+
+    Thread plain{ThreadStart(work, &Work::Run)};
+    plain.Start();
+    plain.Join();
+    Thread withParameter{ParameterizedThreadStart(work, &Work::RunWith)};
+    withParameter.Start(work);
+    withParameter.Join();
+    Thread withConst{ConstParameterizedThreadStart(work, &Work::RunWithConst)};
+    withConst.Start(readOnly);
+    withConst.Join();
+    Thread withNull{ThreadStart(work, &Work::Run)};
+    withNull.Start(null);
+    withNull.Join();
+
+    EXPECT_EQ(2, work.runs);
+    EXPECT_EQ(&work, work.parameter);
+    EXPECT_EQ(&readOnly, work.constParameter);
+}
+
+TEST(ThreadTests, AThreadWithoutADelegateIsRefused)
+{
+    EXPECT_THROW(Thread(static_cast<const ThreadStart&>(null)), ArgumentNullException);
+    EXPECT_THROW(Thread{ParameterizedThreadStart()}, ArgumentNullException);
+}
+
+TEST(ThreadTests, StateFollowsTheThreadFromStartToEnd)
+{
+    Work work;
+    Thread thread{ThreadStart(work, &Work::Hold)};
+
+    EXPECT_EQ("Unstarted", thread.ThreadState().ToString());
+    EXPECT_FALSE(thread.IsAlive());
+    EXPECT_EQ(0, thread.ManagedThreadId());
+    EXPECT_TRUE(thread.Handle() == IntPtr::Zero);
+    EXPECT_THROW(thread.Join(0), ThreadStateException);
+    EXPECT_THROW(thread.Priority(), ThreadStateException);
+
+    thread.Start();
+    ASSERT_TRUE(work.running.WaitOne(Limit));
+    EXPECT_TRUE(thread.IsAlive());
+    EXPECT_NE(0, thread.ManagedThreadId());
+    EXPECT_FALSE(thread.Handle() == IntPtr::Zero);
+    EXPECT_TRUE(Becomes(thread, ThreadState::WaitSleepJoin));
+    EXPECT_THROW(thread.Start(), ThreadStateException);
+    EXPECT_THROW(thread.Join(-2), ArgumentException);
+    EXPECT_FALSE(thread.Join(0));
+    EXPECT_FALSE(thread.Join(TimeSpan::FromMilliseconds(1)));
+
+    work.mayEnd.Set();
+    thread.Join();
+    EXPECT_TRUE(thread.Join(0));
+    EXPECT_EQ("Stopped", thread.ThreadState().ToString());
+    EXPECT_FALSE(thread.IsAlive());
+    EXPECT_THROW(thread.Priority(), ThreadStateException);
+    EXPECT_THROW(thread.Start(), ThreadStateException);
+}
+
+TEST(ThreadTests, CombinedStatesPrintTheHighestFirst)
+{
+    EXPECT_EQ("WaitSleepJoin, Unstarted", ThreadState(40).ToString());
+    EXPECT_EQ("Running", ThreadState(0).ToString());
+    EXPECT_EQ("BelowNormal", ThreadPriority(1).ToString());
+}
+
+TEST(ThreadTests, NormalPriorityCanBeSetAtEveryMoment)
+{
+    Work work;
+    Thread thread{ThreadStart(work, &Work::Hold)};
+    thread.Priority(ThreadPriority::Normal);
+    thread.Start();
+    ASSERT_TRUE(work.running.WaitOne(Limit));
+    thread.Priority(ThreadPriority::Normal);
+    EXPECT_TRUE(thread.Priority() == ThreadPriority::Normal);
+
+    thread.Priority(ThreadPriority::BelowNormal);
+    EXPECT_TRUE(thread.Priority() == ThreadPriority::BelowNormal);
+
+    work.mayEnd.Set();
+    thread.Join();
+    EXPECT_NO_THROW(thread.Priority(ThreadPriority::Normal));
+}
+
+TEST(ThreadTests, APriorityGivenBeforeTheStartHolds)
+{
+    Work work;
+    Thread thread{ThreadStart(work, &Work::Hold)};
+    thread.Priority(ThreadPriority::Lowest);
+    thread.Start();
+    EXPECT_TRUE(thread.Priority() == ThreadPriority::Lowest);
+    work.mayEnd.Set();
+    thread.Join();
+}
+
+TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)
+{
+    EXPECT_THROW(Thread::Sleep(-2), ArgumentException);
+    EXPECT_NO_THROW(Thread::Sleep(0));
+    const auto start = std::chrono::steady_clock::now();
+    Thread::Sleep(20);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(20));
+}
+
+TEST(ThreadTests, CurrentThreadIsTheSameRecordInsideAndOutside)
+{
+    class Inside : public Object
+    {
+    public:
+        void Run()
+        {
+            const Up<Thread> self = Thread::CurrentThread();
+            self->Name("renamed");
+            id = self->ManagedThreadId();
+            alive = self->IsAlive();
+        }
+        long long id = 0;
+        bool alive = false;
+    };
+    Inside inside;
+    Thread thread{ThreadStart(inside, &Inside::Run)};
+    thread.Name("first");
+    thread.Start();
+    thread.Join();
+
+    EXPECT_EQ(thread.ManagedThreadId(), inside.id);
+    EXPECT_TRUE(inside.alive);
+    EXPECT_EQ("renamed", thread.Name());
+    EXPECT_EQ(Thread::CurrentThread()->ManagedThreadId(), Thread::CurrentThread()->ManagedThreadId());
+}
+
+TEST(ThreadTests, AThreadOfAnotherLibraryHasAStateToo)
+{
+    std::thread foreign(
+        []
+        {
+            EXPECT_TRUE(Thread::CurrentThread()->IsAlive());
+            EXPECT_THROW(Thread::CurrentThread()->Start(), ThreadStateException);
+            Thread::Sleep(1);
+        });
+    foreign.join();
+}
+
+TEST(ThreadTests, AThreadOutlivesItsObject)
+{
+    Work work;
+    EventWaitHandle ended(false, EventResetMode::ManualReset);
+    class Body : public Object
+    {
+    public:
+        Body(Work& givenWork, EventWaitHandle& givenEnd) : work(givenWork), end(givenEnd) {}
+        void Run()
+        {
+            work.Hold();
+            end.Set();
+        }
+        Work& work;
+        EventWaitHandle& end;
+    } body(work, ended);
+    {
+        Thread thread{ThreadStart(body, &Body::Run)};
+        thread.Start();
+    }
+    ASSERT_TRUE(work.running.WaitOne(Limit));
+    work.mayEnd.Set();
+    EXPECT_TRUE(ended.WaitOne(Limit));
+}
+
+TEST(ThreadTests, TheTableHolds2047ThreadsAndTakesBackTheirPlaces)
+{
+    Work work;
+    std::vector<std::unique_ptr<Thread>> threads;
+    const auto startOne = [&]
+    {
+        threads.push_back(std::make_unique<Thread>(ThreadStart(work, &Work::Hold), 1));
+        threads.back()->Start();
+    };
+    for (int count = 0; count < 2047; ++count)
+    {
+        ASSERT_NO_THROW(startOne()) << count;
+    }
+
+    EXPECT_THROW(startOne(), OutOfMemoryException);
+    Thread& refused = *threads.back();
+    EXPECT_EQ("Unstarted", refused.ThreadState().ToString());
+
+    work.mayEnd.Set();
+    for (std::size_t index = 0; index < 2047; ++index)
+    {
+        threads[index]->Join();
+    }
+    threads.erase(threads.begin(), threads.begin() + 2047);
+    EXPECT_NO_THROW(refused.Start());
+    refused.Join();
+}

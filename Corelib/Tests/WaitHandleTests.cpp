@@ -1,0 +1,267 @@
+#include <Core/System/ApplicationException.h>
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/IO/IOException.h>
+#include <Core/System/InvalidOperationException.h>
+#include <Core/System/Threading/AbandonedMutexException.h>
+#include <Core/System/Threading/AutoResetEvent.h>
+#include <Core/System/Threading/Mutex.h>
+#include <Core/System/Threading/Semaphore.h>
+#include <Core/System/Threading/SemaphoreFullException.h>
+#include <Core/System/TimeSpan.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <climits>
+#include <future>
+#include <thread>
+#include <vector>
+
+using Tesmo::null;
+using namespace Tesmo::System;
+using namespace Tesmo::System::Threading;
+
+namespace
+{
+constexpr int Limit = 10000; // milliseconds; a wait that takes this long has failed
+
+template <class Action>
+auto OnAnotherThread(Action action)
+{
+    return std::async(std::launch::async, action).get();
+}
+} // namespace
+
+TEST(SemaphoreTests, ReleaseGivesTheCountBeforeIt)
+{
+    Semaphore permits(0, 512);
+    EXPECT_EQ(0, permits.Release());
+    EXPECT_EQ(1, permits.Release(3));
+    EXPECT_EQ(4, permits.Release());
+    EXPECT_TRUE(permits.WaitOne(0));
+    EXPECT_EQ(4, permits.Release());
+}
+
+TEST(SemaphoreTests, ReleaseBeyondTheMaximumThrowsAndKeepsTheCount)
+{
+    Semaphore permits(0, 2);
+    permits.Release();
+    EXPECT_THROW(permits.Release(2), SemaphoreFullException);
+    EXPECT_THROW(permits.Release(INT_MAX), SemaphoreFullException);
+    EXPECT_THROW(permits.Release(0), IO::IOException);
+    EXPECT_EQ(1, permits.Release());
+    try
+    {
+        permits.Release();
+        FAIL();
+    }
+    catch (const SemaphoreFullException& failure)
+    {
+        EXPECT_EQ("Adding the specified countto the semaphore wold cause it to exceed its maximum count.",
+                  failure.Message());
+    }
+}
+
+TEST(SemaphoreTests, CountsAreCheckedBeforeAnythingIsMade)
+{
+    EXPECT_THROW(Semaphore(2, 1), ArgumentException);
+    EXPECT_THROW(Semaphore(0, 0), ArgumentException);
+    EXPECT_THROW(Semaphore(-1, 1), IO::IOException);
+    EXPECT_NO_THROW(Semaphore(1, 1));
+}
+
+TEST(SemaphoreTests, EveryPermitLetsOneOfManyWaitersPass)
+{
+    constexpr int Rounds = 2000;
+    Semaphore permits(0, INT_MAX);
+    std::atomic<int> taken = 0;
+    std::vector<std::thread> waiters;
+    for (int index = 0; index < 3; ++index)
+    {
+        waiters.emplace_back(
+            [&]
+            {
+                while (permits.WaitOne() && ++taken <= Rounds)
+                {
+                }
+            });
+    }
+    for (int round = 0; round < Rounds + 3; ++round) // the last three end the waiters
+    {
+        permits.Release();
+    }
+    for (std::thread& waiter : waiters)
+    {
+        waiter.join();
+    }
+    EXPECT_EQ(Rounds + 3, taken);
+    EXPECT_FALSE(permits.WaitOne(0));
+}
+
+TEST(EventWaitHandleTests, OneSetOfAnAutoResetEventReleasesExactlyOneWaiter)
+{
+    AutoResetEvent event(false);
+    Semaphore passed(0, 2);
+    std::vector<std::thread> waiters;
+    for (int index = 0; index < 2; ++index)
+    {
+        waiters.emplace_back(
+            [&]
+            {
+                event.WaitOne();
+                passed.Release();
+            });
+    }
+    event.Set();
+    EXPECT_TRUE(passed.WaitOne(Limit));
+    EXPECT_FALSE(passed.WaitOne(20));
+    event.Set();
+    EXPECT_TRUE(passed.WaitOne(Limit));
+    for (std::thread& waiter : waiters)
+    {
+        waiter.join();
+    }
+}
+
+TEST(EventWaitHandleTests, AManualResetEventStaysSetUntilReset)
+{
+    EventWaitHandle event(true, EventResetMode::ManualReset);
+    EXPECT_TRUE(event.WaitOne(0));
+    EXPECT_TRUE(event.WaitOne(TimeSpan::Zero));
+    EXPECT_TRUE(event.Reset());
+    EXPECT_FALSE(event.WaitOne(0));
+    EXPECT_FALSE(event.WaitOne(5));
+}
+
+TEST(MutexTests, ItsOwnerEntersAgainAndOthersWait)
+{
+    Mutex mutex(true);
+    EXPECT_TRUE(mutex.WaitOne(0));
+    EXPECT_FALSE(OnAnotherThread([&] { return mutex.WaitOne(5); }));
+    mutex.ReleaseMutex();
+    EXPECT_FALSE(OnAnotherThread([&] { return mutex.WaitOne(0); }));
+    mutex.ReleaseMutex();
+    EXPECT_TRUE(OnAnotherThread(
+        [&]
+        {
+            const bool taken = mutex.WaitOne(0);
+            mutex.ReleaseMutex();
+            return taken;
+        }));
+    EXPECT_THROW(mutex.ReleaseMutex(), ApplicationException);
+}
+
+TEST(MutexTests, ReleaseByANonOwnerThrowsAndChangesNothing)
+{
+    Mutex mutex(true);
+    OnAnotherThread([&] { EXPECT_THROW(mutex.ReleaseMutex(), ApplicationException); });
+    EXPECT_FALSE(OnAnotherThread([&] { return mutex.WaitOne(0); }));
+    mutex.ReleaseMutex();
+}
+
+TEST(MutexTests, AnOwnerThatEndsPassesTheMutexOnWithTheResultFalse)
+{
+    Mutex mutex;
+    Mutex forgotten;
+    OnAnotherThread(
+        [&]
+        {
+            forgotten.WaitOne();
+            return mutex.WaitOne();
+        });
+    forgotten.Close();
+    EXPECT_FALSE(mutex.WaitOne());
+    EXPECT_TRUE(mutex.WaitOne()); // it is owned already
+    mutex.ReleaseMutex();
+    mutex.ReleaseMutex();
+    EXPECT_TRUE(mutex.WaitOne(0));
+    mutex.ReleaseMutex();
+}
+
+TEST(MutexTests, ItMayBeClosedWhileAnotherThreadOwnsIt)
+{
+    Mutex mutex;
+    AutoResetEvent owned(false);
+    AutoResetEvent closed(false);
+    std::thread owner(
+        [&]
+        {
+            mutex.WaitOne();
+            owned.Set();
+            closed.WaitOne();
+        });
+    owned.WaitOne();
+    mutex.Close();
+    closed.Set();
+    owner.join();
+}
+
+TEST(WaitHandleTests, EachKindHasItsOwnFailureOnceItIsClosed)
+{
+    Mutex mutex;
+    Semaphore semaphore(0, 1);
+    AutoResetEvent event(true);
+    Semaphore copy(semaphore);
+    EXPECT_TRUE(copy.Equals(semaphore));
+    for (WaitHandle* const handle :
+         {static_cast<WaitHandle*>(&mutex), static_cast<WaitHandle*>(&semaphore), static_cast<WaitHandle*>(&event)})
+    {
+        EXPECT_THROW(handle->WaitOne(-2), ArgumentException);
+        handle->Close();
+        handle->Close();
+        EXPECT_THROW(handle->WaitOne(), AbandonedMutexException);
+        EXPECT_THROW(handle->WaitOne(0), AbandonedMutexException);
+        EXPECT_FALSE(handle->Equals(*handle));
+    }
+    EXPECT_THROW(mutex.ReleaseMutex(), IO::IOException);
+    EXPECT_THROW(semaphore.Release(), InvalidOperationException);
+    EXPECT_THROW(event.Set(), AbandonedMutexException);
+    EXPECT_THROW(WaitHandle::SignalAndWait(copy, mutex), IO::IOException);
+    EXPECT_EQ(1, copy.WaitOne(0) ? 1 : 0); // the copy still has the native object
+}
+
+TEST(WaitHandleTests, SignalAndWaitDoesBoth)
+{
+    AutoResetEvent first(false);
+    Semaphore second(1, 1);
+    EXPECT_TRUE(WaitHandle::SignalAndWait(first, second));
+    EXPECT_TRUE(first.WaitOne(0));
+    EXPECT_FALSE(WaitHandle::SignalAndWait(first, second, 0));
+    EXPECT_TRUE(first.WaitOne(0));
+    EXPECT_THROW(WaitHandle::SignalAndWait(first, second, TimeSpan::FromMilliseconds(-1)), ArgumentOutOfRangeException);
+    EXPECT_THROW(WaitHandle::SignalAndWait(first, second, TimeSpan::FromDays(25)), ArgumentOutOfRangeException);
+}
+
+TEST(WaitHandleTests, NamedObjectsAreSharedByNameAndKind)
+{
+    const String name = "Zelkor wait handle test";
+    bool createdNew = false;
+    Semaphore first(1, 3, name, createdNew);
+    EXPECT_TRUE(createdNew);
+    {
+        Semaphore second(0, 9, name, createdNew);
+        EXPECT_FALSE(createdNew);
+        EXPECT_TRUE(second.WaitOne(0));
+        EXPECT_EQ(0, Semaphore::OpenExisting(name).Release());
+        EXPECT_EQ(1, first.Release(2));
+        EXPECT_THROW(second.Release(), SemaphoreFullException);
+    }
+    EXPECT_THROW(Mutex(false, name), IO::IOException);
+    EXPECT_THROW(EventWaitHandle::OpenExisting(name), IO::IOException);
+    first.Close();
+    EXPECT_THROW(Semaphore::OpenExisting(name), IO::IOException);
+    EXPECT_NO_THROW(Mutex(false, name));
+}
+
+TEST(WaitHandleTests, NamesAreChecked)
+{
+    EXPECT_NO_THROW(Mutex(false, String(U'n', 128)));
+    EXPECT_THROW(Mutex(false, String(U'n', 129)), ArgumentException);
+    EXPECT_THROW(Mutex(false, static_cast<const String&>(null)), ArgumentNullException);
+    EXPECT_THROW(Mutex::OpenExisting(""), ArgumentNullException);
+    EXPECT_THROW(Semaphore::OpenExisting(null), ArgumentNullException);
+    bool createdNew = false;
+    EventWaitHandle unnamed(false, EventResetMode::AutoReset, "", createdNew);
+    EXPECT_TRUE(createdNew);
+}
