@@ -52,7 +52,7 @@ private:
 } // namespace
 
 ANSIEncoding::ANSIEncoding(int number, const CodePageTable& codePageTable, const char* workerName)
-    : Encoding(codePage),
+    : Encoding(number),
       table(&codePageTable),
       className(workerName)
 {
