@@ -1,0 +1,97 @@
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/InvalidOperationException.h>
+#include <Core/System/NotSupportedException.h>
+
+#include <Core/System/Net/Dns.h>
+#include <Core/System/Net/IPEndPoint.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace Tesmo::System::Net
+{
+TEST(IPEndPointTests, PrintsComparesAndChecksItsPort)
+{
+    IPEndPoint endPoint(IPAddress(10, 0, 0, 1), 12001);
+    EXPECT_EQ("10.0.0.1:12001", endPoint.ToString().Utf8());
+    EXPECT_TRUE(endPoint.Equals(IPEndPoint(IPAddress(10, 0, 0, 1), 12001)));
+    EXPECT_FALSE(endPoint.Equals(IPEndPoint(IPAddress(10, 0, 0, 1), 12000)));
+    EXPECT_FALSE(endPoint.Equals(null));
+
+    EXPECT_EQ(65535, IPEndPoint(IPAddress::Any, 65535).Port());
+    EXPECT_THROW(IPEndPoint(IPAddress::Any, 65536), ArgumentOutOfRangeException);
+    EXPECT_THROW(IPEndPoint(IPAddress::Any, -1), ArgumentOutOfRangeException);
+    EXPECT_THROW(endPoint.Port(65536), ArgumentOutOfRangeException);
+    EXPECT_THROW(IPEndPoint(static_cast<const IPAddress&>(null), 1), ArgumentNullException);
+
+    endPoint.Address(IPAddress::Parse("0:0:0:0:0:0:0:1"));
+    EXPECT_EQ("InterNetworkV6", endPoint.AddressFamily().ToString().Utf8());
+}
+
+TEST(IPEndPointTests, SerializesToTheRawFormAndBack)
+{
+    struct Row
+    {
+        const char* address;
+        int size;
+        std::vector<std::pair<int, int>> bytes; ///< offset and value of those that are not 0
+    };
+    const Row rows[] = {
+        {"10.0.2.1", 16, {{0, 2}, {2, 0x2E}, {3, 0xE1}, {4, 10}, {6, 2}, {7, 1}}},
+        {"0:258:0:0:0:0:0:1%772", 28, {{0, 23}, {2, 0x2E}, {3, 0xE1}, {10, 1}, {11, 2}, {23, 1}, {24, 4}, {25, 3}}},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.address);
+        const IPEndPoint endPoint(IPAddress::Parse(row.address), 12001);
+        std::vector<unsigned char> expected(static_cast<std::size_t>(row.size));
+        for (const auto& [offset, value] : row.bytes)
+        {
+            expected[static_cast<std::size_t>(offset)] = static_cast<unsigned char>(value);
+        }
+
+        const SocketAddress raw = endPoint.Serialize();
+        EXPECT_TRUE(raw.Equals(SocketAddress(expected.data(), row.size)));
+        const Up<EndPoint> back = IPEndPoint(IPAddress::Any, 0).Create(raw);
+        EXPECT_TRUE(back->Equals(endPoint)) << back->ToString().Utf8();
+    }
+}
+
+TEST(IPEndPointTests, RefusesRawFormsThatHoldNoAddress)
+{
+    const IPEndPoint any(IPAddress::Any, 0);
+    for (const int size : {2, 7})
+    {
+        EXPECT_THROW(any.Create(SocketAddress(Sockets::AddressFamily::InterNetwork, size)), ArgumentException);
+    }
+    EXPECT_THROW(any.Create(SocketAddress(Sockets::AddressFamily::InterNetworkV6, 27)), ArgumentException);
+    EXPECT_THROW(any.Create(SocketAddress(Sockets::AddressFamily::Unix, 28)), ArgumentException);
+    EXPECT_THROW(any.Create(null), ArgumentNullException);
+    EXPECT_THROW(SocketAddress(Sockets::AddressFamily::Unix, 1), ArgumentOutOfRangeException);
+
+    const EndPoint plain(Sockets::AddressFamily::InterNetworkV6);
+    EXPECT_EQ(2, plain.Serialize().Size());
+    EXPECT_EQ(23, plain.Serialize()[0]);
+    EXPECT_THROW(plain.Create(plain.Serialize()), NotSupportedException);
+}
+
+TEST(DnsTests, LooksUpThisHost)
+{
+    const IPAddress loopback(127, 0, 0, 1);
+    for (const char* text : {"localhost", "127.0.0.1"})
+    {
+        SCOPED_TRACE(text);
+        const Array<IPAddress> addresses = Dns::GetHostAddresses(text);
+        EXPECT_TRUE(std::any_of(addresses.begin(), addresses.end(),
+                                [&](const IPAddress& address) { return address == loopback; }));
+    }
+    EXPECT_FALSE(Dns::GetHostEntry(loopback).HostName().IsEmpty());
+    EXPECT_FALSE(Dns::GetHostName().IsEmpty());
+    EXPECT_THROW(Dns::GetHostAddresses(String('a', 300)), InvalidOperationException);
+    EXPECT_THROW(Dns::GetHostAddresses(null), ArgumentNullException);
+}
+} // namespace Tesmo::System::Net

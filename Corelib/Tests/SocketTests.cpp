@@ -1,0 +1,218 @@
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/IndexOutOfRangeException.h>
+#include <Core/System/InvalidOperationException.h>
+#include <Core/System/NullReferenceException.h>
+#include <Core/System/ObjectClosedException.h>
+
+#include <Core/System/Net/Sockets/SocketException.h>
+#include <Core/System/Net/Sockets/UdpClient.h>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+
+namespace Tesmo::System::Net::Sockets
+{
+namespace
+{
+using Collections::Generic::List;
+
+constexpr int Room = 16;
+
+const IPEndPoint& Loopback()
+{
+    static const IPEndPoint endPoint(IPAddress(127, 0, 0, 1), 0);
+    return endPoint;
+}
+
+const IPEndPoint& LocalOf(const Socket& socket)
+{
+    return dynamic_cast<const IPEndPoint&>(socket.LocalEndPoint());
+}
+
+Up<unsigned char[]> Bytes(const char* text = "")
+{
+    Up<unsigned char[]> bytes(new unsigned char[Room]());
+    std::memcpy(bytes.Get(), text, std::strlen(text));
+    return bytes;
+}
+
+bool BroadcastOption(Socket& socket)
+{
+    bool value = false;
+    socket.GetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Broadcast, value);
+    return value;
+}
+
+int CodeOf(const std::function<void()>& call)
+{
+    try
+    {
+        call();
+    }
+    catch (const SocketException& failure)
+    {
+        EXPECT_EQ(failure.SocketErrorCode().Value(), failure.ErrorCode());
+        EXPECT_EQ("The Socket operation failed.", failure.Message().Utf8());
+        return failure.ErrorCode();
+    }
+    return 0;
+}
+} // namespace
+
+TEST(SocketTests, DatagramsCarryTheirSender)
+{
+    UdpClient one(Loopback());
+    UdpClient two(Loopback());
+    ASSERT_EQ(4, one.Send(Bytes("ping"), 4, LocalOf(*two.Client())));
+    ASSERT_EQ(4, one.Send(Bytes("pong"), 4, LocalOf(*two.Client())));
+
+    const auto buffer = Bytes();
+    IPEndPoint sender(IPAddress::Any, 0);
+    EXPECT_EQ(4, two.Receive(buffer, Room, sender));
+    EXPECT_TRUE(sender.Equals(one.Client()->LocalEndPoint())) << sender.ToString().Utf8();
+
+    Sp<EndPoint> other(new IPEndPoint(IPAddress::Any, 0));
+    EXPECT_EQ(4, two.Client()->ReceiveFrom(buffer, Room, 2, Room - 2, SocketFlags::None, other));
+    EXPECT_STREQ("pipong", reinterpret_cast<const char*>(buffer.Get()));
+    EXPECT_TRUE(other->Equals(one.Client()->LocalEndPoint()));
+}
+
+TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
+{
+    const UdpClient client(Loopback());
+    Socket& socket = *client.Client();
+    IPEndPoint sender(IPAddress::Any, 0);
+    Sp<EndPoint> none;
+    struct Row
+    {
+        int length;
+        int offset;
+        int size;
+    };
+    for (const Row& row : {Row{0, 0, 0}, Row{Room, Room, 0}, Row{Room, -1, 1}, Row{Room, 1, Room}, Row{Room, 0, -1}})
+    {
+        SCOPED_TRACE(row.offset);
+        const auto buffer = Bytes();
+        EXPECT_THROW(socket.SendTo(buffer, row.length, row.offset, row.size, SocketFlags::None, Loopback()),
+                     IndexOutOfRangeException);
+        EXPECT_THROW(socket.ReceiveFrom(buffer, row.length, row.offset, row.size, SocketFlags::None, sender),
+                     IndexOutOfRangeException);
+    }
+    EXPECT_THROW(socket.SendTo(null, 1, 0, 1, SocketFlags::None, Loopback()), ArgumentNullException);
+    EXPECT_THROW(socket.SendTo(Bytes(), Room, 0, 1, SocketFlags::None, null), ArgumentNullException);
+    EXPECT_THROW(socket.ReceiveFrom(Up<unsigned char[]>(), 1, 0, 1, SocketFlags::None, sender), ArgumentNullException);
+    EXPECT_THROW(socket.ReceiveFrom(Bytes(), Room, 0, 1, SocketFlags::None, none), ArgumentNullException);
+    EXPECT_THROW(socket.Bind(null), ArgumentNullException);
+    EXPECT_THROW(socket.Bind(none), ArgumentNullException);
+
+    socket.Close();
+    socket.Close();
+    EXPECT_THROW(socket.SendTo(Bytes(), 0, 0, 0, SocketFlags::None, Loopback()), IndexOutOfRangeException);
+    EXPECT_THROW(socket.SendTo(Bytes(), Room, 0, 1, SocketFlags::None, Loopback()), ObjectClosedException);
+    EXPECT_THROW(socket.ReceiveFrom(Bytes(), Room, 0, 1, SocketFlags::None, sender), ObjectClosedException);
+    EXPECT_THROW(socket.Shutdown(SocketShutdown::Both), ObjectClosedException);
+    EXPECT_THROW(socket.Bind(Sp<EndPoint>(new IPEndPoint(Loopback()))), ObjectClosedException);
+    EXPECT_THROW(BroadcastOption(socket), ObjectClosedException);
+}
+
+TEST(SocketTests, FailuresTellTheirNumber)
+{
+    UdpClient one(Loopback());
+    UdpClient two(Loopback());
+    one.Send(Bytes("too long"), 8, LocalOf(*two.Client()));
+    IPEndPoint sender(IPAddress::Any, 0);
+
+    EXPECT_EQ(SocketError::MessageSize, CodeOf([&] { two.Receive(Bytes(), 7, sender); }));
+    EXPECT_EQ(SocketError::AddressAlreadyInUse, CodeOf([&] { UdpClient third(LocalOf(*one.Client())); }));
+    Socket stream(AddressFamily::InterNetwork, SocketType::Stream, ProtocolType::Tcp);
+    EXPECT_EQ(SocketError::NotConnected, CodeOf([&] { stream.Listen(1); }));
+    EXPECT_NE(0, CodeOf([] { Socket none(AddressFamily::InterNetwork, SocketType::Dgram, ProtocolType::Tcp); }));
+
+    const SocketException original(SocketError::ConnectionReset, "file.cpp", 7);
+    const SocketException copy(original);
+    EXPECT_TRUE(copy.SocketErrorCode() == SocketError::ConnectionReset && copy.Equals(original));
+}
+
+TEST(SocketTests, OnlyABroadcastSwitchesTheBroadcastOptionOn)
+{
+    UdpClient listener(0);
+    UdpClient sender(Loopback());
+    const int port = LocalOf(*listener.Client()).Port();
+
+    sender.Send(Bytes("one"), 3, IPEndPoint(IPAddress(127, 0, 0, 1), port));
+    EXPECT_FALSE(BroadcastOption(*sender.Client()));
+    sender.Send(Bytes("two"), 3, IPEndPoint(IPAddress::Broadcast, port));
+    EXPECT_TRUE(BroadcastOption(*sender.Client()));
+}
+
+TEST(SocketTests, TrueIsPassedOnWithAllBitsSet)
+{
+    UdpClient client;
+    client.Client()->SetSocketOption(SocketOptionLevel::IP, SocketOptionName::TypeOfService, true);
+
+    int value = 0;
+    client.Client()->GetSocketOption(SocketOptionLevel::IP, SocketOptionName::TypeOfService, value);
+    EXPECT_EQ(255, value & 255);
+}
+
+TEST(SocketTests, AUdpClientNeedsItsSocket)
+{
+    UdpClient client(Loopback());
+    IPEndPoint sender(IPAddress::Any, 0);
+    EXPECT_THROW(client.Send(null, 1, Loopback()), NullReferenceException);
+    client.Connect(LocalOf(*client.Client()));
+    EXPECT_THROW(client.Send(Bytes(), 1, Loopback()), InvalidOperationException);
+    EXPECT_EQ(2, client.Send(Bytes("hi"), 2));
+    EXPECT_EQ(2, client.Receive(Bytes(), Room, sender));
+    client.Client()->Disconnect();
+    EXPECT_FALSE(client.Client()->IsConnected());
+
+    client.Client(Sp<Socket>());
+    EXPECT_THROW(client.Send(Bytes(), 1, Loopback()), NullReferenceException);
+    EXPECT_THROW(client.Receive(Bytes(), Room, sender), NullReferenceException);
+    EXPECT_THROW(client.Close(), NullReferenceException);
+}
+
+TEST(SocketTests, AStreamConnectsAndIsSelected)
+{
+    const auto make = [] { return new Socket(AddressFamily::InterNetwork, SocketType::Stream, ProtocolType::Tcp); };
+    const Sp<Socket> listener(make());
+    const Sp<Socket> client(make());
+    listener->Bind(Sp<EndPoint>(new IPEndPoint(Loopback())));
+    listener->Listen(1);
+    client->Connect(listener->LocalEndPoint());
+    const Sp<Socket> server = listener->Accept();
+    ASSERT_EQ(2, client->Send(Bytes("hi"), Room, 0, 2, SocketFlags::None));
+
+    List<Sp<Socket>> readable;
+    List<Sp<Socket>> writable;
+    List<Sp<Socket>> failed;
+    readable.Add(client);
+    readable.Add(server);
+    writable.Add(server);
+    Socket::Select(readable, writable, failed, 10'000'000);
+
+    ASSERT_EQ(1, readable.Count());
+    EXPECT_TRUE(readable[0] == server);
+    EXPECT_EQ(1, writable.Count());
+    EXPECT_EQ(2, server->GetAvailable());
+    EXPECT_EQ(2, server->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
+    server->SetBlocking(false);
+    EXPECT_EQ(SocketError::WouldBlock, CodeOf([&] { server->Receive(Bytes(), Room, 0, Room, SocketFlags::None); }));
+    server->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, LingerOption(true, 3));
+    LingerOption linger(false, 0);
+    server->GetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, linger);
+    EXPECT_TRUE(linger.Enabled() && linger.LingerTime() == 3);
+}
+
+TEST(SocketTests, EnumerationsPrintTheirNames)
+{
+    EXPECT_EQ("MessageSize", SocketError(10040).ToString().Utf8());
+    EXPECT_EQ("10099", SocketError(10099).ToString().Utf8());
+    EXPECT_EQ("Peek, OutOfBand", SocketFlags(3).ToString().Utf8());
+    EXPECT_EQ("ReuseAddress", SocketOptionName(SocketOptionName::ReuseAddress).ToString().Utf8());
+    EXPECT_EQ("InterNetwork", AddressFamily(2).ToString().Utf8());
+}
+} // namespace Tesmo::System::Net::Sockets

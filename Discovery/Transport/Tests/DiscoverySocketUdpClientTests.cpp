@@ -1,0 +1,212 @@
+#include <Core/System/IndexOutOfRangeException.h>
+#include <Core/System/NullReferenceException.h>
+#include <Core/System/ObjectClosedException.h>
+
+#include <Core/System/Net/Sockets/SocketException.h>
+
+#include <Discovery/Transport/DiscoveryPorts.h>
+#include <Discovery/Transport/DiscoverySocketUdpClient.h>
+#include <Discovery/Transport/DiscoverySocketUdpClientFactory.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstring>
+#include <future>
+#include <latch>
+#include <string>
+
+namespace Zelkor::Discovery
+{
+namespace
+{
+using Tesmo::null;
+using Tesmo::Sp;
+using Tesmo::Up;
+using Tesmo::System::IndexOutOfRangeException;
+using Tesmo::System::NullReferenceException;
+using Tesmo::System::ObjectClosedException;
+using Tesmo::System::Net::IPAddress;
+using Tesmo::System::Net::IPEndPoint;
+using Tesmo::System::Net::Sockets::SocketError;
+using Tesmo::System::Net::Sockets::SocketException;
+using Tesmo::System::Net::Sockets::SocketOptionLevel;
+using Tesmo::System::Net::Sockets::SocketOptionName;
+using Tesmo::System::Net::Sockets::UdpClient;
+
+const IPAddress& Loopback()
+{
+    static const IPAddress address(127, 0, 0, 1);
+    return address;
+}
+
+int PortOf(const UdpClient& client)
+{
+    return dynamic_cast<const IPEndPoint&>(client.Client()->LocalEndPoint()).Port();
+}
+
+int FreePort()
+{
+    const UdpClient chosen(0);
+    return PortOf(chosen);
+}
+
+Up<unsigned char[]> Bytes(const std::string& text)
+{
+    Up<unsigned char[]> bytes(new unsigned char[text.size() + 1]());
+    std::memcpy(bytes.Get(), text.data(), text.size());
+    return bytes;
+}
+
+/// The administration side: hears what is sent to the remote port.
+class Listener
+{
+public:
+    Listener() : port(PortOf(client))
+    {
+        client.Client()->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReceiveTimeout, 10000);
+    }
+
+    std::string Hear()
+    {
+        const Up<unsigned char[]> buffer(new unsigned char[64]());
+        const int size = client.Receive(buffer, 64, sender);
+        return std::string(reinterpret_cast<const char*>(buffer.Get()), static_cast<std::size_t>(size));
+    }
+
+    UdpClient client = UdpClient(0);
+    const int port;
+    IPEndPoint sender = IPEndPoint(IPAddress::Any, 0);
+};
+
+/// The code that a Receive ends with when end runs on another thread; NotSocket for an ObjectClosedException.
+template <class End>
+int CodeOfReceiveEndedBy(IDiscoverySocket& socket, End end)
+{
+    std::latch together(2);
+    auto receive = std::async(std::launch::async,
+                              [&]
+                              {
+                                  const Up<unsigned char[]> buffer(new unsigned char[16]());
+                                  IPEndPoint sender(IPAddress::Broadcast, 0);
+                                  together.arrive_and_wait();
+                                  try
+                                  {
+                                      return socket.Receive(buffer, 16, sender);
+                                  }
+                                  catch (const SocketException& failure)
+                                  {
+                                      return failure.SocketErrorCode().Value();
+                                  }
+                                  catch (const ObjectClosedException&)
+                                  {
+                                      return static_cast<int>(SocketError::NotSocket);
+                                  }
+                              });
+    together.arrive_and_wait();
+    end();
+    EXPECT_EQ(std::future_status::ready, receive.wait_for(std::chrono::seconds(20)));
+    return receive.get();
+}
+} // namespace
+
+TEST(DiscoveryPortsTests, TheDefaultIsOneSharedPairOfPorts)
+{
+    const Sp<DiscoveryPorts> ports = DiscoveryPorts::Default();
+
+    EXPECT_EQ(12000, ports->GetLocalPort());
+    EXPECT_EQ(12001, ports->GetRemotePort());
+    EXPECT_EQ(&*ports, &*DiscoveryPorts::Default());
+}
+
+TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndSendFromItToTheRemotePort)
+{
+    Listener administration;
+    const int port = FreePort();
+    DiscoverySocketUdpClient shared(port, administration.port);
+    DiscoverySocketUdpClient second(port, administration.port);
+    DiscoverySocketUdpClientFactory factory(port, administration.port);
+    const Sp<IDiscoverySocket> bound = factory.Create(Loopback());
+
+    for (IDiscoverySocket* socket : {static_cast<IDiscoverySocket*>(&shared), &*bound})
+    {
+        EXPECT_EQ(5, socket->SendTo(Bytes("hello"), 5, Loopback()));
+        EXPECT_EQ("hello", administration.Hear());
+        EXPECT_TRUE(administration.sender.Equals(IPEndPoint(Loopback(), port)));
+        EXPECT_EQ(port, socket->GetLocalPort());
+        EXPECT_EQ(administration.port, socket->GetRemotePort());
+    }
+}
+
+TEST(DiscoverySocketUdpClientTests, BroadcastsWithoutAnOptionSetByHand)
+{
+    Listener administration;
+    DiscoverySocketUdpClient socket(FreePort(), administration.port, Loopback());
+
+    EXPECT_EQ(3, socket.Broadcast(Bytes("one"), 3));
+    EXPECT_EQ("one", administration.Hear());
+    EXPECT_EQ(3, socket.SendTo(Bytes("two"), 3, IPAddress::Broadcast));
+    EXPECT_EQ("two", administration.Hear());
+
+    EXPECT_THROW(socket.Broadcast(Bytes(""), 0), IndexOutOfRangeException);
+    EXPECT_THROW(socket.Broadcast(Up<unsigned char[]>(), 1), NullReferenceException);
+}
+
+TEST(DiscoverySocketUdpClientTests, ATakenPortIsASocketException)
+{
+    const UdpClient owner(0);
+
+    try
+    {
+        DiscoverySocketUdpClient socket(PortOf(owner), 1);
+        ADD_FAILURE() << "bound a port that its owner does not share";
+    }
+    catch (const SocketException& failure)
+    {
+        EXPECT_TRUE(failure.SocketErrorCode() == SocketError::AddressAlreadyInUse) << failure.what();
+    }
+}
+
+TEST(DiscoverySocketUdpClientTests, ShutdownAndCloseWakeTheReceiver)
+{
+    for (int round = 0; round < 50; ++round)
+    {
+        DiscoverySocketUdpClient one(FreePort(), 1, Loopback());
+        ASSERT_EQ(SocketError::Shutdown, CodeOfReceiveEndedBy(one, [&] { one.Shutdown(); }));
+        ASSERT_TRUE(one.IsShutDown() && one.IsShutDownFlag() && !one.IsClosed());
+
+        DiscoverySocketUdpClient two(FreePort(), 1, Loopback());
+        const int code = CodeOfReceiveEndedBy(two, [&] { two.Close(); });
+        ASSERT_TRUE(code == SocketError::Interrupted || code == SocketError::NotSocket) << code;
+        ASSERT_TRUE(!two.IsShutDown() && two.IsClosed());
+    }
+}
+
+TEST(DiscoverySocketUdpClientTests, EndsOnceInEitherOrder)
+{
+    DiscoverySocketUdpClient one(FreePort(), 1);
+    one.Shutdown();
+    one.Shutdown();
+    one.Close();
+    one.Close();
+    EXPECT_NO_THROW(one.Shutdown());
+    EXPECT_THROW(one.SendTo(Bytes("late"), 4, Loopback()), ObjectClosedException);
+
+    DiscoverySocketUdpClient two(FreePort(), 1);
+    two.Close();
+    EXPECT_THROW(two.Shutdown(), ObjectClosedException);
+    EXPECT_FALSE(two.IsShutDown());
+    EXPECT_FALSE(two.IsShutDownFlag());
+}
+
+TEST(DiscoverySocketUdpClientTests, IsSilentlyDestroyedAfterACloseFromOutside)
+{
+    const int port = FreePort();
+    {
+        DiscoverySocketUdpClient socket(port, 1);
+        socket.GetSocket()->Close();
+        EXPECT_FALSE(socket.IsClosed());
+    }
+    EXPECT_NO_THROW(UdpClient{port}) << "the port is free again";
+}
+} // namespace Zelkor::Discovery
