@@ -97,12 +97,12 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, EachAdapterBecomesARecordInTheHostsOr
     AddAdapter("", 6, "", "", "");
 
     DiscoveryClientDataGatewayW32 gateway;
-    List<Sp<NICConfig>>& configs = *gateway.GetNICConfigs();
+    const Sp<List<Sp<NICConfig>>> configs = gateway.GetNICConfigs();
 
-    ASSERT_EQ(3, configs.Count());
-    EXPECT_EQ("second A0:A1:A2:A3:A4:A5 10.1.2.3/255.255.0.0/10.1.0.1 gateway Unknown", Describe(*configs[0]));
-    EXPECT_EQ("first A0:A1:A2:A3:A4:A5 10.2.2.3/255.0.0.0/255.255.255.255 none Unknown", Describe(*configs[1]));
-    EXPECT_EQ(" A0:A1:A2:A3:A4:A5 0.0.0.0/0.0.0.0/255.255.255.255 none Unknown", Describe(*configs[2]));
+    ASSERT_EQ(3, configs->Count());
+    EXPECT_EQ("second A0:A1:A2:A3:A4:A5 10.1.2.3/255.255.0.0/10.1.0.1 gateway Unknown", Describe(*(*configs)[0]));
+    EXPECT_EQ("first A0:A1:A2:A3:A4:A5 10.2.2.3/255.0.0.0/255.255.255.255 none Unknown", Describe(*(*configs)[1]));
+    EXPECT_EQ(" A0:A1:A2:A3:A4:A5 0.0.0.0/0.0.0.0/255.255.255.255 none Unknown", Describe(*(*configs)[2]));
     EXPECT_EQ(3, gateway.GetMACAddress()->Count());
     EXPECT_TRUE(rows.empty());
 }
