@@ -199,4 +199,9 @@ String operator+(const char* left, const String& right)
 {
     return String(left) + right;
 }
+
+String Detail::TextOf(const Object& object)
+{
+    return NotNull(object).ToString();
+}
 } // namespace Tesmo::System

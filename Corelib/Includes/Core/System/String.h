@@ -13,6 +13,7 @@
 #include <Core/System/UString.h>
 #include <Core/System/Up.h>
 
+#include <concepts>
 #include <string>
 
 namespace Tesmo::System
@@ -111,6 +112,7 @@ public:
     int IndexOf(const String& value) const;
     int IndexOf(const String& value, int startIndex) const;
     int IndexOf(const String& value, int startIndex, int count) const;
+    /// The backward searches begin at startIndex and end count code points before it.
     int LastIndexOf(char32 value) const;
     int LastIndexOf(char32 value, int startIndex) const;
     int LastIndexOf(char32 value, int startIndex, int count) const;
@@ -129,13 +131,14 @@ public:
     bool EndsWith(const String& value, bool ignoreCase) const;
 
     String Substring(int startIndex) const;
+    /// A length past the end is cut down; -1 means all that remains.
     String Substring(int startIndex, int length) const;
     String Insert(int startIndex, const String& value) const;
     String Remove(int startIndex) const;
     String Remove(int startIndex, int count) const;
     String Replace(char32 oldChar, char32 newChar) const;
-    String Replace(const String& oldValue, const String& newValue) const;
-    String PadLeft(int totalWidth) const; ///< pads with blanks (code 32)
+    String Replace(const String& oldValue, const String& newValue) const; ///< an empty oldValue changes nothing
+    String PadLeft(int totalWidth) const;                                 ///< pads with blanks (code 32)
     String PadLeft(int totalWidth, char32 paddingChar) const;
     String PadRight(int totalWidth) const;
     String PadRight(int totalWidth, char32 paddingChar) const;
@@ -149,6 +152,7 @@ public:
     String TrimEnd(const Array<char32, 1>& trimChars) const;
     static String Join(const String& separator, const Array<String, 1>& values);
     static String Join(const String& separator, const Array<String, 1>& values, int startIndex, int count);
+    /// count is the most entries to make: the last one takes the rest. A separator at the end makes no entry behind it.
     Sp<Array<String, 1>> Split(char32 separator) const;
     Sp<Array<String, 1>> Split(const Array<char32, 1>& separators) const;
     Sp<Array<String, 1>> Split(const Array<char32, 1>& separators, int count) const;
@@ -195,6 +199,32 @@ private:
 String operator+(const String& left, const String& right);
 String operator+(const String& left, const char* right);
 String operator+(const char* left, const String& right);
+
+namespace Detail
+{
+/// @throws ArgumentNullException  object is null
+String TextOf(const Object& object);
+} // namespace Detail
+
+/// An object contributes its ToString(). Two numbers add up as numbers.
+template <std::derived_from<Object> L, std::derived_from<Object> R>
+requires(!(std::convertible_to<L, double> && std::convertible_to<R, double>)) String operator+(const L& left,
+                                                                                               const R& right)
+{
+    return Detail::TextOf(left) + Detail::TextOf(right);
+}
+
+template <std::derived_from<Object> L>
+String operator+(const L& left, const char* right)
+{
+    return Detail::TextOf(left) + right;
+}
+
+template <std::derived_from<Object> R>
+String operator+(const char* left, const R& right)
+{
+    return left + Detail::TextOf(right);
+}
 } // namespace Tesmo::System
 
 #include <Core/System/FormatArgument.h> // IWYU pragma: export: defines the Format templates

@@ -4,13 +4,18 @@
 #include <Core/System/IComparable.h>
 #include <Core/System/IHashable.h>
 #include <Core/System/Object.h>
+#include <Core/System/Runtime/Serialization/ISerializable.h>
 
 #include <compare>
 
 namespace Tesmo::System
 {
 /// A version of two to four numbers: "1.2", "1.2.3", "1.2.3.4".
-class Version : public Object, public ICloneable, public IComparable, public IHashable
+class Version : public Object,
+                public ICloneable,
+                public IComparable,
+                public IHashable,
+                public Runtime::Serialization::ISerializable
 {
 public:
     /// "0.0"
