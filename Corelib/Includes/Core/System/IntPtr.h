@@ -15,7 +15,10 @@ public:
 
     constexpr IntPtr() : PointerWrapper(0) {}
     constexpr IntPtr(std::intptr_t number) : PointerWrapper(number) {}
-    explicit IntPtr(const void* pointer) : PointerWrapper(reinterpret_cast<std::intptr_t>(pointer)) {}
+    template <class T>
+    explicit IntPtr(T* pointer) : PointerWrapper(reinterpret_cast<std::intptr_t>(pointer))
+    {
+    }
 
     /// @throws OverflowException  the value does not fit
     std::int32_t ToInt32() const;

@@ -15,7 +15,10 @@ public:
 
     constexpr UIntPtr() : PointerWrapper(0) {}
     constexpr UIntPtr(std::uintptr_t number) : PointerWrapper(number) {}
-    explicit UIntPtr(const void* pointer) : PointerWrapper(reinterpret_cast<std::uintptr_t>(pointer)) {}
+    template <class T>
+    explicit UIntPtr(T* pointer) : PointerWrapper(reinterpret_cast<std::uintptr_t>(pointer))
+    {
+    }
 
     /// @throws OverflowException  the value does not fit
     std::uint32_t ToUInt32() const;

@@ -1,0 +1,110 @@
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/DateTime.h>
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+
+namespace
+{
+constexpr long long Epoch = 621355968000000000; // ticks at the start of 1970
+constexpr long long Last = 3155378975999999999; // of the year 9999
+} // namespace
+
+TEST(DateTimeTests, TicksHaveBounds)
+{
+    EXPECT_EQ("01/01/0001 00:00:00", DateTime(0).ToString().Utf8());
+    EXPECT_EQ("31/12/9999 23:59:59", DateTime(Last).ToString().Utf8());
+    EXPECT_THROW(DateTime(Last + 1), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(-1), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(Last + 1, DateTimeKind::Utc), ArgumentOutOfRangeException);
+    EXPECT_EQ(0, DateTime::MinValue.Ticks());
+    EXPECT_EQ(Last, DateTime::MaxValue.Ticks());
+    EXPECT_THROW(DateTime(DateTime::MaxValue) + TimeSpan(1LL), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(0) - TimeSpan(1LL), ArgumentOutOfRangeException);
+}
+
+TEST(DateTimeTests, CalendarFieldsAreCheckedAndComeBack)
+{
+    const DateTime moment(2024, 2, 29, 23, 59, 58, 997);
+    EXPECT_EQ(2024, moment.Year());
+    EXPECT_EQ(2, moment.Month());
+    EXPECT_EQ(29, moment.Day());
+    EXPECT_EQ(23, moment.Hour());
+    EXPECT_EQ(59, moment.Minute());
+    EXPECT_EQ(58, moment.Second());
+    EXPECT_EQ(997, moment.Millisecond());
+    EXPECT_EQ(DayOfWeek::Thursday, moment.DayOfWeek());
+    EXPECT_EQ(60, moment.DayOfYear());
+    EXPECT_EQ(DateTimeKind::Unspecified, moment.Kind());
+    EXPECT_EQ(Epoch, DateTime(1970, 1, 1).Ticks());
+    EXPECT_EQ(0, DateTime(1, 1, 1).Ticks());
+    EXPECT_THROW(DateTime(2023, 2, 29), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(0, 1, 1), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(10000, 1, 1), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(2000, 13, 1), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(2000, 1, 0), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(2000, 1, 1, 24, 0, 0), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(2000, 1, 1, 0, -1, 0), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(2000, 1, 1, 0, 0, 60), ArgumentOutOfRangeException);
+    EXPECT_THROW(DateTime(2000, 1, 1, 0, 0, 0, 1000), ArgumentOutOfRangeException);
+}
+
+TEST(DateTimeTests, TextFormsFollowTheirPatterns)
+{
+    const DateTime moment(987, 6, 5, 4, 3, 2, DateTimeKind::Utc);
+    EXPECT_EQ("05/06/0987 04:03:02", moment.ToString().Utf8());
+    EXPECT_EQ("Tuesday 05 June 0987", moment.ToLongDateString().Utf8());
+    EXPECT_EQ("04:03:02", moment.ToLongTimeString().Utf8());
+    EXPECT_EQ("05/06/0987", moment.ToShortDateString().Utf8());
+    EXPECT_EQ("04:03", moment.ToShortTimeString().Utf8());
+    EXPECT_EQ("100%Y 0987", moment.ToString("100%%Y %Y").Utf8());
+    EXPECT_EQ(moment.ToString().Utf8(), moment.ToString("").Utf8());
+    EXPECT_EQ("1970-01-01", DateTime(Epoch).ToString("%Y-%m-%d").Utf8());
+    EXPECT_EQ(std::string(5000, 'x') + "00", DateTime(Epoch).ToString(String(std::string(5000, 'x') + "%H")).Utf8());
+    EXPECT_THROW(moment.ToString(null), ArgumentNullException);
+}
+
+TEST(DateTimeTests, NowCountsUtcAndReadsLocal)
+{
+    const std::time_t before = std::time(nullptr);
+    const DateTime now = DateTime::Now();
+    const DateTime utc = DateTime::UtcNow();
+    const std::time_t after = std::time(nullptr);
+    EXPECT_EQ(DateTimeKind::Local, now.Kind());
+    EXPECT_EQ(DateTimeKind::Utc, utc.Kind());
+    EXPECT_LE(now.Ticks(), utc.Ticks());
+    EXPECT_GE((now.Ticks() - Epoch) / TimeSpan::TicksPerSecond, before - 1); // time() may run a clock tick behind
+    EXPECT_LE((utc.Ticks() - Epoch) / TimeSpan::TicksPerSecond, after + 1);
+    EXPECT_EQ(now.Ticks(), now.ToUniversalTime().Ticks());
+    EXPECT_EQ(DateTimeKind::Utc, now.ToUniversalTime().Kind());
+    EXPECT_EQ(DateTimeKind::Local, utc.ToLocalTime().Kind());
+    EXPECT_EQ("00:00:00", DateTime::Today().ToLongTimeString().Utf8());
+    EXPECT_LT((now - DateTime::Today()).TotalHours(), 26); // a day may have 25 hours
+}
+
+TEST(DateTimeTests, LocalFieldsComeBackFromTheConstructor)
+{
+    const DateTime local(2021, 7, 15, 10, 30, 0, DateTimeKind::Local);
+    EXPECT_EQ("15/07/2021 10:30:00", local.ToString().Utf8());
+    EXPECT_EQ(10, local.Hour());
+}
+
+TEST(DateTimeTests, OnlyTheTicksCompare)
+{
+    const DateTime moment(Epoch, DateTimeKind::Utc);
+    EXPECT_TRUE(moment == DateTime(Epoch, DateTimeKind::Local));
+    EXPECT_TRUE(moment.Equals(DateTime(Epoch)));
+    EXPECT_FALSE(moment.Equals(DateTime(Epoch + 1)));
+    EXPECT_EQ(moment.GetHashCode(), DateTime(Epoch).GetHashCode());
+    EXPECT_TRUE(moment < DateTime(Epoch + 1));
+    EXPECT_EQ(0, moment.CompareTo(DateTime(Epoch)));
+    EXPECT_EQ(1, moment.CompareTo(null));
+    EXPECT_EQ(5, (DateTime(Epoch + 5) - moment).Ticks());
+    EXPECT_EQ(DateTimeKind::Utc, (moment + TimeSpan(1LL)).Kind());
+    EXPECT_THROW(moment.Add(null), ArgumentNullException);
+}

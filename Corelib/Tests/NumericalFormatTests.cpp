@@ -1,0 +1,146 @@
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Byte.h>
+#include <Core/System/Double.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/Int16.h>
+#include <Core/System/Int32.h>
+#include <Core/System/Int64.h>
+#include <Core/System/NumericalFormat.h>
+#include <Core/System/SByte.h>
+#include <Core/System/Single.h>
+#include <Core/System/UInt32.h>
+#include <Core/System/UInt64.h>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+
+TEST(NumericalFormatTests, FormatsAreTakenApart)
+{
+    struct Row
+    {
+        const char* format;
+        char letter;
+        int precision;
+    };
+    for (const Row& row : {Row{"", 'G', 0}, Row{"D4", 'd', 4}, Row{"P", 'p', 0}, Row{"B8", 'b', 8}, Row{"N2", 'n', 2},
+                           Row{"F0", 'f', 0}, Row{"g", 'g', 0}, Row{"G7", 'G', 7}, Row{"x2", 'x', 2}, Row{"X", 'X', 0},
+                           Row{"Z9", 0, 0}, Row{"d4x", 0, 0}, Row{"d-4", 0, 0}, Row{"d99999999999", 0, 0}})
+    {
+        SCOPED_TRACE(row.format);
+        char32 letter;
+        int precision = -1;
+        NumericalFormat::ParseFormat(row.format, letter, precision);
+        EXPECT_EQ(char32(row.letter), letter);
+        EXPECT_EQ(row.precision, precision);
+    }
+    char32 letter;
+    int precision = 0;
+    EXPECT_THROW(NumericalFormat::ParseFormat(null, letter, precision), ArgumentNullException);
+    EXPECT_THROW(Int32(1).ToString(null), ArgumentNullException);
+}
+
+TEST(NumericalFormatTests, IntegersPrintByTheirFormat)
+{
+    struct Row
+    {
+        int value;
+        const char* format;
+        const char* text;
+    };
+    for (const Row& row : {
+             Row{-5, "d2", "-05"},
+             Row{-5, "d3", "-005"},
+             Row{-55, "d2", "-55"},
+             Row{5, "D4", "0005"},
+             Row{0, "d", "0"},
+             Row{Int32::MinValue, "d", "-2147483648"},
+             Row{255, "x", "ff"},
+             Row{255, "X8", "000000FF"},
+             Row{-1, "x10", "00ffffffff"},
+             Row{5, "b", "101"},
+             Row{5, "b8", "00000101"},
+             Row{-1, "b", "11111111111111111111111111111111"},
+             Row{7, "f", "7.00"},
+             Row{7, "f3", "7.000"},
+             Row{7, "f0", "7."},
+             Row{1234567, "n", "1,234,567.00"},
+             Row{-123456, "n1", "-123,456.0"},
+             Row{-123, "n1", "-123.0"},
+             Row{12, "p", "1,200 %"},
+             Row{-12, "p1", "-1,200.0 %"},
+             Row{0, "p", "0 %"},
+             Row{0, "p2", "0.00 %"},
+             Row{12345, "g", "12345"},
+             Row{12345, "g3", "1.23e+04"},
+             Row{-12345, "G3", "-1.23E+04"},
+             Row{12345, "", "12345"},
+             Row{1, "Z9", "Z9"},
+             Row{1, "y", "y"},
+             Row{1, "dd", ""},
+         })
+    {
+        EXPECT_EQ(row.text, Int32(row.value).ToString(row.format).Utf8()) << row.value << " by " << row.format;
+    }
+}
+
+TEST(NumericalFormatTests, WidthOfTheTypeDecidesThePattern)
+{
+    EXPECT_EQ("80", SByte(-128).ToString("x").Utf8());
+    EXPECT_EQ("10000000", SByte(-128).ToString("b").Utf8());
+    EXPECT_EQ("fffe", Int16(-2).ToString("x").Utf8());
+    EXPECT_EQ("ffffffffffffffff", Int64(-1).ToString("x").Utf8());
+    EXPECT_EQ("18446744073709551615", UInt64(UInt64::MaxValue).ToString().Utf8());
+    EXPECT_EQ("1.844674407E+19", UInt64(UInt64::MaxValue).ToString("G").Utf8());
+    EXPECT_EQ("-9223372036854775808", Int64(Int64::MinValue).ToString().Utf8());
+    EXPECT_EQ("999999999999999999", Int64(999999999999999999).ToString("g19").Utf8());
+}
+
+TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormat)
+{
+    struct Row
+    {
+        double value;
+        const char* format;
+        const char* text;
+    };
+    for (const Row& row : {
+             Row{0.1, "g", "0.1"},
+             Row{0.1, "g17", "0.10000000000000001"},
+             Row{1e15, "g", "1e+15"},
+             Row{1e-7, "G", "1E-07"},
+             Row{1e300, "", "1E+300"},
+             Row{-0.0, "g", "0"},
+             Row{1.005, "f", "1.00"},
+             Row{2.5, "f0", "2"},
+             Row{-0.001, "f", "0.00"},
+             Row{1234567.891, "n", "1,234,567.89"},
+             Row{-1234.5, "n0", "-1,234"},
+             Row{0.1234, "p", "12.34 %"},
+             Row{12.5, "p0", "1250 %"},
+         })
+    {
+        EXPECT_EQ(row.text, Double(row.value).ToString(row.format).Utf8()) << row.value << " by " << row.format;
+    }
+    EXPECT_EQ("0.1", Single(0.1F).ToString().Utf8());
+    EXPECT_EQ("3.40282346638529e+38", Double(Single::MaxValue).ToString().Utf8());
+    EXPECT_EQ(static_cast<std::size_t>(1 + 1 + 2000), Double(1).ToString("f2000").Utf8().size());
+}
+
+TEST(NumericalFormatTests, WhatIsNoNumberHasANameUnderEveryFormat)
+{
+    EXPECT_EQ("NaN", Double(Double::NaN).ToString("d").Utf8());
+    EXPECT_EQ("Infinity", Double(Double::PositiveInfinity).ToString().Utf8());
+    EXPECT_EQ("-Infinity", Single(Single::NegativeInfinity).ToString("f").Utf8());
+}
+
+TEST(NumericalFormatTests, IntegerFormatsAreNoneForFloatingNumbers)
+{
+    for (const char* const format : {"d", "x", "X", "b", "0.00"})
+    {
+        EXPECT_THROW(Double(1).ToString(format), FormatException) << format;
+    }
+}

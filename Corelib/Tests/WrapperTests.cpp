@@ -1,0 +1,167 @@
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Boolean.h>
+#include <Core/System/Byte.h>
+#include <Core/System/Char.h>
+#include <Core/System/Convert.h>
+#include <Core/System/DateTime.h>
+#include <Core/System/Double.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/Int16.h>
+#include <Core/System/Int32.h>
+#include <Core/System/Int64.h>
+#include <Core/System/IntPtr.h>
+#include <Core/System/InvalidCastException.h>
+#include <Core/System/OverflowException.h>
+#include <Core/System/SByte.h>
+#include <Core/System/Single.h>
+#include <Core/System/Type.h>
+#include <Core/System/UInt16.h>
+#include <Core/System/UInt32.h>
+#include <Core/System/UInt64.h>
+#include <Core/System/UIntPtr.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+
+TEST(WrapperTests, EachClassKnowsItsTypeCodeNameAndSign)
+{
+    struct Row
+    {
+        Sp<Object> object;
+        int code;
+        const char* name;
+        bool isSigned;
+    };
+    const Row rows[] = {
+        {Sp<Object>(new Boolean(true)), 2, "Boolean", false}, {Sp<Object>(new SByte(1)), 4, "SByte", true},
+        {Sp<Object>(new Byte(1)), 5, "Byte", false},          {Sp<Object>(new Int16(1)), 6, "Int16", true},
+        {Sp<Object>(new UInt16(1)), 7, "UInt16", false},      {Sp<Object>(new Int32(1)), 8, "Int32", true},
+        {Sp<Object>(new UInt32(1)), 9, "UInt32", false},      {Sp<Object>(new Int64(1)), 10, "Int64", true},
+        {Sp<Object>(new UInt64(1)), 11, "UInt64", false},     {Sp<Object>(new Single(1)), 12, "Single", true},
+        {Sp<Object>(new Double(1)), 13, "Double", true},      {Sp<Object>(new DateTime(1)), 14, "DateTime", false},
+    };
+    for (const Row& row : rows)
+    {
+        EXPECT_EQ(std::string("Tesmo::System::") + row.name, row.object->GetType().ToString().Utf8());
+        EXPECT_EQ(row.code, static_cast<int>(dynamic_cast<const IConvertible&>(*row.object).GetTypeCode()));
+        EXPECT_EQ(row.isSigned, dynamic_cast<const ValueType&>(*row.object).IsSigned());
+        EXPECT_EQ(1, Convert::ToInt32(dynamic_cast<const IConvertible&>(*row.object)));
+    }
+}
+
+TEST(WrapperTests, EqualityLooksAtTheNumber)
+{
+    EXPECT_FALSE(Int32(-1).Equals(UInt32(4294967295U)));
+    EXPECT_FALSE(UInt32(4294967295U).Equals(Int32(-1)));
+    EXPECT_TRUE(Int32(7).Equals(UInt64(7)));
+    EXPECT_TRUE(Double(1.5).Equals(Single(1.5F)));
+    EXPECT_FALSE(Double(1.5).Equals(Double(1.25)));
+    EXPECT_TRUE(Double(Double::NaN).Equals(Double(Double::NaN)));
+    EXPECT_FALSE(Double(Double::NaN).Equals(Int32(0)));
+    EXPECT_FALSE(Int32(1).Equals(static_cast<const Object&>(String("1"))));
+    EXPECT_FALSE(Int32(0).Equals(static_cast<const Object&>(null)));
+    EXPECT_FALSE(Double(0).Equals(static_cast<const ValueType&>(null)));
+}
+
+TEST(WrapperTests, ComparisonPutsSmallerNumbersFirst)
+{
+    EXPECT_LT(Int32(-1).CompareTo(Int32(1)), 0);
+    EXPECT_EQ(0, UInt64(5).CompareTo(UInt64(5)));
+    EXPECT_EQ(1, Int32(1).CompareTo(null));
+    EXPECT_EQ(1, Int32(1).CompareTo(Int64(2)));
+    EXPECT_LT(Double(Double::NaN).CompareTo(Double(Double::NegativeInfinity)), 0);
+    EXPECT_GT(Double(0).CompareTo(Double(Double::NaN)), 0);
+    EXPECT_EQ(0, Double(Double::NaN).CompareTo(Double(Double::NaN)));
+}
+
+TEST(WrapperTests, HashesFoldWhatIsWiderThanTheHash)
+{
+    EXPECT_EQ(-5, Int32(-5).GetHashCode());
+    EXPECT_EQ(3, Int64(0x0000000100000002).GetHashCode());
+    EXPECT_EQ(0, Int64(-1).GetHashCode());
+    EXPECT_EQ(1, UInt64(0xFFFFFFFFFFFFFFFE).GetHashCode());
+    EXPECT_EQ(0x3FF00000, Double(1).GetHashCode());
+    EXPECT_EQ(Double(0.0).GetHashCode(), Double(-0.0).GetHashCode());
+}
+
+TEST(WrapperTests, ConversionsRefuseWhatDoesNotFit)
+{
+    const std::function<void()> overflows[] = {
+        [] { Convert::ToByte(Int32(256)); },
+        [] { Convert::ToByte(Int32(-1)); },
+        [] { Convert::ToSByte(Byte(128)); },
+        [] { Convert::ToInt16(Int32(32768)); },
+        [] { Convert::ToUInt16(Int16(-1)); },
+        [] { Convert::ToInt32(UInt32(2147483648U)); },
+        [] { Convert::ToUInt32(Int64(4294967296)); },
+        [] { Convert::ToInt64(UInt64(UInt64::MaxValue)); },
+        [] { Convert::ToUInt64(Int64(-1)); },
+        [] { Convert::ToChar(Int32(1114112)); },
+        [] { Convert::ToChar(Int32(-1)); },
+        [] { Convert::ToInt32(Double(2147483648.0)); },
+        [] { Convert::ToInt32(Double(Double::NaN)); },
+        [] { Convert::ToInt64(Double(9223372036854775808.0)); },
+        [] { Convert::ToUInt64(Double(-1)); },
+        [] { Convert::ToSingle(Double(1e39)); },
+        [] { Convert::ToInt32(DateTime(DateTime::MaxValue)); },
+    };
+    for (const auto& overflow : overflows)
+    {
+        EXPECT_THROW(overflow(), OverflowException) << &overflow - overflows;
+    }
+}
+
+TEST(WrapperTests, ConversionsKeepWhatFits)
+{
+    EXPECT_TRUE(Convert::ToBoolean(Int32(-3)));
+    EXPECT_FALSE(Convert::ToBoolean(Double(0)));
+    EXPECT_EQ(char32(1114111), Convert::ToChar(Int32(1114111)));
+    EXPECT_EQ(-2147483647 - 1, Convert::ToInt32(Double(-2147483648.9)));
+    EXPECT_EQ(0U, Convert::ToUInt32(Double(-0.9)));
+    EXPECT_EQ(Single::PositiveInfinity, Convert::ToSingle(Double(Double::PositiveInfinity)));
+    EXPECT_EQ(1, Convert::ToInt32(Boolean(true)));
+    EXPECT_EQ(DateTime(12345), Convert::ToDateTime(Int32(12345)));
+    EXPECT_EQ("True", Convert::ToString(Boolean(true)).Utf8());
+    EXPECT_THROW(Convert::ToInt32(null), ArgumentNullException);
+    EXPECT_THROW(Convert::ToDateTime(Int32(-1)), ArgumentException);
+}
+
+TEST(WrapperTests, TextConvertsByParsing)
+{
+    EXPECT_EQ(-12, Convert::ToInt32(String(" -12 ")));
+    EXPECT_TRUE(Convert::ToBoolean(String("true")));
+    EXPECT_EQ(0.5, Convert::ToDouble(String("0.5")));
+    EXPECT_EQ(char32('x'), Convert::ToChar(String("x")));
+    EXPECT_EQ(DateTime(2024, 2, 29, 23, 59, 58), Convert::ToDateTime(String("29/02/2024 23:59:58")));
+    EXPECT_THROW(Convert::ToChar(String("xy")), FormatException);
+    EXPECT_THROW(Convert::ToDateTime(String("29/02/2024T23:59:58")), FormatException);
+    EXPECT_THROW(Convert::ToByte(String("256")), OverflowException);
+}
+
+TEST(WrapperTests, ToTypeMakesAWrapperOfTheClass)
+{
+    const IFormatProvider& provider = FormatProvider::Default();
+    const Up<Object> wide = Int32(7).ToType(Type(typeid(Int64)), provider);
+    EXPECT_EQ("Tesmo::System::Int64", wide->GetType().ToString().Utf8());
+    EXPECT_EQ("7", wide->ToString().Utf8());
+    EXPECT_EQ("7", Int32(7).ToType(Type(typeid(String)), provider)->ToString().Utf8());
+    EXPECT_EQ("7", String("7").ToType(Type(typeid(Byte)), provider)->ToString().Utf8());
+    EXPECT_THROW(Int32(7).ToType(Type(typeid(Object)), provider), InvalidCastException);
+    EXPECT_THROW(Int32(7).ToType(null, provider), ArgumentNullException);
+}
+
+TEST(WrapperTests, PointersCompareAndPrintAsNumbers)
+{
+    EXPECT_TRUE(IntPtr(0).Equals(IntPtr::Zero));
+    EXPECT_FALSE(IntPtr(0).Equals(UIntPtr::Zero));
+    EXPECT_LT(IntPtr(-1).CompareTo(IntPtr::Zero), 0);
+    EXPECT_EQ("-1", IntPtr(-1).ToString().Utf8());
+    EXPECT_EQ(std::string(sizeof(void*) * 2, 'f'), IntPtr(-1).ToString("x").Utf8());
+    int local = 0;
+    EXPECT_EQ(&local, IntPtr(&local).ToPointer());
+}
