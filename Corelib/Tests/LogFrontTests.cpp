@@ -1,5 +1,4 @@
 #include <Core/LogStream/ILogStream.h>
-#include <Core/LogStream/LogStreamRefTime.h>
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/DateTime.h>
@@ -65,9 +64,10 @@ std::string AsPassed(const LogStreamLevel& streamLevel)
     RecordingStream stream;
     stream.SetLevel(streamLevel);
     std::string passed;
-    for (const LogStreamLevel& level : {LogStreamLevel::Critical, LogStreamLevel::Standard, LogStreamLevel::Debug,
-                                        LogStreamLevel::None})
+    for (const auto constant : {LogStreamLevel::Critical, LogStreamLevel::Standard, LogStreamLevel::Debug,
+                                LogStreamLevel::None})
     {
+        const LogStreamLevel level(constant);
         passed += stream.IsEnabled(level) ? level.ToString().Utf8().substr(0, 1) : "-";
     }
     return passed;
