@@ -56,17 +56,18 @@ protected:
     {
         for (int i = 0; i < count; i++)
         {
-            collection.Add(Make<Element>::Element(i));
+            collection.Add(Make<Element>::Element(i + 1)); // none equals the default value
         }
     }
 
     Collection collection;
 };
 
-using Collections = testing::Types<List<int>, List<String>, Queue<int>, Queue<String>, Dictionary<String, String>,
-                                   Dictionary<int, int>, SortedDictionary<int, String>, SortedDictionary<String, int>>;
+using AllCollections =
+    testing::Types<List<int>, List<String>, Queue<int>, Queue<String>, Dictionary<String, String>, Dictionary<int, int>,
+                   SortedDictionary<int, String>, SortedDictionary<String, int>>;
 } // namespace
-TYPED_TEST_SUITE(CollectionTests, Collections);
+TYPED_TEST_SUITE(CollectionTests, AllCollections);
 
 TYPED_TEST(CollectionTests, GivesTheFixedAnswers)
 {

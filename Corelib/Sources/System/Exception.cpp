@@ -2,6 +2,7 @@
 
 #include <Core/System/Diagnostics/CallStack.h>
 #include <Core/System/Diagnostics/StackTrace.h>
+#include <Core/System/Environment.h>
 #include <Core/System/Type.h>
 
 #include <algorithm>
@@ -16,8 +17,6 @@ namespace Tesmo::System
 {
 namespace
 {
-constexpr const char* NewLine = "\r\n";
-
 constexpr const char* LibraryFile = __FILE__; ///< the place of an exception that was made without one
 constexpr int LineWithoutArguments = 10;
 constexpr int LineWithMessage = 31;
@@ -29,7 +28,7 @@ String TextOrEmpty(const String& text)
 
 std::string Place(const std::string& file, int line)
 {
-    return " in " + file + ":" + std::to_string(line) + NewLine;
+    return " in " + file + ":" + std::to_string(line) + Environment::NewLine().Utf8();
 }
 
 /// "   at method [0xoffset]"
@@ -167,7 +166,7 @@ String Exception::ToString() const
     {
         messageText = DefaultMessage(); // a report fixes the message, which Equals sees
     }
-    return String(typeName + ": " + messageText.Utf8() + NewLine + stackText);
+    return String(typeName + ": " + messageText.Utf8() + Environment::NewLine().Utf8() + stackText);
 }
 
 String Exception::Message() const

@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Environment.h>
 
 #include <cstddef>
 #include <iterator>
@@ -12,8 +13,6 @@ namespace Tesmo::System::Diagnostics
 {
 namespace
 {
-constexpr const char* NewLine = "\r\n";
-
 void CheckSkip(int skipFrames)
 {
     if (skipFrames < 0)
@@ -103,7 +102,7 @@ String StackTrace::ToString() const
         {
             text += " in " + frame->GetFileName().Utf8() + ":line " + std::to_string(frame->GetFileLineNumber());
         }
-        text += NewLine;
+        text += Environment::NewLine().Utf8();
     }
     return String(std::move(text));
 }
