@@ -82,7 +82,7 @@ TEST(MonitorTests, ArgumentsDecideTheResultOfTheFormsWithLockTaken)
     EXPECT_FALSE(Monitor::TryEnter(null));
     EXPECT_THROW(Monitor::Enter(null), ArgumentNullException);
     EXPECT_THROW(Monitor::Exit(null), ArgumentNullException);
-    EXPECT_THROW(const Lock lock(null), ArgumentNullException);
+    EXPECT_THROW(const Lock lock(static_cast<const Object&>(null)), ArgumentNullException);
 
     lockTaken = false;
     EXPECT_TRUE(Monitor::TryEnter(target, TimeSpan::FromMilliseconds(-1), lockTaken));

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <Core/System/String.h>
+#include <Discovery/Client/ClientAction.h>
+
+namespace Zelkor::Discovery::Client
+{
+/// Take another host name.
+class ChangeYourHostNameAction : public ClientAction
+{
+public:
+    explicit ChangeYourHostNameAction(const Tesmo::System::String& hostName)
+        : ClientAction(ClientActionType::ChangeYourHostName),
+          HostName(hostName)
+    {
+    }
+
+    Tesmo::System::String HostName;
+};
+} // namespace Zelkor::Discovery::Client

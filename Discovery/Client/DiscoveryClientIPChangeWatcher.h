@@ -1,0 +1,42 @@
+#pragma once
+
+#include <Core/LogStream/LogStreamChannel.h>
+#include <Core/System/EventHandler.h>
+#include <Core/System/Object.h>
+#include <Core/System/Sp.h>
+#include <Core/System/Threading/Thread.h>
+#include <Discovery/Client/IDiscoveryClientDataGateway.h>
+
+#include <atomic>
+
+namespace Zelkor::Discovery::Client
+{
+/// Waits in the gateway for changes of the host's addresses and tells each by an event. Started once, stopped once; it
+/// must be stopped before it is destroyed.
+class DiscoveryClientIPChangeWatcher : public Tesmo::System::Object
+{
+public:
+    /// @throws std::exception  gateway is empty
+    explicit DiscoveryClientIPChangeWatcher(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway);
+
+    /// @throws ThreadStateException  started before
+    void Start();
+
+    /// Ends the wait and the thread.
+    /// @throws ThreadStateException  not started
+    void Stop();
+
+    /// An address has changed. Raised on the watcher's thread; changes that come while a handler runs are not counted.
+    Tesmo::System::EventHandler IPChanged;
+
+private:
+    static void ThreadMain(Tesmo::System::Object& watcher);
+    void Run();
+    bool WaitForChange(bool& hasChanged);
+
+    Tesmo::Sp<Tesmo::System::Threading::Thread> thread;
+    std::atomic<bool> stopRequested = false;
+    Tesmo::Sp<IDiscoveryClientDataGateway> gateway;
+    Tesmo::System::LogStreams::LogStreamChannel channel;
+};
+} // namespace Zelkor::Discovery::Client

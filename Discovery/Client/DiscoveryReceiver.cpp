@@ -1,0 +1,128 @@
+#include "DiscoveryReceiver.h"
+
+#include <Core/System/ObjectClosedException.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
+
+namespace Zelkor::Discovery
+{
+using Tesmo::Sp;
+using Tesmo::Up;
+using Tesmo::System::Exception;
+using Tesmo::System::Object;
+using Tesmo::System::ObjectClosedException;
+using Tesmo::System::String;
+using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::System::Net::IPAddress;
+using Tesmo::System::Net::IPEndPoint;
+using Tesmo::System::Net::Sockets::SocketError;
+using Tesmo::System::Net::Sockets::SocketException;
+
+std::atomic<int> DiscoveryReceiver::MessageSize = 2048;
+
+DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& givenSocket,
+                                     const Sp<DiscoveryMessageParser>& givenParser)
+    : DiscoveryReceiver(givenSocket, givenParser, "Receiver")
+{
+}
+
+DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& givenSocket,
+                                     const Sp<DiscoveryMessageParser>& givenParser, const String& channelName)
+    : DiscoveryWorker(ThreadMain, givenSocket, channelName),
+      messageParser(givenParser)
+{
+}
+
+DiscoveryReceiver::~DiscoveryReceiver()
+{
+    EndThread();
+}
+
+void DiscoveryReceiver::Stop()
+{
+    DiscoveryLogger& log = DiscoveryLogger::Instance();
+    log.Write(channel, "Stopping receiver", LogStreamLevel::Critical);
+    stopRequested = true;
+    DiscoveryWorker::Stop();
+    log.Write(channel, "---Receiver stopped---", LogStreamLevel::Critical);
+}
+
+void DiscoveryReceiver::ThreadMain(Object& worker)
+{
+    dynamic_cast<DiscoveryReceiver&>(worker).Run();
+}
+
+void DiscoveryReceiver::Run()
+{
+    IPEndPoint sender(IPAddress::Broadcast, 0);
+    DiscoveryLogger::Instance().Write(channel, "---Listening...", LogStreamLevel::Critical);
+    while (ReceiveOne(sender) && !stopRequested)
+    {
+    }
+}
+
+/// False when the thread has to end.
+bool DiscoveryReceiver::ReceiveOne(IPEndPoint& sender)
+{
+    const int size = MessageSize;
+    const Up<unsigned char[]> buffer(new unsigned char[static_cast<std::size_t>(size)]());
+    try
+    {
+        socket->Receive(buffer, size, sender); // alone here: any other failure is a defect, not the network's
+    }
+    catch (const ObjectClosedException& failure)
+    {
+        EndWith("The socket has been closed : ending worker.", failure);
+        return false;
+    }
+    catch (const SocketException& failure)
+    {
+        return Survives(failure);
+    }
+    const Sp<String> text(new String(String::FromLatin1(buffer.Get(), size)));
+    if (stopRequested && text->IsEmpty()) // the text has size characters always; the check stays
+    {
+        return false;
+    }
+    DiscoveryLogger::Instance().Write(channel, "Message received", LogStreamLevel::Debug);
+    const Sp<Datagram> datagram(new Datagram{text, Sp<IPEndPoint>(new IPEndPoint(sender))});
+    messageParser->Enqueue(datagram);
+    return true;
+}
+
+/// Logs the failure and asks for a restart where the socket is of no more use.
+/// @returns whether listening goes on
+bool DiscoveryReceiver::Survives(const SocketException& failure)
+{
+    DiscoveryLogger& log = DiscoveryLogger::Instance();
+    switch (failure.SocketErrorCode().Value())
+    {
+    case SocketError::Success:
+        return true;
+    case SocketError::MessageSize:
+        log.Write(channel, String::Format("MessageSize is too low : {0}! Doubling it...", MessageSize.load()), failure);
+        MessageSize = MessageSize * 2;
+        return true;
+    case SocketError::ConnectionReset:
+        log.Write(channel, "Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.", failure);
+        return true;
+    case SocketError::Interrupted:
+        EndWith("The socket has been closed : ending worker.", failure);
+        return false;
+    case SocketError::Shutdown:
+        EndWith("The socket has been shut down : ending worker.", failure);
+        return false;
+    case SocketError::NotSocket:
+        EndWith("Socket error : Operation attempted on a non-socket object.", failure);
+        return false;
+    default:
+        EndWith(String::Format("Unexpected socket error  : {0} !", failure.Message()), failure);
+        return false;
+    }
+}
+
+void DiscoveryReceiver::EndWith(const String& text, const Exception& failure)
+{
+    DiscoveryLogger::Instance().Write(channel, text, failure);
+    RaiseRestartRequested();
+}
+} // namespace Zelkor::Discovery

@@ -1,0 +1,103 @@
+#include "DiscoveryWorker.h"
+
+#include <Core/System/ObjectClosedException.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
+
+namespace Zelkor::Discovery
+{
+using Tesmo::null;
+using Tesmo::Sp;
+using Tesmo::System::EventArgs;
+using Tesmo::System::EventHandler;
+using Tesmo::System::ObjectClosedException;
+using Tesmo::System::String;
+using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::System::Threading::ParameterizedThreadStart;
+using Tesmo::System::Threading::Thread;
+using Tesmo::System::Threading::ThreadPriority;
+
+DiscoveryWorker::DiscoveryWorker(ThreadRoutine threadMain, const Sp<IDiscoverySocket>& givenSocket)
+    : DiscoveryWorker(threadMain, givenSocket, "Worker")
+{
+}
+
+DiscoveryWorker::DiscoveryWorker(ThreadRoutine threadMain, const Sp<IDiscoverySocket>& givenSocket,
+                                 const String& channelName)
+    : socket(givenSocket),
+      channel(channelName),
+      thread(new Thread(ParameterizedThreadStart(threadMain)))
+{
+    thread->Name(channelName);
+}
+
+DiscoveryWorker::~DiscoveryWorker()
+{
+    if (thread->IsAlive())
+    {
+        thread->Join();
+    }
+}
+
+void DiscoveryWorker::SetPriority(const ThreadPriority& value)
+{
+    priority = value;
+}
+
+void DiscoveryWorker::Start()
+{
+    thread->Start(*this);
+    thread->Priority(priority);
+}
+
+void DiscoveryWorker::Stop()
+{
+    DiscoveryLogger& log = DiscoveryLogger::Instance();
+    log.Write(channel, "Stopping worker", LogStreamLevel::Critical);
+    if (!(socket == null))
+    {
+        CloseSocket();
+    }
+    thread->Join();
+    log.Write(channel, "Worker stopped", LogStreamLevel::Critical);
+}
+
+void DiscoveryWorker::CloseSocket()
+{
+    try
+    {
+        socket->Shutdown();
+        socket->Close();
+    }
+    catch (const ObjectClosedException& failure)
+    {
+        DiscoveryLogger::Instance().Write(channel, "Socket already closed", failure);
+    }
+}
+
+void DiscoveryWorker::EndThread()
+{
+    if (thread->IsAlive())
+    {
+        Stop();
+    }
+}
+
+void DiscoveryWorker::RaiseRestartRequested()
+{
+    Raise(RestartRequested);
+}
+
+void DiscoveryWorker::RaiseStopRequested()
+{
+    Raise(StopRequested);
+}
+
+void DiscoveryWorker::Raise(const EventHandler& event)
+{
+    const bool isDeliberate = socket->IsShutDownFlag() && socket->IsClosed();
+    if (!isDeliberate)
+    {
+        event.Invoke(*this, EventArgs());
+    }
+}
+} // namespace Zelkor::Discovery

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <Core/LogStream/LogStreamChannel.h>
+#include <Core/System/EventHandler.h>
+#include <Core/System/Object.h>
+#include <Core/System/Sp.h>
+#include <Core/System/Threading/Thread.h>
+#include <Discovery/Transport/IDiscoverySocket.h>
+
+namespace Zelkor::Discovery
+{
+/// Thread base of the client's stages: one thread, and for the stages that touch the network the shared socket. A worker
+/// is started once, stopped once and then dropped.
+class DiscoveryWorker : public Tesmo::System::Object
+{
+public:
+    /// Joins the thread. A class that the thread still uses ends it in its own destructor, by EndThread.
+    ~DiscoveryWorker() override;
+
+    /// Holds from the next Start on; Normal at first.
+    void SetPriority(const Tesmo::System::Threading::ThreadPriority& value);
+
+    /// @throws ThreadStateException  started before
+    void Start();
+
+    /// Shuts down and closes the socket, which wakes a thread that blocks in it, and joins the thread.
+    /// @throws SocketException       the socket can't be shut down; the thread is not joined then
+    /// @throws ThreadStateException  not started
+    virtual void Stop();
+
+    /// Raise the event on the calling thread, unless the socket was shut down and closed: that was done on purpose.
+    /// @throws std::exception  the worker has no socket
+    void RaiseRestartRequested();
+    void RaiseStopRequested();
+
+    /// The socket failed and nobody asked for that. Handlers must neither block nor join this worker's thread.
+    Tesmo::System::EventHandler RestartRequested;
+    /// Raised by no failure of this program.
+    Tesmo::System::EventHandler StopRequested;
+
+protected:
+    /// What the thread runs; it is given the worker.
+    using ThreadRoutine = void (*)(Tesmo::System::Object& worker);
+
+    /// @param givenSocket  may be empty
+    DiscoveryWorker(ThreadRoutine threadMain, const Tesmo::Sp<IDiscoverySocket>& givenSocket);
+    DiscoveryWorker(ThreadRoutine threadMain, const Tesmo::Sp<IDiscoverySocket>& givenSocket,
+                    const Tesmo::System::String& channelName);
+
+    /// Stops the worker if its thread still runs. For the destructors of the classes that the thread uses.
+    void EndThread();
+
+    Tesmo::Sp<IDiscoverySocket> socket;
+    Tesmo::System::LogStreams::LogStreamChannel channel;
+
+private:
+    void CloseSocket();
+    void Raise(const Tesmo::System::EventHandler& event);
+
+    Tesmo::Sp<Tesmo::System::Threading::Thread> thread;
+    Tesmo::System::Threading::ThreadPriority priority = Tesmo::System::Threading::ThreadPriority::Normal;
+};
+} // namespace Zelkor::Discovery

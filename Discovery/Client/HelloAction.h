@@ -1,0 +1,16 @@
+#pragma once
+
+#include <Discovery/Client/ClientAction.h>
+#include <Discovery/Protocol/DiscoveryHost.h>
+
+namespace Zelkor::Discovery::Client
+{
+/// Say hello.
+class HelloAction : public ClientAction
+{
+public:
+    explicit HelloAction(const DiscoveryHost& host) : ClientAction(ClientActionType::Hello), Host(host) {}
+
+    DiscoveryHost Host; ///< as it stood when the task was made; what is sent is read anew
+};
+} // namespace Zelkor::Discovery::Client
