@@ -1,0 +1,74 @@
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Char.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/FormatProvider.h>
+#include <Core/System/Int32.h>
+#include <Core/System/OverflowException.h>
+
+#include <gtest/gtest.h>
+
+#include <cctype>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+
+TEST(CharTests, ClassifiesAsciiAsTheCLibraryDoes)
+{
+    const std::string symbols = "$+<=>^`|~"; // of the punctuation, what Unicode calls symbols
+    for (int code = 0; code < 128; code++)
+    {
+        SCOPED_TRACE(code);
+        const char32 c(code);
+        const bool isSymbol = symbols.find(static_cast<char>(code)) != std::string::npos;
+        EXPECT_EQ(std::isdigit(code) != 0, Char::IsDigit(c));
+        EXPECT_EQ(std::isdigit(code) != 0, Char::IsNumber(c));
+        EXPECT_EQ(std::isalpha(code) != 0, Char::IsLetter(c));
+        EXPECT_EQ(std::isalnum(code) != 0, Char::IsLetterOrDigit(c));
+        EXPECT_EQ(std::islower(code) != 0, Char::IsLower(c));
+        EXPECT_EQ(std::isupper(code) != 0, Char::IsUpper(c));
+        EXPECT_EQ(std::ispunct(code) != 0 && !isSymbol, Char::IsPunctuation(c));
+        EXPECT_EQ(isSymbol && code != 0, Char::IsSymbol(c));
+        EXPECT_EQ(std::isspace(code) != 0, Char::IsWhiteSpace(c));
+        EXPECT_EQ(std::iscntrl(code) != 0, Char::IsControl(c));
+        EXPECT_EQ(code == ' ', Char::IsSeparator(c));
+        EXPECT_EQ(std::tolower(code), static_cast<int>(Char::ToLower(c).value));
+        EXPECT_EQ(std::toupper(code), static_cast<int>(Char::ToUpper(c).value));
+    }
+}
+
+TEST(CharTests, KnowsCharactersBeyondAscii)
+{
+    EXPECT_TRUE(Char::IsLower(U'\u00DF') && Char::IsLower(U'\u00E4') && Char::IsUpper(U'\u0416'));
+    EXPECT_TRUE(Char::IsNumber(U'\u00BD') && !Char::IsDigit(U'\u00BD'));
+    EXPECT_TRUE(Char::IsSymbol(U'\u20AC') && Char::IsPunctuation(U'\u2026') && Char::IsSeparator(U'\u2028'));
+    EXPECT_TRUE(Char::IsWhiteSpace(U'\u00A0') && Char::IsWhiteSpace(U'\u0085') && Char::IsControl(U'\u0085'));
+    EXPECT_FALSE(Char::IsLetter(char32(0xFFFFFFFFU)));
+    EXPECT_EQ(char32(U'\u0137'), Char::ToLower(U'\u0136')); // a range where the cases take turns
+    EXPECT_EQ(char32(U'\u0137'), Char::ToLower(U'\u0137'));
+    EXPECT_EQ(char32(0x1E921), Char::ToUpper(char32(0x1E943)));
+}
+
+TEST(CharTests, ClassifiesByTextAndIndex)
+{
+    EXPECT_TRUE(Char::IsDigit("a1", 1));
+    EXPECT_FALSE(Char::IsDigit("a1", 0));
+    EXPECT_THROW(Char::IsDigit("a1", 2), ArgumentOutOfRangeException);
+    EXPECT_THROW(Char::IsLetter("a1", -1), ArgumentOutOfRangeException);
+    EXPECT_THROW(Char::IsLetter(null, 0), ArgumentNullException);
+}
+
+TEST(CharTests, IsAValueOfOneCharacter)
+{
+    const Char euro(U'\u20AC');
+    EXPECT_EQ("\xE2\x82\xAC", euro.ToString().Utf8());
+    EXPECT_EQ("\xE2\x82\xAC", String::Format("{0}", euro).Utf8());
+    EXPECT_EQ(0x20AC, euro.GetHashCode());
+    EXPECT_EQ(1, euro.CompareTo(Char(U'a')));
+    EXPECT_EQ(1, euro.CompareTo(Int32(0xFFFF)));
+    EXPECT_EQ(0x20AC, euro.ToInt32(FormatProvider::Default()));
+    EXPECT_THROW(euro.ToByte(FormatProvider::Default()), OverflowException);
+    EXPECT_EQ(char32(U'\u20AC'), Char::Parse("\xE2\x82\xAC"));
+    EXPECT_THROW(Char::Parse("ab"), FormatException);
+    EXPECT_THROW(Char::Parse(null), ArgumentNullException);
+}
