@@ -42,7 +42,9 @@ TEST(NativeSocketsTests, ShutdownAndCloseWakeABlockedReceive)
     for (int round = 0; round < 500; ++round)
     {
         NativeTestSocket one;
-        ASSERT_EQ(SocketShutDown, CodeOfReceiveEndedBy(one, [&] { EXPECT_EQ(0, ShutdownSocket(*one.socket, 2)); }));
+        int shutDown = -1;
+        ASSERT_EQ(SocketShutDown, CodeOfReceiveEndedBy(one, [&] { shutDown = ShutdownSocket(*one.socket, 2); }));
+        ASSERT_EQ(0, shutDown);
         ASSERT_EQ(SocketShutDown, one.Receive());
         ASSERT_EQ(SocketShutDown, one.SendTo(one.local, "late"));
 
@@ -179,6 +181,7 @@ TEST(NativeSocketsTests, AStreamConnectsAcceptsAndEnds)
     NativeSocket* listener = nullptr;
     NativeSocket* client = nullptr;
     NativeSocket* server = nullptr;
+    NativeSocket* refused = nullptr;
     NativeTestSocket::Address address = {2, 0, 0, 0, 127, 0, 0, 1};
     NativeTestSocket::Address peer;
     int size = 0;
@@ -186,7 +189,8 @@ TEST(NativeSocketsTests, AStreamConnectsAcceptsAndEnds)
     ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeStream, 6, client));
     ASSERT_EQ(0, BindSocket(*listener, address, 16));
     ASSERT_EQ(0, GetSocketAddress(*listener, address, size));
-    EXPECT_EQ(SocketConnectionRefused, ConnectSocket(*client, address, 16));
+    ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeStream, 6, refused));
+    EXPECT_EQ(SocketConnectionRefused, ConnectSocket(*refused, address, 16));
     ASSERT_EQ(0, ListenSocket(*listener, 1));
     ASSERT_EQ(0, ConnectSocket(*client, address, 16));
     ASSERT_EQ(0, AcceptSocket(*listener, server, peer, size));
@@ -209,7 +213,7 @@ TEST(NativeSocketsTests, AStreamConnectsAcceptsAndEnds)
     ASSERT_EQ(std::future_status::ready, accept.wait_for(limit));
     const int code = accept.get();
     EXPECT_TRUE(code == SocketInterrupted || code == SocketNotSocket) << code;
-    for (NativeSocket* socket : {listener, client, server})
+    for (NativeSocket* socket : {listener, client, server, refused})
     {
         FreeSocket(socket);
     }

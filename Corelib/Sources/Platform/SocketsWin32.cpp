@@ -8,18 +8,40 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstring>
+#include <atomic>
 #include <deque>
 
 namespace Tesmo::Platform
 {
+namespace
+{
+/// An event that stays set.
+class Event
+{
+public:
+    Event() : handle(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
+
+    ~Event()
+    {
+        CloseHandle(handle);
+    }
+
+    Event(const Event&) = delete;
+    Event& operator=(const Event&) = delete;
+
+    const HANDLE handle;
+};
+} // namespace
+
 struct NativeSocket
 {
     NativeSocket(SOCKET openHandle, bool isDatagram) : handle(openHandle), datagram(isDatagram) {}
 
     const SOCKET handle;
     const bool datagram;
+    std::atomic<bool> blocking = true;
     SocketState state;
+    const Event receivingEnded; ///< set by whoever ends receiving, and never reset
 };
 
 namespace
@@ -78,10 +100,57 @@ int ResultOf(int outcome)
     return outcome == SOCKET_ERROR ? WSAGetLastError() : 0;
 }
 
+HANDLE FileOf(const NativeSocket& socket)
+{
+    return reinterpret_cast<HANDLE>(socket.handle);
+}
+
 /// Ends the calls that wait in the socket; those that begin afterwards meet the shut-down.
 void WakeCalls(const NativeSocket& socket)
 {
-    CancelIoEx(reinterpret_cast<HANDLE>(socket.handle), nullptr);
+    SetEvent(socket.receivingEnded.handle);
+    CancelIoEx(FileOf(socket), nullptr);
+}
+
+/// The socket's time-out of a receive in milliseconds.
+DWORD ReceiveLimit(const NativeSocket& socket)
+{
+    DWORD limit = 0;
+    int size = sizeof(limit);
+    const int outcome = ::getsockopt(socket.handle, SOL_SOCKET, SO_RCVTIMEO, reinterpret_cast<char*>(&limit), &size);
+    return outcome == SOCKET_ERROR || limit == 0 ? INFINITE : limit;
+}
+
+/// Receives by an overlapped call: unlike a blocking one it can be broken off at any moment of its course.
+int ReceiveBlocking(NativeSocket& socket, WSABUF part, DWORD flags, sockaddr* sender, int* senderSize, int& received)
+{
+    const Event done;
+    WSAOVERLAPPED operation = {};
+    operation.hEvent = done.handle;
+    DWORD bytes = 0;
+    int code = ResultOf(WSARecvFrom(socket.handle, &part, 1, &bytes, &flags, sender, senderSize, &operation, nullptr));
+    if (code == WSA_IO_PENDING)
+    {
+        const HANDLE events[] = {done.handle, socket.receivingEnded.handle};
+        const DWORD found = WaitForMultipleObjects(2, events, FALSE, ReceiveLimit(socket));
+        if (found != WAIT_OBJECT_0)
+        {
+            CancelIoEx(FileOf(socket), &operation);
+        }
+        const bool succeeded = WSAGetOverlappedResult(socket.handle, &operation, &bytes, TRUE, &flags) != FALSE;
+        code = succeeded ? 0 : WSAGetLastError();
+        code = code == WSA_OPERATION_ABORTED && found == WAIT_TIMEOUT ? SocketTimedOut : code;
+    }
+    received = static_cast<int>(bytes);
+    return code;
+}
+
+/// Takes what is there, for a socket that does not block.
+int ReceiveAtOnce(NativeSocket& socket, WSABUF part, DWORD flags, sockaddr* sender, int* senderSize, int& received)
+{
+    received =
+        ::recvfrom(socket.handle, part.buf, static_cast<int>(part.len), static_cast<int>(flags), sender, senderSize);
+    return ResultOf(received);
 }
 
 const sockaddr* AddressOf(const unsigned char* address)
@@ -237,17 +306,15 @@ int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int fla
         return end;
     }
     addressSize = SocketAddressSize;
-    received = ::recvfrom(socket.handle, reinterpret_cast<char*>(buffer), size, flags,
-                          reinterpret_cast<sockaddr*>(address), &addressSize);
-    if (const int end = call.End(ReceivingDirection); end != 0)
-    {
-        return end;
-    }
-    if (received != SOCKET_ERROR && !socket.datagram)
+    const WSABUF part = {static_cast<u_long>(size), reinterpret_cast<char*>(buffer)};
+    const int code = (socket.blocking ? ReceiveBlocking : ReceiveAtOnce)(
+        socket, part, static_cast<DWORD>(flags), reinterpret_cast<sockaddr*>(address), &addressSize, received);
+    if (!socket.datagram)
     {
         addressSize = 0;
     }
-    return ResultOf(received);
+    const int end = call.End(ReceivingDirection);
+    return end != 0 ? end : code;
 }
 
 int SetSocketOption(NativeSocket& socket, int level, int name, const void* value, int size)
@@ -267,9 +334,17 @@ int GetSocketOption(NativeSocket& socket, int level, int name, void* value, int&
 int SetSocketBlocking(NativeSocket& socket, bool blocking)
 {
     const Call call(socket);
+    if (call.Refused())
+    {
+        return SocketNotSocket;
+    }
     u_long nonBlocking = blocking ? 0 : 1;
-    return call.Refused() ? SocketNotSocket
-                          : ResultOf(::ioctlsocket(socket.handle, static_cast<long>(FIONBIO), &nonBlocking));
+    const int code = ResultOf(::ioctlsocket(socket.handle, static_cast<long>(FIONBIO), &nonBlocking));
+    if (code == 0)
+    {
+        socket.blocking = blocking;
+    }
+    return code;
 }
 
 int GetSocketAvailable(NativeSocket& socket, int& bytes)
