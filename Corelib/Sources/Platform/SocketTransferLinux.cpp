@@ -228,7 +228,7 @@ int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int fla
     }
     for (;;)
     {
-        if (TakePortUnreachable(socket))
+        if (call.End(ReceivingDirection) == 0 && TakePortUnreachable(socket))
         {
             return SocketConnectionReset;
         }
