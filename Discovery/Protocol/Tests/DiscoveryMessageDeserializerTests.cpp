@@ -1,0 +1,132 @@
+#include "LogRecorder.h"
+#include "WireSamples.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/OverflowException.h>
+#include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Zelkor::Discovery;
+using Zelkor::Serialization::Json::JSONObject;
+using Zelkor::Serialization::Json::JSONStringer;
+
+namespace
+{
+/// The class of the failure that reading the text gives, and behind it the log rows.
+std::vector<std::string> Outcome(const std::string& text)
+{
+    LogRecorder log;
+    std::string outcome = "none";
+    try
+    {
+        DiscoveryMessageDeserializer().Deserialize(String(text));
+    }
+    catch (const Exception& failure)
+    {
+        outcome = failure.GetType().Name().Utf8();
+    }
+    std::vector<std::string> rows = log.Take();
+    rows.insert(rows.begin(), outcome);
+    return rows;
+}
+
+std::string Header(const std::string& type, const std::string& rest)
+{
+    return R"({"DiscoveryMessageType":")" + type + R"(","DiscoveryVersion":"1.0.23","Broadcast":"True")" + rest + "}";
+}
+} // namespace
+
+TEST(DiscoveryMessageDeserializerTests, FindsTheFaultsOfADatagramInOrder)
+{
+    const std::string noType = "DiscoveryMessage|Critical|No message type key !!! => BAD MESSAGE FORMAT !";
+    const std::string noVersion = "DiscoveryMessage|Critical|No version key !!! => BAD MESSAGE FORMAT !";
+    const std::string badBroadcast =
+        "DiscoveryMessage|Critical|No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !";
+    const std::string noBroadcast = "DiscoveryMessage|Debug|No Broadcast key. Assuming broadcast message.";
+    struct Row
+    {
+        std::string text;
+        std::vector<std::string> outcome;
+    };
+    const Row rows[] = {
+        {"", {"FormatException"}},
+        {std::string(2048, '\0'), {"FormatException"}},
+        {"[]", {"FormatException"}},
+        {R"({"DiscoveryMessageType":"Hello)", {"FormatException"}},
+        {"{}", {"FormatException", noType}},
+        {R"({"DiscoveryMessageType":5})", {"FormatException", noType}},
+        {R"({"DiscoveryMessageType":"hello","DiscoveryVersion":"1.0.23"})", {"ArgumentException"}},
+        {R"({"DiscoveryMessageType":"Hello"})", {"FormatException", noVersion}},
+        {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":1})", {"FormatException", noVersion}},
+        {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1","Broadcast":"yes"})", {"ArgumentException"}},
+        {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.0","Broadcast":"yes"})",
+         {"FormatException", badBroadcast}},
+        {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.0"})",
+         {"FormatException", noBroadcast,
+          "SignatureBroadcastMessage|Critical|No Host key !!! => BAD MESSAGE FORMAT !"}},
+        {R"({"discoverymessagetype":"AllSendYourSignature","DISCOVERYVERSION":"1.0"} rest)", {"none", noBroadcast}},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(row.outcome, Outcome(row.text));
+    }
+}
+
+TEST(DiscoveryMessageDeserializerTests, EachClassNamesTheKeyThatItMisses)
+{
+    const std::string end = " !!! => BAD MESSAGE FORMAT !";
+    struct Row
+    {
+        const char* type;
+        const char* rest;
+        std::string row;
+    };
+    const Row rows[] = {
+        {"SignatureBroadcast", R"(,"Host":[])", "SignatureBroadcastMessage|Critical|No Host key"},
+        {"Bye", "", "SignatureBroadcastMessage|Critical|No Host key"},
+        {"SendYourSignature", R"(,"TargetedMACAddress":1)",
+         "SendYourSignatureMessage|Critical|No targeted MAC address"},
+        {"ChangeYourIPConfig", R"(,"NewNICConfigs":{})",
+         "ChangeYourIPConfigMessage|Critical|No \"New NIC Configs\" key"},
+        {"ChangeYourHostName", R"(,"TargetedMACAddress":"1")",
+         "ChangeYourHostNameMessage|Critical|No \"New HostName\" key"},
+        {"ChangeYourHostName", R"(,"NewHostName":"n")",
+         "ChangeYourHostNameMessage|Critical|No \"Targeted MACAddress\" key"},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.row);
+        const std::vector<std::string> expected = {"FormatException", row.row + end};
+        EXPECT_EQ(expected, Outcome(Header(row.type, row.rest)));
+    }
+}
+
+TEST(DiscoveryMessageDeserializerTests, FailuresOfNestedRecordsTravelOutSilently)
+{
+    EXPECT_EQ(std::vector<std::string>{"ArgumentException"}, Outcome(Header("Hello", R"(,"Host":{"DeviceType":""})")));
+    EXPECT_EQ(std::vector<std::string>{"OverflowException"},
+              Outcome(Header("SendYourSignature", R"(,"TargetedMACAddress":"100")")));
+    EXPECT_EQ(std::vector<std::string>{"ArgumentException"},
+              Outcome(Header("Hello", R"(,"Host":)" + SampleHostText() + R"(,"SourceNIC":{})")));
+}
+
+TEST(DiscoveryMessageDeserializerTests, ReadsAnObjectByItsTextAndSerializesOnlyIntoAnOpenOne)
+{
+    DiscoveryMessageDeserializer deserializer;
+    for (const WireSample& sample : WireSamples())
+    {
+        const Sp<DiscoveryMessage> read(deserializer.Deserialize(JSONObject(String(sample.text))));
+        EXPECT_EQ(sample.text, read->ToJSON().Utf8());
+
+        JSONStringer stringer;
+        stringer.BeginObject();
+        deserializer.Serialize(*read, stringer);
+        EXPECT_EQ(sample.text, stringer.EndObject().ToString().Utf8());
+        EXPECT_THROW(deserializer.Serialize(*read), FormatException); // it opens no object of its own
+    }
+}

@@ -1,0 +1,144 @@
+#include "LogRecorder.h"
+#include "WireSamples.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/Version.h>
+#include <Discovery/Protocol/AllSendYourSignatureMessage.h>
+#include <Discovery/Protocol/ChangeYourHostNameMessage.h>
+#include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
+#include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
+#include <Discovery/Protocol/HelloMessage.h>
+#include <Discovery/Protocol/SendYourSignatureMessage.h>
+
+#include <gtest/gtest.h>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Zelkor::Discovery;
+
+namespace
+{
+Sp<DiscoveryMessage> Read(const std::string& text)
+{
+    return Sp<DiscoveryMessage>(DiscoveryMessageDeserializer().Deserialize(String(text)));
+}
+} // namespace
+
+TEST(MessageTests, EveryMessageIsWrittenInItsExactBytes)
+{
+    for (const WireSample& sample : WireSamples())
+    {
+        EXPECT_EQ(sample.text, sample.message->ToJSON().Utf8());
+    }
+}
+
+TEST(MessageTests, EveryMessageIsReadBackThroughAZeroedReceiveBuffer)
+{
+    for (const WireSample& sample : WireSamples())
+    {
+        SCOPED_TRACE(sample.text);
+        const int size = 2048;
+        std::string buffer = sample.text;
+        buffer.resize(size);
+        const Sp<DiscoveryMessage> read(DiscoveryMessageDeserializer().Deserialize(
+            String::FromLatin1(reinterpret_cast<const unsigned char*>(buffer.data()), size)));
+        EXPECT_EQ(typeid(*sample.message), typeid(*read));
+        EXPECT_EQ(sample.message->GetMessageType(), read->GetMessageType());
+        EXPECT_EQ(sample.text, read->ToJSON().Utf8());
+    }
+}
+
+TEST(MessageTests, TypesHaveTheirNamesOnTheWire)
+{
+    for (int number = 0; number <= 6; ++number)
+    {
+        const auto type = static_cast<DiscoveryMessageType>(number);
+        EXPECT_EQ(type, FromWireName(ToWireName(type)));
+    }
+    EXPECT_EQ("ChangeYourHostName", ToWireName(DiscoveryMessageType::ChangeYourHostName).Utf8());
+    EXPECT_THROW(FromWireName("hello"), ArgumentException);
+    EXPECT_THROW(ToWireName(static_cast<DiscoveryMessageType>(7)), ArgumentException);
+    EXPECT_THROW(ToWireName(static_cast<DiscoveryMessageType>(-1)), ArgumentException);
+}
+
+TEST(MessageTests, ConstructorsSetTheBroadcastFlagOfTheirRoad)
+{
+    const Tesmo::System::Version version(2, 1);
+    const MACAddress mac("1:2:3:4:5:6");
+    EXPECT_TRUE(SignatureBroadcastMessage(version).Broadcast);
+    EXPECT_TRUE(SendYourSignatureMessage().Broadcast);
+    EXPECT_FALSE(SendYourSignatureMessage(version).Broadcast);
+    EXPECT_TRUE(SendYourSignatureMessage(version, mac).Broadcast);
+    EXPECT_TRUE(AllSendYourSignatureMessage(version).Broadcast);
+    EXPECT_TRUE(ChangeYourHostNameMessage().Broadcast);
+    EXPECT_FALSE(ChangeYourHostNameMessage(version, "n").Broadcast);
+    EXPECT_TRUE(ChangeYourHostNameMessage(version, "n", mac).Broadcast);
+    EXPECT_EQ("1.0.23", HelloMessage().Version.ToString().Utf8());
+    EXPECT_EQ("2.1", SendYourSignatureMessage(version).Version.ToString().Utf8());
+}
+
+TEST(MessageTests, ASignatureOwnsCopiesOfWhatItIsGiven)
+{
+    SignatureBroadcastMessage message;
+    NICConfig nic = *SampleNIC();
+    DiscoveryHostProduct product("Server", "88", "2.1", "Store");
+    FileTransferInfos infos;
+    infos.Infos->Add("Port", "21");
+    message.AddNIC(nic);
+    message.AddProduct(product);
+    message.SetFileTransferInfos(infos);
+    nic.MTU = "9000";
+    product.ProductName = "Other";
+    infos.Infos->Clear();
+    EXPECT_TRUE(*message.Host.NICs->operator[](0) == *SampleNIC());
+    EXPECT_EQ("Store", message.Host.Products->operator[](0)->ProductName.Utf8());
+    EXPECT_EQ(1, message.Host.FileTransferInfos->Infos->Count());
+}
+
+TEST(MessageTests, TheBroadcastKeyIsAStringThatDecidesAboutTheAddress)
+{
+    struct Row
+    {
+        const char* member;
+        bool broadcast;
+        std::size_t rows;
+    };
+    const std::string line = "DiscoveryMessage|Debug|No Broadcast key. Assuming broadcast message.";
+    for (const Row& row : {Row{R"(,"Broadcast":"true")", true, 0}, Row{R"(,"Broadcast":"  TRUE ")", true, 0},
+                           Row{R"(,"BROADCAST":" false")", false, 0}, Row{"", true, 1},
+                           Row{R"(,"Broadcast":true)", true, 1}, Row{R"(,"Broadcast":false)", true, 1}})
+    {
+        SCOPED_TRACE(row.member);
+        LogRecorder log;
+        const Sp<DiscoveryMessage> message =
+            Read(R"({"DiscoveryMessageType":"SendYourSignature","DiscoveryVersion":"9.9")" + std::string(row.member) +
+                 R"(,"TargetedMACAddress":"7:0:0:0:0:1"})");
+        EXPECT_EQ(row.broadcast, message->Broadcast);
+        EXPECT_EQ(std::vector<std::string>(row.rows, line), log.Take());
+        EXPECT_EQ(row.broadcast ? "07:00:00:00:00:01" : "00:00:00:00:00:00",
+                  dynamic_cast<SendYourSignatureMessage&>(*message).TargetedMACAddress.ToString().Utf8());
+    }
+}
+
+TEST(MessageTests, AHelloWithoutSourceInterfaceIsValid)
+{
+    LogRecorder log;
+    HelloMessage message;
+    message.SourceNIC = SampleNIC();
+    message.ReadJSON(HelloMessage(message.Version, SampleHost()).ToJSON());
+    EXPECT_TRUE(message.SourceNIC == null);
+    EXPECT_EQ(std::vector<std::string>{"SignatureBroadcastMessage|Standard|No Source NIC key. Ignoring."}, log.Take());
+}
+
+TEST(MessageTests, BadConfigurationsAreSkippedOneByOne)
+{
+    LogRecorder log;
+    const Sp<DiscoveryMessage> message =
+        Read(R"({"DiscoveryMessageType":"ChangeYourIPConfig","DiscoveryVersion":"1.0.23","Broadcast":"True",)"
+             R"("NewNICConfigs":[1,)" +
+             SampleNICText() + R"(,{"FriendlyName":"x"},[]]})");
+    EXPECT_EQ(1, dynamic_cast<ChangeYourIPConfigMessage&>(*message).NewNICConfigs->Count());
+    EXPECT_EQ(std::vector<std::string>(
+                  3, "ChangeYourIPConfigMessage|Critical|Failed to parse NIC config !!! Ignoring this one..."),
+              log.Take());
+}
