@@ -1,0 +1,187 @@
+#include <Discovery/Gateway/Tests/NetworkNamespace.h>
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <optional>
+#include <poll.h>
+#include <string>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+constexpr int Limit = 20000; // milliseconds
+
+/// The other end of NOTIFY_SOCKET: what systemd would hear.
+class NotifySocket
+{
+public:
+    NotifySocket() : descriptor(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0))
+    {
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        name.copy(address.sun_path + 1, name.size()); // abstract: sun_path begins with a zero
+        const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
+        EXPECT_EQ(0, bind(descriptor, reinterpret_cast<sockaddr*>(&address), size));
+    }
+    ~NotifySocket()
+    {
+        close(descriptor);
+    }
+    NotifySocket(const NotifySocket&) = delete;
+    NotifySocket& operator=(const NotifySocket&) = delete;
+
+    std::string Name() const
+    {
+        return "@" + name;
+    }
+
+    /// The next message, or an empty text after the limit.
+    std::string Hear() const
+    {
+        pollfd source = {descriptor, POLLIN, 0};
+        std::array<char, 256> message;
+        const ssize_t size = poll(&source, 1, Limit) == 1 ? recv(descriptor, message.data(), message.size(), 0) : 0;
+        return std::string(message.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    }
+
+private:
+    int descriptor;
+    std::string name = "discovery-client-tests-" + std::to_string(getpid());
+};
+
+/// The program in the calling thread's namespaces, killed at the end of the scope if it still runs.
+class ServiceProcess
+{
+public:
+    /// @param errors  becomes its standard error
+    ServiceProcess(const NotifySocket& notify, int errors) : process(fork())
+    {
+        if (process == 0)
+        {
+            setenv("NOTIFY_SOCKET", notify.Name().c_str(), 1);
+            dup2(errors, STDERR_FILENO);
+            execl(DISCOVERY_CLIENT, DISCOVERY_CLIENT, static_cast<char*>(nullptr));
+            _exit(127);
+        }
+    }
+    ~ServiceProcess()
+    {
+        if (process > 0)
+        {
+            kill(process, SIGKILL);
+            waitpid(process, nullptr, 0);
+        }
+    }
+    ServiceProcess(const ServiceProcess&) = delete;
+    ServiceProcess& operator=(const ServiceProcess&) = delete;
+
+    void Signal(int number) const
+    {
+        kill(process, number);
+    }
+
+    /// True once the program holds the stop signals back: it may still be at its start.
+    bool HoldsSignalsBack() const
+    {
+        std::ifstream status("/proc/" + std::to_string(process) + "/status");
+        std::string line;
+        while (std::getline(status, line) && line.rfind("SigBlk:", 0) != 0)
+        {
+        }
+        const unsigned long long mask = line.empty() ? 0 : std::stoull(line.substr(7), nullptr, 16);
+        return (mask >> (SIGTERM - 1) & 1) != 0;
+    }
+
+    /// The exit code; none if a signal ended it or it runs on after the limit.
+    std::optional<int> ExitCode()
+    {
+        int status = 0;
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(Limit);
+        while (waitpid(process, &status, WNOHANG) == 0)
+        {
+            if (std::chrono::steady_clock::now() > end)
+            {
+                return std::nullopt;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        process = -1;
+        return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;
+    }
+
+private:
+    pid_t process;
+};
+
+class ServiceProcessTests : public testing::Test
+{
+private:
+    NetworkNamespace network; // first: abstract sockets belong to a network too
+
+protected:
+    void SetUp() override
+    {
+        if (!network.IsEntered())
+        {
+            GTEST_SKIP() << "the system refuses network namespaces";
+        }
+        Shell("ip link add lan type veth peer name other; ip link set lan up; ip link set other up;"
+              "ip addr add 10.7.0.1/16 dev lan");
+    }
+
+    NotifySocket notify;
+};
+} // namespace
+
+TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
+{
+    for (const int number : {SIGTERM, SIGINT})
+    {
+        SCOPED_TRACE(number);
+        ServiceProcess service(notify, STDERR_FILENO);
+        ASSERT_EQ("READY=1", notify.Hear());
+
+        service.Signal(number);
+        service.Signal(number);
+
+        EXPECT_EQ("STOPPING=1", notify.Hear());
+        EXPECT_EQ(0, service.ExitCode());
+    }
+}
+
+TEST_F(ServiceProcessTests, AStopSignalDuringTheStartWaitsForItsEnd)
+{
+    ServiceProcess service(notify, STDERR_FILENO);
+    for (int waited = 0; !service.HoldsSignalsBack() && waited < Limit; ++waited)
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+
+    service.Signal(SIGTERM);
+
+    EXPECT_EQ("READY=1", notify.Hear());
+    EXPECT_EQ("STOPPING=1", notify.Hear());
+    EXPECT_EQ(0, service.ExitCode());
+}
+
+TEST_F(ServiceProcessTests, ALogThatNobodyReadsDoesNotEndTheService)
+{
+    std::array<int, 2> ends = {};
+    ASSERT_EQ(0, pipe2(ends.data(), O_CLOEXEC));
+    close(ends[0]);
+    ServiceProcess service(notify, ends[1]);
+    close(ends[1]);
+    ASSERT_EQ("READY=1", notify.Hear());
+
+    service.Signal(SIGTERM);
+
+    EXPECT_EQ(0, service.ExitCode());
+}

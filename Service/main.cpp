@@ -1,0 +1,6 @@
+#include "DiscoveryClientService.h"
+
+int main()
+{
+    return Zelkor::Discovery::Client::DiscoveryClientService::Run();
+}
