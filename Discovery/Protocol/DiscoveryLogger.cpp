@@ -1,14 +1,29 @@
 #include <Discovery/Protocol/DiscoveryLogger.h>
 
+#include <Core/LogStream/LogStream.h>
+#include <Core/System/IO/Directory.h>
+#include <Core/System/IO/Path.h>
+#include <Core/System/InvalidOperationException.h>
+
 namespace Zelkor::Discovery
 {
 using Tesmo::null;
 using Tesmo::Sp;
 using Tesmo::System::Exception;
+using Tesmo::System::InvalidOperationException;
 using Tesmo::System::String;
+using Tesmo::System::IO::Directory;
+using Tesmo::System::IO::Path;
 using Tesmo::System::LogStreams::ILogStream;
+using Tesmo::System::LogStreams::LogStream;
 using Tesmo::System::LogStreams::LogStreamChannel;
 using Tesmo::System::LogStreams::LogStreamLevel;
+
+namespace
+{
+constexpr int BackupCount = 3;
+constexpr int DebugLineWidth = 1024; // characters
+} // namespace
 
 DiscoveryLogger& DiscoveryLogger::Instance()
 {
@@ -16,8 +31,38 @@ DiscoveryLogger& DiscoveryLogger::Instance()
     return instance;
 }
 
+void DiscoveryLogger::Open(const String& path, LogStreamLevel newLevel)
+{
+    fileName = path;
+    fileLevel = newLevel;
+    const String folder = Path::GetDirectoryName(Path::GetFullPath(path));
+    if (!Directory::Exists(folder))
+    {
+        Directory::CreateDirectory(folder);
+    }
+    if (IsOpen())
+    {
+        Close();
+    }
+    OpenFile();
+}
+
+void DiscoveryLogger::Reopen()
+{
+    if (IsOpen())
+    {
+        return;
+    }
+    if (fileName.IsEmpty())
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
+    OpenFile();
+}
+
 void DiscoveryLogger::SetStream(const Sp<ILogStream>& newStream)
 {
+    fileName = String();
     stream = newStream;
 }
 
@@ -26,11 +71,11 @@ bool DiscoveryLogger::IsOpen() const
     return !(stream == null);
 }
 
-void DiscoveryLogger::Write(const LogStreamChannel& channel, const String& message, LogStreamLevel level)
+void DiscoveryLogger::Write(const LogStreamChannel& channel, const String& message, LogStreamLevel rowLevel)
 {
     if (IsOpen())
     {
-        stream->Write(channel, level, message);
+        stream->Write(channel, rowLevel, message);
     }
 }
 
@@ -46,5 +91,16 @@ void DiscoveryLogger::Close()
 {
     stream->Close();
     stream.Reset(nullptr);
+}
+
+void DiscoveryLogger::OpenFile()
+{
+    Sp<LogStream> file(new LogStream(fileName, fileLevel));
+    stream = file;
+    file->BackupCount(BackupCount);
+    if (fileLevel == LogStreamLevel::Debug)
+    {
+        file->LineWidth(DebugLineWidth); // only now: the header that is written already keeps its width
+    }
 }
 } // namespace Zelkor::Discovery

@@ -18,7 +18,16 @@ public:
     DiscoveryLogger(const DiscoveryLogger&) = delete;
     DiscoveryLogger& operator=(const DiscoveryLogger&) = delete;
 
-    /// Installs a stream.
+    /// Logs to a file from now on, and makes its folder with all missing parents. A stream that is installed is closed
+    /// first. Three backups are kept; at Debug the banners after the first header are 1024 characters wide.
+    /// @throws IO::IOException and others  the folder cannot be made or the file cannot be opened
+    void Open(const Tesmo::System::String& path, Tesmo::System::LogStreams::LogStreamLevel newLevel);
+
+    /// Opens the file of the last Open again, if no stream is installed.
+    /// @throws Tesmo::System::InvalidOperationException  there was none, or SetStream came after it
+    void Reopen();
+
+    /// Installs a stream; the file of the last Open is forgotten.
     void SetStream(const Tesmo::Sp<Tesmo::System::LogStreams::ILogStream>& newStream);
 
     /// True while a stream is installed.
@@ -39,6 +48,10 @@ public:
 private:
     DiscoveryLogger() = default;
 
+    void OpenFile();
+
+    Tesmo::System::String fileName; ///< of the last Open
+    Tesmo::System::LogStreams::LogStreamLevel fileLevel = Tesmo::System::LogStreams::LogStreamLevel::None;
     Tesmo::Sp<Tesmo::System::LogStreams::ILogStream> stream;
 };
 } // namespace Zelkor::Discovery

@@ -15,7 +15,8 @@ public:
         : IOException(message, file, line)
     {
     }
-    [[nodiscard]] DirectoryNotFoundException(const String& message, const Exception& inner, const String& file, int line)
+    [[nodiscard]] DirectoryNotFoundException(const String& message, const Exception& inner, const String& file,
+                                             int line)
         : IOException(message, inner, file, line)
     {
     }
