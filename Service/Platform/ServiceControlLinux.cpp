@@ -121,12 +121,13 @@ bool RegisterControlHandler(const char*, void (*handler)(std::uint32_t control))
 
 int ReportServiceStatus(const ServiceStatus& status)
 {
-    acceptsControls = status.controlsAccepted != AcceptNothing;
-    WakeController();
     const char* state = status.currentState == ServiceRunning       ? "READY=1"
                         : status.currentState == ServiceStopPending ? "STOPPING=1"
                                                                     : nullptr;
     const int result = state == nullptr ? 0 : sd_notify(0, state);
+    // Only now: a stop signal that was held back is reported by the controlling thread at once.
+    acceptsControls = status.controlsAccepted != AcceptNothing;
+    WakeController();
     return result < 0 ? -result : 0;
 }
 
