@@ -16,22 +16,26 @@ struct Walk
     const void* user;
     const void** addresses;
     int capacity;
-    int count; ///< 0 until the user's function has come by
+    int count = 0;             ///< 0 until the user's function has come by
+    const void* own = nullptr; ///< the topmost address
 };
 
 _Unwind_Reason_Code VisitFrame(_Unwind_Context* context, void* argument)
 {
     Walk& walk = *static_cast<Walk*>(argument);
     const auto* const address = reinterpret_cast<const void*>(_Unwind_GetIP(context));
+    if (walk.own == nullptr)
+    {
+        walk.own = address;
+    }
     if (walk.count == 0)
     {
-        const bool isOwn = address != walk.user;
-        if (isOwn)
+        const bool isAboveUser = address != walk.user;
+        if (isAboveUser)
         {
-            walk.addresses[0] = address;
             return _URC_NO_REASON;
         }
-        std::fill_n(walk.addresses + 1, OwnFrames - 1, walk.addresses[0]);
+        std::fill_n(walk.addresses, OwnFrames, walk.own);
         walk.count = OwnFrames;
     }
     if (walk.count == walk.capacity)
@@ -50,7 +54,7 @@ int CaptureStack(const void* user, const void** addresses, int capacity)
     {
         return 0;
     }
-    Walk walk{user, addresses, capacity, 0};
+    Walk walk{user, addresses, capacity};
     _Unwind_Backtrace(VisitFrame, &walk);
     return walk.count;
 }

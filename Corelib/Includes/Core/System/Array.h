@@ -13,11 +13,19 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace Tesmo::System
 {
+namespace Detail
+{
+/// T or const T.
+template <class U, class T>
+concept MaybeConst = std::same_as<std::remove_const_t<U>, T>;
+} // namespace Detail
+
 /// A fixed number of elements. What would change the number (Add, Clear, Insert, Remove, RemoveAt) gives
 /// InvalidOperationException.
 template <class T, int Rank>
@@ -40,8 +48,8 @@ public:
     /// Copies length elements.
     /// @throws ArgumentNullException        source is a null pointer
     /// @throws ArgumentOutOfRangeException  length is negative
-    template <class U>
-    requires std::same_as<std::remove_const_t<U>, T> Array(U* source, int length)
+    template <Detail::MaybeConst<T> U>
+    Array(U* source, int length)
     {
         if (source == nullptr)
         {
@@ -52,11 +60,11 @@ public:
 
     explicit Array(const T& value) requires(!std::same_as<T, int>) : items{value} {}
 
-    /// Two to five elements.
-    template <class... U>
-    requires(sizeof...(U) >= 2 && sizeof...(U) <= 5 &&
-             (std::convertible_to<const U&, T> && ...)) explicit Array(const U&... values)
-        : items{static_cast<T>(values)...}
+    Array(const T& first, const T& second) : items{first, second} {}
+    Array(const T& first, const T& second, const T& third) : items{first, second, third} {}
+    Array(const T& first, const T& second, const T& third, const T& fourth) : items{first, second, third, fourth} {}
+    Array(const T& first, const T& second, const T& third, const T& fourth, const T& fifth)
+        : items{first, second, third, fourth, fifth}
     {
     }
 
@@ -183,8 +191,7 @@ public:
 
     void CopyTo(Array<T>& array, int index) const override
     {
-        Collections::Generic::Detail::CheckCopy(array, index, Length());
-        std::copy(begin(), end(), array.begin() + index);
+        std::copy(begin(), end(), Collections::Generic::Detail::CopyTarget(array, index, Length()));
     }
 
     Up<Collections::Generic::IEnumerator<T>> GetEnumerator() const override

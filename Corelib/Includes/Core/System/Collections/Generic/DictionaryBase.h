@@ -151,11 +151,11 @@ public:
 
     void CopyTo(Array<Pair>& array, int index) const override
     {
-        Detail::CheckCopy(array, index, Count());
+        Pair* target = Detail::CopyTarget(array, index, Count());
         for (const auto& entry : map)
         {
-            array[index] = Pair(entry.first, entry.second);
-            index++;
+            *target = Pair(entry.first, entry.second);
+            target++;
         }
     }
 

@@ -24,11 +24,7 @@ bool AreEqual(const T& left, const T& right)
     {
         return false;
     }
-    if constexpr (requires {
-                      {
-                          left == right
-                          } -> std::convertible_to<bool>;
-                  })
+    if constexpr (std::equality_comparable<T>)
     {
         return left == right;
     }
@@ -64,9 +60,9 @@ struct KeyEqual
     }
 };
 
-/// The argument checks of every CopyTo that writes count elements.
+/// Where a CopyTo of count elements begins to write, once its arguments are found good.
 template <class T>
-void CheckCopy(const Array<T>& array, int index, int count)
+T* CopyTarget(Array<T>& array, int index, int count)
 {
     if (IsNull(array))
     {
@@ -80,6 +76,7 @@ void CheckCopy(const Array<T>& array, int index, int count)
     {
         throw ArgumentException(ThrowSite);
     }
+    return array.begin() + index;
 }
 
 /// An element as text: an object's own, a number's digits, or the name of the type.

@@ -148,8 +148,7 @@ public:
 
     void CopyTo(Array<T>& array, int index) const override
     {
-        Detail::CheckCopy(array, index, Count());
-        std::copy(begin(), end(), array.begin() + index);
+        std::copy(begin(), end(), Detail::CopyTarget(array, index, Count()));
     }
 
     /// @throws ArgumentOutOfRangeException  index is negative or above Count()

@@ -104,8 +104,7 @@ public:
 
     void CopyTo(Array<T>& array, int index) const override
     {
-        Detail::CheckCopy(array, index, Count());
-        std::copy(items.begin(), items.end(), array.begin() + index);
+        std::copy(items.begin(), items.end(), Detail::CopyTarget(array, index, Count()));
     }
 
     /// Not supported: always false, and nothing is taken out.
