@@ -50,7 +50,8 @@ TEST(DateTimeLinuxTests, LocalTimeFindsItsUtcAroundAChangeOfTheClock)
         int month, day, hour;
         int utcHour;
     };
-    for (const Row& row : {Row{3, 31, 1, 0}, Row{3, 31, 3, 1}, Row{10, 27, 1, 23}, Row{10, 27, 3, 2}, Row{7, 1, 12, 10}})
+    for (const Row& row :
+         {Row{3, 31, 1, 0}, Row{3, 31, 3, 1}, Row{10, 27, 1, 23}, Row{10, 27, 3, 2}, Row{7, 1, 12, 10}})
     {
         const DateTime local(2024, row.month, row.day, row.hour, 0, 0, DateTimeKind::Local);
         EXPECT_EQ(row.hour, local.Hour()) << row.month << "/" << row.day;

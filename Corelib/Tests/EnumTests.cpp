@@ -44,8 +44,11 @@ public:
     explicit State(int number) : FlagsEnum(number) {}
     const NameTable& Names() const override
     {
-        static constexpr EnumName names[] = {{Running, "Running"}, {Background, "Background"}, {Unstarted, "Unstarted"},
-                                             {Stopped, "Stopped"}, {WaitSleepJoin, "WaitSleepJoin"}};
+        static constexpr EnumName names[] = {{Running, "Running"},
+                                             {Background, "Background"},
+                                             {Unstarted, "Unstarted"},
+                                             {Stopped, "Stopped"},
+                                             {WaitSleepJoin, "WaitSleepJoin"}};
         static const NameTable table = EnumNameTable::Build(names);
         return table;
     }
@@ -133,10 +136,9 @@ TEST(EnumTests, FlagsParseAsListOfNames)
         bool outcome;
         int value;
     };
-    for (const Row& row :
-         {Row{"Unstarted, WaitSleepJoin", true, 40}, Row{" Stopped ", true, 16}, Row{"40", true, 40},
-          Row{"Stopped,Nothing,Background", false, 20}, Row{"Stopped,8", false, 16}, Row{"stopped", false, 0},
-          Row{"", false, 0}})
+    for (const Row& row : {Row{"Unstarted, WaitSleepJoin", true, 40}, Row{" Stopped ", true, 16}, Row{"40", true, 40},
+                           Row{"Stopped,Nothing,Background", false, 20}, Row{"Stopped,8", false, 16},
+                           Row{"stopped", false, 0}, Row{"", false, 0}})
     {
         State state(63);
         EXPECT_EQ(row.outcome, state.TryParse(row.text, false, state)) << row.text;

@@ -93,8 +93,8 @@ TEST(TimeSpanTests, TextParses)
         EXPECT_EQ(row.ticks, TimeSpan::Parse(row.text).Ticks()) << row.text;
     }
     TimeSpan result(9LL);
-    for (const char* const text : {"", "-", "1:", "1.2", "1:2:", "1:2:3.", "1:2:3.12345678", "1:2:3:4", "+1", "--1", "x",
-                                   "-99999999999"})
+    for (const char* const text :
+         {"", "-", "1:", "1.2", "1:2:", "1:2:3.", "1:2:3.12345678", "1:2:3:4", "+1", "--1", "x", "-99999999999"})
     {
         EXPECT_THROW(TimeSpan::Parse(text), FormatException) << text;
         EXPECT_FALSE(TimeSpan::TryParse(text, result)) << text;

@@ -46,8 +46,8 @@ TEST(VersionTests, NegativeNumbersAreRefused)
 
 TEST(VersionTests, TheFirstDifferenceDecides)
 {
-    const Version ascending[] = {Version(1, 2), Version(1, 2, 0), Version(1, 2, 0, 9), Version(1, 2, 1), Version(1, 10),
-                                 Version(2, 0)};
+    const Version ascending[] = {Version(1, 2),    Version(1, 2, 0), Version(1, 2, 0, 9),
+                                 Version(1, 2, 1), Version(1, 10),   Version(2, 0)};
     for (const Version& left : ascending)
     {
         for (const Version& right : ascending)
@@ -67,7 +67,8 @@ TEST(VersionTests, TheFirstDifferenceDecides)
 
 TEST(OperatingSystemTests, NameVersionAndServicePackPrint)
 {
-    EXPECT_EQ("Microsoft Windows NT 5.1.2600", OperatingSystem(PlatformID::Win32NT, Version(5, 1, 2600)).ToString().Utf8());
+    EXPECT_EQ("Microsoft Windows NT 5.1.2600",
+              OperatingSystem(PlatformID::Win32NT, Version(5, 1, 2600)).ToString().Utf8());
     EXPECT_EQ("Unix 6.18.5 Service Pack 8", OperatingSystem(PlatformID::Unix, Version(6, 18, 5)).ToString().Utf8());
     EXPECT_EQ("Android 13.0.5", OperatingSystem(PlatformID::Android, Version(13, 0, 5)).ToString().Utf8());
     EXPECT_EQ("<Unknown> 1.2", OperatingSystem(PlatformID::Unknown, Version(1, 2)).ToString().Utf8());

@@ -94,7 +94,8 @@ DateTime::DateTime(long long value, DateTimeKind usedKind) : ticks(static_cast<s
     }
 }
 
-DateTime::DateTime(int year, int month, int day, DateTimeKind usedKind) : DateTime(year, month, day, 0, 0, 0, 0, usedKind)
+DateTime::DateTime(int year, int month, int day, DateTimeKind usedKind)
+    : DateTime(year, month, day, 0, 0, 0, 0, usedKind)
 {
 }
 
@@ -313,7 +314,6 @@ String DateTime::Print(const char* pattern) const
     constexpr int firstUsualYear = 1000;
     const std::tm fields = BrokenDown();
     const int year = fields.tm_year + 1900;
-    return year >= firstUsualYear ? PrintFields(fields, pattern)
-                                  : PrintFields(fields, WithYear(pattern, year).c_str());
+    return year >= firstUsualYear ? PrintFields(fields, pattern) : PrintFields(fields, WithYear(pattern, year).c_str());
 }
 } // namespace Tesmo::System

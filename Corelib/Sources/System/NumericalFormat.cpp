@@ -17,20 +17,6 @@ namespace
 {
 constexpr int IntegerDigits = 10; // significant digits of the general format of every integer
 constexpr int FractionDigits = 2; // of "f", "n" and "p"
-constexpr std::string_view StandardLetters = "bgGxXdnfp";
-
-/// A format taken apart; the letter 0 stands for one that is not standard.
-struct Pattern
-{
-    char letter = 0;
-    int precision = 0;
-    bool precisionGiven = false;
-
-    int PrecisionOr(int standard) const
-    {
-        return precisionGiven ? precision : standard;
-    }
-};
 
 struct Integer
 {
@@ -50,31 +36,64 @@ struct FloatText
 
 char StandardLetter(char first)
 {
-    constexpr std::string_view upper = "DPBNF";
-    const char letter = upper.find(first) == upper.npos ? first : static_cast<char>(first - 'A' + 'a');
-    return StandardLetters.find(letter) == StandardLetters.npos ? '\0' : letter;
+    switch (first)
+    {
+    case 'B':
+    case 'D':
+    case 'F':
+    case 'N':
+    case 'P':
+        return static_cast<char>(first - 'A' + 'a');
+    case 'b':
+    case 'd':
+    case 'f':
+    case 'g':
+    case 'G':
+    case 'n':
+    case 'p':
+    case 'x':
+    case 'X':
+        return first;
+    default:
+        return 0;
+    }
 }
 
-Pattern ReadPattern(std::string_view format)
+/// The number that up to nine digits make; -1 for anything else.
+int ReadPrecision(std::string_view digits)
 {
-    if (format.empty())
+    int precision = digits.size() > 9 ? -1 : 0;
+    for (std::size_t i = 0; i < digits.size() && precision >= 0; ++i)
     {
-        return {'G'};
+        const int digit = digits[i] - '0';
+        precision = digit < 0 || digit > 9 ? -1 : precision * 10 + digit;
     }
-    Pattern pattern{StandardLetter(format.front())};
-    const std::string_view rest = format.substr(1);
-    if (pattern.letter != 0 && !rest.empty())
+    return precision;
+}
+
+/// A format taken apart; the letter 0 stands for one that is not standard.
+struct Pattern
+{
+    char letter = 'G';
+    int precision = 0;
+    bool precisionGiven = false;
+
+    explicit Pattern(std::string_view format)
     {
-        const char* const end = rest.data() + rest.size();
-        const auto [stop, error] = std::from_chars(rest.data(), end, pattern.precision);
-        pattern.precisionGiven = true;
-        if (error != std::errc() || stop != end || rest.front() == '-')
+        if (!format.empty())
         {
-            return {};
+            precision = ReadPrecision(format.substr(1));
+            letter = precision < 0 ? '\0' : StandardLetter(format.front());
+            precision = letter == 0 ? 0 : precision;
+            precisionGiven = format.size() > 1;
         }
     }
-    return pattern;
-}
+
+    int PrecisionOr(int standard) const
+    {
+        return precisionGiven ? precision : standard;
+    }
+};
 
 std::string_view Digits(std::uint64_t value, int base, IntegerText& buffer)
 {
@@ -197,7 +216,7 @@ void AppendPercent(std::string& text, const Integer& number, std::string_view di
 
 void AppendInteger(std::string& text, const Integer& number, std::string_view format)
 {
-    const Pattern pattern = ReadPattern(format);
+    const Pattern pattern(format);
     const std::size_t start = text.size();
     IntegerText buffer;
     const std::string_view digits = Digits(number.magnitude, 10, buffer);
@@ -268,7 +287,7 @@ String Collect(const String& format, Args... args)
 
 void NumericalFormat::ParseFormat(const String& format, char32& letter, int& precision)
 {
-    const Pattern pattern = ReadPattern(CheckedFormat(format));
+    const Pattern pattern(CheckedFormat(format));
     letter = pattern.letter;
     precision = pattern.precision;
 }
@@ -307,7 +326,7 @@ void NumericalFormat::Append(std::string& text, double value, int digits, std::s
         text += std::isnan(value) ? "NaN" : value < 0 ? "-Infinity" : "Infinity";
         return;
     }
-    const Pattern pattern = ReadPattern(format);
+    const Pattern pattern(format);
     switch (pattern.letter)
     {
     case 'g':

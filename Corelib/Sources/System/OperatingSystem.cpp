@@ -7,8 +7,16 @@ namespace Tesmo::System
 {
 namespace
 {
-const char* const names[] = {"<Unknown>", "Microsoft Win32S", "Microsoft Windows 98", "Microsoft Windows NT",
-                             "Microsoft Windows CE", "Unix", "Xbox", "Mac OS X", "IOs", "Android"};
+const char* const names[] = {"<Unknown>",
+                             "Microsoft Win32S",
+                             "Microsoft Windows 98",
+                             "Microsoft Windows NT",
+                             "Microsoft Windows CE",
+                             "Unix",
+                             "Xbox",
+                             "Mac OS X",
+                             "IOs",
+                             "Android"};
 
 bool HasServicePacks(PlatformID platform)
 {

@@ -1,5 +1,5 @@
-#include <Core/System/Array.h>
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Array.h>
 #include <Core/System/Boolean.h>
 #include <Core/System/FormatArgument.h>
 #include <Core/System/FormatException.h>
@@ -7,10 +7,10 @@
 #include <Core/System/NumericalParsing.h>
 #include <Core/System/String.h>
 #include <Core/System/ThrowSite.h>
+#include <Core/System/Utf8.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <limits>
 
 namespace Tesmo::System
 {
@@ -24,11 +24,22 @@ bool IsContinuedBy(char bracket, std::string_view rest)
     return !rest.empty() && rest.front() == bracket;
 }
 
-/// Code points of a text; only text beyond ASCII needs the storage's own count.
-std::size_t CodePoints(std::string_view text)
+/// Position of the first character for which stops is true; the size where there is none. The pieces of a format are
+/// short: a plain loop beats the searches of the standard library, which call out for each.
+template <class Predicate>
+std::size_t Scan(std::string_view text, Predicate stops)
 {
-    const bool isAscii = std::none_of(text.begin(), text.end(), [](char byte) { return (byte & 0x80) != 0; });
-    return isAscii ? text.size() : static_cast<std::size_t>(ustring(std::string(text)).Length());
+    std::size_t at = 0;
+    while (at < text.size() && !stops(text[at]))
+    {
+        ++at;
+    }
+    return at;
+}
+
+std::size_t Scan(std::string_view text, char sought)
+{
+    return Scan(text, [sought](char character) { return character == sought; });
 }
 
 int ParseInt(std::string_view text)
@@ -46,8 +57,12 @@ int ParseInt(std::string_view text)
 class CompositeFormatter
 {
 public:
-    CompositeFormatter(const IFormatProvider& usedProvider, std::string_view format, const FormatArgument* list, int size)
-        : provider(usedProvider), rest(format), arguments(list), count(size)
+    CompositeFormatter(const IFormatProvider& usedProvider, std::string_view format, const FormatArgument* list,
+                       int size)
+        : provider(usedProvider),
+          rest(format),
+          arguments(list),
+          count(size)
     {
         std::size_t hint = format.size();
         for (int i = 0; i < count; ++i)
@@ -61,7 +76,7 @@ public:
     {
         while (!rest.empty())
         {
-            const std::size_t plain = std::min(rest.find_first_of("{}"), rest.size());
+            const std::size_t plain = Scan(rest, [](char character) { return character == '{' || character == '}'; });
             result += rest.substr(0, plain);
             rest.remove_prefix(plain);
             if (!rest.empty())
@@ -93,8 +108,8 @@ private:
             rest.remove_prefix(1);
             return;
         }
-        const std::size_t close = rest.find('}');
-        if (close == rest.npos)
+        const std::size_t close = Scan(rest, '}');
+        if (close == rest.size())
         {
             throw FormatException("An opened bracket '{' is not closed by '}'", ThrowSite);
         }
@@ -107,16 +122,16 @@ private:
     {
         std::uint64_t codePoint = 0;
         NumericalParsing::ParseUtf8(hexadecimal, 16, 32, codePoint);
-        result += ustring(char32(static_cast<std::uint32_t>(codePoint)), 1).Bytes();
+        Utf8::Append(result, char32(static_cast<std::uint32_t>(codePoint)));
     }
 
     void AppendItem(std::string_view item)
     {
-        const std::size_t colon = std::min(item.find(':'), item.size());
+        const std::size_t colon = Scan(item, ':');
         const std::string_view head = item.substr(0, colon);
         const std::string_view formatString = item.substr(std::min(colon + 1, item.size()));
-        const std::size_t comma = head.find(',');
-        const int alignment = comma == head.npos ? 0 : ParseInt(head.substr(comma + 1));
+        const std::size_t comma = Scan(head, ',');
+        const int alignment = comma == head.size() ? 0 : ParseInt(head.substr(comma + 1));
         const int index = ParseInt(head.substr(0, comma));
         if (index < 0 || index >= count)
         {
@@ -135,7 +150,7 @@ private:
     void Align(std::size_t start, int alignment)
     {
         const auto width = static_cast<std::size_t>(std::abs(static_cast<std::int64_t>(alignment)));
-        const std::size_t length = CodePoints(std::string_view(result).substr(start));
+        const std::size_t length = Utf8::Count(std::string_view(result).substr(start));
         if (length < width)
         {
             result.insert(alignment > 0 ? start : result.size(), width - length, ' ');
@@ -160,7 +175,7 @@ void FormatArgument::AppendTo(std::string& result, std::string_view formatString
         result += (unsignedValue != 0 ? Boolean::TrueString() : Boolean::FalseString()).Utf8();
         return;
     case Kind::Character:
-        result += ustring(char32(static_cast<std::uint32_t>(unsignedValue)), 1).Bytes();
+        Utf8::Append(result, char32(static_cast<std::uint32_t>(unsignedValue)));
         return;
     case Kind::Signed:
         return NumericalFormat::Append(result, signedValue, bits, formatString);

@@ -14,11 +14,12 @@ namespace Tesmo::System
 /// A plain enumeration with a name table: beside the enumeration stands
 /// `constexpr std::span<const EnumName> EnumNamesOf(E)`, which is found by the argument.
 template <class E>
-concept NamedEnum = std::is_enum_v<E> && requires(E value) {
-                                             {
-                                                 EnumNamesOf(value)
-                                                 } -> std::convertible_to<std::span<const EnumName>>;
-                                         };
+concept NamedEnum = std::is_enum_v<E> && requires(E value)
+{
+    {
+        EnumNamesOf(value)
+        } -> std::convertible_to<std::span<const EnumName>>;
+};
 
 /// A plain enumeration as an object.
 template <NamedEnum E>

@@ -28,12 +28,16 @@ public:
     FormatArgument(const String& value) : kind(IsNull(value) ? Kind::Null : Kind::Text), text(&value) {}
 
     template <std::signed_integral T>
-    FormatArgument(T value) : kind(Kind::Signed), bits(sizeof(T) * 8), signedValue(value)
+    FormatArgument(T value) : kind(Kind::Signed),
+                              bits(sizeof(T) * 8),
+                              signedValue(value)
     {
     }
 
     template <std::unsigned_integral T>
-    FormatArgument(T value) : kind(Kind::Unsigned), bits(sizeof(T) * 8), unsignedValue(value)
+    FormatArgument(T value) : kind(Kind::Unsigned),
+                              bits(sizeof(T) * 8),
+                              unsignedValue(value)
     {
     }
 

@@ -10,8 +10,8 @@ namespace Tesmo::System
 {
 class String;
 
-/// Text of numbers by a format: a letter and an optional precision in decimal digits. The decimal point is always '.',
-/// the group separator always ','.
+/// Text of numbers by a format: a letter and an optional precision of up to nine decimal digits. The decimal point is
+/// always '.', the group separator always ','.
 ///
 /// Integers:  g G  general, %g with 10 significant digits where no exponent is needed the plain digits
 ///            d    decimal, at least precision digits
