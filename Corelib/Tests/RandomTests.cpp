@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 using namespace Tesmo;
@@ -20,7 +21,7 @@ TEST(RandomTests, ADrawHasFifteenBitsAndMayBeOne)
     for (int i = 0; i < 1000000; ++i) // each of the 32768 values is missed with a chance of e^-30
     {
         const double sample = random.Sample();
-        ASSERT_EQ(sample * 32767, static_cast<int>(sample * 32767 + 0.5));
+        ASSERT_NEAR(std::round(sample * 32767), sample * 32767, 1e-9);
         smallest = std::min(smallest, sample);
         largest = std::max(largest, sample);
     }
