@@ -160,7 +160,7 @@ void FileStream::SetPosition(std::int64_t position)
     {
         throw ArgumentOutOfRangeException(ThrowSite);
     }
-    Move(position, SeekOrigin::Begin);
+    Seek(position, SeekOrigin::Begin);
 }
 
 std::int64_t FileStream::GetPosition()

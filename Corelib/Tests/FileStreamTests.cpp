@@ -1,0 +1,194 @@
+#include "TemporaryFolder.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Array.h>
+#include <Core/System/IO/DirectoryNotFoundException.h>
+#include <Core/System/IO/FileNotFoundException.h>
+#include <Core/System/IO/FileStream.h>
+#include <Core/System/IO/Path.h>
+#include <Core/System/NotSupportedException.h>
+#include <Core/System/ObjectClosedException.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Tesmo::System::IO;
+
+namespace
+{
+constexpr int R = FileAccess::Read;
+constexpr int W = FileAccess::Write;
+constexpr int RW = FileAccess::ReadWrite;
+
+/// What the file holds after an 'X' was written where that is possible, or the failure.
+std::string OutcomeOf(const TemporaryFolder& folder, FileMode mode, int access)
+{
+    try
+    {
+        FileStream stream(folder.Path("f.txt"), mode, access, FileShare::None);
+        if (stream.CanWrite())
+        {
+            stream.WriteByte('X');
+        }
+        stream.Close();
+        return folder.Read("f.txt");
+    }
+    catch (const FileNotFoundException&)
+    {
+        return "missing";
+    }
+    catch (const IOException&)
+    {
+        return "I/O";
+    }
+    catch (const ArgumentException&)
+    {
+        return "argument";
+    }
+}
+
+Array<unsigned char> Bytes(const std::string& text)
+{
+    return Array<unsigned char>(std::vector<unsigned char>(text.begin(), text.end()));
+}
+} // namespace
+
+TEST(FileStreamTests, ModeAndAccessDecideWhatOpeningDoes)
+{
+    struct Row
+    {
+        FileMode mode;
+        int access;
+        const char* onNone; ///< outcome where there is no file
+        const char* onAbc;  ///< where there is one that holds "abc"
+    };
+    for (const Row& row :
+         {Row{FileMode::CreateNew, R, "argument", "argument"}, Row{FileMode::CreateNew, W, "X", "I/O"},
+          Row{FileMode::CreateNew, RW, "X", "I/O"}, Row{FileMode::Create, R, "argument", "argument"},
+          Row{FileMode::Create, W, "X", "X"}, Row{FileMode::Create, RW, "X", "Xbc"},
+          Row{FileMode::Open, R, "missing", "abc"}, Row{FileMode::Open, W, "missing", "Xbc"},
+          Row{FileMode::Open, RW, "missing", "Xbc"}, Row{FileMode::OpenOrCreate, R, "", "abc"},
+          Row{FileMode::OpenOrCreate, W, "X", "Xbc"}, Row{FileMode::OpenOrCreate, RW, "X", "Xbc"},
+          Row{FileMode::Truncate, R, "missing", "argument"}, Row{FileMode::Truncate, W, "missing", "X"},
+          Row{FileMode::Truncate, RW, "missing", "Xbc"}, Row{FileMode::Append, R, "argument", "argument"},
+          Row{FileMode::Append, W, "X", "abcX"}, Row{FileMode::Append, RW, "argument", "argument"}})
+    {
+        SCOPED_TRACE(row.mode.ToString().Utf8() + " " + std::to_string(row.access));
+        const TemporaryFolder folder;
+        EXPECT_EQ(row.onNone, OutcomeOf(folder, row.mode, row.access));
+        folder.Write("f.txt", "abc");
+        EXPECT_EQ(row.onAbc, OutcomeOf(folder, row.mode, row.access));
+    }
+}
+
+TEST(FileStreamTests, APathThatCannotBeOpenedNamesTheReason)
+{
+    const TemporaryFolder folder;
+    folder.MakeFolder("sub");
+    const auto create = [](const String& path) { FileStream(path, FileMode::Create, W, FileShare::None); };
+    EXPECT_THROW(create(null), ArgumentNullException);
+    EXPECT_THROW(create(""), ArgumentException);
+    EXPECT_THROW(create("a|b"), ArgumentException);
+    EXPECT_THROW(create(Path::Combine(folder.Path("none"), "f.txt")), DirectoryNotFoundException);
+    EXPECT_THROW(create(folder.Path("sub")), IOException);
+    EXPECT_THROW(FileStream(folder.Path("sub"), FileMode::Open, R, FileShare::None), FileNotFoundException);
+    EXPECT_THROW(FileStream(folder.Path("f"), FileMode(7), W, FileShare::None), ArgumentOutOfRangeException);
+    EXPECT_THROW(FileStream(folder.Path("f"), FileMode::Create, 3, FileShare::None), ArgumentOutOfRangeException);
+}
+
+TEST(FileStreamTests, ShareNoneLocksNothingOut)
+{
+    const TemporaryFolder folder;
+    FileStream first(folder.Path("f"), FileMode::Create, W, FileShare::None);
+    first.WriteByte('a');
+    FileStream second(folder.Path("f"), FileMode::Append, W, FileShare::None);
+    second.WriteByte('b');
+    FileStream reader(folder.Path("f"), FileMode::Open, R, FileShare::None);
+    EXPECT_EQ('a', reader.ReadByte());
+    EXPECT_EQ('b', reader.ReadByte());
+    EXPECT_EQ(-1, reader.ReadByte());
+    EXPECT_EQ(1, first.GetPosition());
+    EXPECT_EQ(2, second.GetPosition()); // stands at the end
+}
+
+TEST(FileStreamTests, ReadingAheadDoesNotShow)
+{
+    std::string text;
+    for (int i = 0; i < 2000; ++i)
+    {
+        text += std::to_string(i) + " ";
+    }
+    const TemporaryFolder folder;
+    folder.Write("f", text);
+    FileStream stream(folder.Path("f"), FileMode::Open, RW, FileShare::None);
+    EXPECT_EQ(static_cast<std::int64_t>(text.size()), stream.Length());
+    EXPECT_EQ('0', stream.ReadByte());
+    EXPECT_EQ(1, stream.GetPosition());
+    stream.WriteByte('!'); // where the reader stands, not where the buffer ends
+    Array<unsigned char> buffer(static_cast<int>(text.size()) + 10);
+    EXPECT_EQ(static_cast<int>(text.size()) - 2, stream.Read(buffer, 5, static_cast<int>(text.size())));
+    EXPECT_EQ(text.substr(2), std::string(buffer.begin() + 5, buffer.begin() + 5 + text.size() - 2));
+    EXPECT_EQ(0, stream.Read(buffer, 0, 1));
+
+    EXPECT_EQ(1, stream.Seek(1, SeekOrigin::Begin));
+    EXPECT_EQ('!', stream.ReadByte());
+    EXPECT_EQ(5, stream.Seek(3, SeekOrigin::Current));
+    EXPECT_EQ(text[5], stream.ReadByte());
+    stream.SetPosition(2);
+    EXPECT_EQ(text[2], stream.ReadByte());
+    EXPECT_EQ(static_cast<std::int64_t>(text.size()) - 1, stream.Seek(-1, SeekOrigin::End));
+    EXPECT_THROW(stream.Seek(-1, SeekOrigin::Begin), IOException);
+    EXPECT_THROW(stream.SetPosition(-1), ArgumentOutOfRangeException);
+    EXPECT_THROW(stream.Read(buffer, 11, static_cast<int>(text.size())), ArgumentOutOfRangeException);
+    EXPECT_THROW(stream.Write(static_cast<const Array<unsigned char>&>(null), 0, 1), ArgumentNullException);
+}
+
+TEST(FileStreamTests, AStreamRefusesWhatItIsNotOpenFor)
+{
+    const TemporaryFolder folder;
+    FileStream writer(folder.Path("f"), FileMode::Create, W, FileShare::None);
+    FileStream reader(folder.Path("f"), FileMode::Open, R, FileShare::None);
+    EXPECT_THROW(writer.ReadByte(), NotSupportedException);
+    EXPECT_THROW(reader.WriteByte(1), NotSupportedException);
+    EXPECT_THROW(writer.SetLength(1), NotSupportedException);
+    EXPECT_THROW(writer.SetLength(-1), ArgumentOutOfRangeException);
+
+    writer.Close();
+    writer.Close(); // no effect
+    reader.Close();
+    EXPECT_TRUE(writer.IsClosed());
+    EXPECT_FALSE(writer.CanWrite());
+    EXPECT_FALSE(reader.CanRead());
+    EXPECT_THROW(writer.Write(Bytes("x"), 0, 1), ObjectClosedException);
+    EXPECT_THROW(writer.WriteByte(1), ObjectClosedException);
+    EXPECT_THROW(writer.Flush(), ObjectClosedException);
+    EXPECT_THROW(writer.Length(), ObjectClosedException);
+    EXPECT_THROW(writer.SetLength(-1), ObjectClosedException);
+    EXPECT_THROW(reader.ReadByte(), ObjectClosedException);
+    EXPECT_THROW(reader.GetPosition(), ObjectClosedException);
+}
+
+TEST(FileStreamTests, ReopenGoesOnWhereTheStreamStood)
+{
+    const TemporaryFolder folder;
+    FileStream stream(folder.Path("f"), FileMode::Create, W, FileShare::None);
+    stream.Write(Bytes("abcdef"), 0, 6);
+    stream.SetPosition(2);
+    stream.Close();
+    stream.Reopen();
+    EXPECT_FALSE(stream.IsClosed());
+    stream.WriteByte('X');
+    stream.Reopen(); // an open one too
+    stream.WriteByte('Y');
+    stream.Close();
+    EXPECT_EQ("abXYef", folder.Read("f"));
+
+    std::filesystem::remove(stream.Name().Utf8());
+    EXPECT_THROW(stream.Reopen(), FileNotFoundException);
+    EXPECT_TRUE(stream.IsClosed());
+}

@@ -1,0 +1,124 @@
+#include "TemporaryFolder.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/IO/Directory.h>
+#include <Core/System/IO/DirectoryInfo.h>
+#include <Core/System/IO/File.h>
+#include <Core/System/IO/FileInfo.h>
+#include <Core/System/IO/FileNotFoundException.h>
+#include <Core/System/IO/Path.h>
+#include <Core/System/Security/SecurityException.h>
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Tesmo::System::IO;
+
+namespace
+{
+std::set<std::string> NamesIn(const TemporaryFolder& folder, const String& pattern)
+{
+    std::set<std::string> names;
+    for (const FileInfo& file : DirectoryInfo(folder.Path()).GetFiles(pattern))
+    {
+        EXPECT_EQ(folder.Path(file.Name().Utf8()), file.FullName());
+        names.insert(file.Name().Utf8());
+    }
+    return names;
+}
+} // namespace
+
+TEST(FileSystemTests, FilesAndFoldersAreToldApart)
+{
+    const TemporaryFolder folder;
+    folder.Write("f.txt", "x");
+    EXPECT_TRUE(File::Exists(folder.Path("f.txt")));
+    EXPECT_FALSE(Directory::Exists(folder.Path("f.txt")));
+    EXPECT_FALSE(File::Exists(folder.Path()));
+    EXPECT_TRUE(Directory::Exists(folder.Path()));
+    EXPECT_TRUE(Directory::Exists(folder.Path("") + String(Path::DirectorySeparator(), 1)));
+    EXPECT_FALSE(File::Exists(folder.Path("g.txt")));
+    EXPECT_FALSE(File::Exists(null)); // no path names no file
+    EXPECT_FALSE(File::Exists(""));
+    EXPECT_FALSE(File::Exists("a|b"));
+    EXPECT_THROW(Directory::Exists(null), ArgumentNullException);
+    EXPECT_TRUE(DirectoryInfo(folder.Path()).Attributes().Has(FileAttributes::Directory));
+    EXPECT_FALSE(FileInfo(folder.Path("f.txt")).Attributes().Has(FileAttributes::Directory));
+    EXPECT_THROW(FileInfo(folder.Path("g.txt")).Attributes(), FileNotFoundException);
+}
+
+TEST(FileSystemTests, MoveNeedsASourceAnExtensionAndAFreeName)
+{
+    const TemporaryFolder folder;
+    folder.Write("a.txt", "a");
+    folder.Write("b.txt", "b");
+    EXPECT_THROW(File::Move(folder.Path("none.txt"), folder.Path("c.txt")), FileNotFoundException);
+    EXPECT_THROW(File::Move(folder.Path("a.txt"), folder.Path("c")), ArgumentException);
+    EXPECT_THROW(File::Move(folder.Path("a.txt"), folder.Path("b.txt")), IOException);
+    EXPECT_THROW(File::Move(folder.Path("a.txt"), Path::Combine(folder.Path("none"), "c.txt")), IOException);
+    EXPECT_THROW(File::Move(folder.Path("a.txt"), null), ArgumentNullException);
+    EXPECT_EQ("a", folder.Read("a.txt"));
+    EXPECT_EQ("b", folder.Read("b.txt"));
+
+    FileInfo file(folder.Path("a.txt"));
+    file.MoveTo(folder.Path("c.bak"));
+    EXPECT_EQ(folder.Path("c.bak"), file.FullName());
+    EXPECT_EQ("a", folder.Read("c.bak"));
+    EXPECT_FALSE(folder.Has("a.txt"));
+}
+
+TEST(FileSystemTests, CopyAndDelete)
+{
+    const TemporaryFolder folder;
+    folder.Write("a.txt", "a");
+    folder.Write("b.txt", "b");
+    const FileInfo source(folder.Path("a.txt"));
+    EXPECT_THROW(source.CopyTo(folder.Path("b.txt"), false), IOException);
+    EXPECT_EQ("b", folder.Read("b.txt"));
+    EXPECT_EQ("b.txt", source.CopyTo(folder.Path("b.txt"), true).Name().Utf8());
+    EXPECT_EQ("a", folder.Read("b.txt"));
+
+    File::Delete(folder.Path("a.txt"));
+    EXPECT_FALSE(folder.Has("a.txt"));
+    EXPECT_THROW(File::Delete(folder.Path("a.txt")), Security::SecurityException);
+    EXPECT_THROW(source.CopyTo(folder.Path("c.txt"), true), FileNotFoundException);
+}
+
+TEST(FileSystemTests, GetFilesMatchesNamesOfFilesOnly)
+{
+    const TemporaryFolder folder;
+    folder.Write("a.dll", "");
+    folder.Write("b.dll", "");
+    folder.Write("c.dll.txt", "");
+    folder.Write("[a].x", "");
+    folder.MakeFolder("sub.dll");
+    EXPECT_EQ((std::set<std::string>{"a.dll", "b.dll"}), NamesIn(folder, "*.dll"));
+    EXPECT_EQ((std::set<std::string>{"a.dll"}), NamesIn(folder, "a.?ll"));
+    EXPECT_EQ((std::set<std::string>{"[a].x"}), NamesIn(folder, "[a].x")); // brackets are no pattern
+    EXPECT_TRUE(NamesIn(folder, "*.so").empty());
+    EXPECT_EQ(0, DirectoryInfo(folder.Path("none")).GetFiles("*").Length());
+}
+
+TEST(FileSystemTests, FoldersAreMadeWithTheirParents)
+{
+    const TemporaryFolder folder;
+    const String deep = Path::Combine(Path::Combine(folder.Path("a"), "b"), "c");
+    EXPECT_THROW(DirectoryInfo(deep).Create(), IOException);
+    Directory::CreateDirectory(deep);
+    EXPECT_TRUE(Directory::Exists(deep));
+    EXPECT_NO_THROW(Directory::CreateDirectory(deep + String(Path::DirectorySeparator(), 1)));
+    EXPECT_EQ("c", DirectoryInfo(deep).Name().Utf8());
+    EXPECT_EQ("c", DirectoryInfo(deep + String(Path::DirectorySeparator(), 1)).Name().Utf8());
+
+    EXPECT_THROW(DirectoryInfo(folder.Path("a")).Delete(), IOException); // not empty
+    DirectoryInfo(deep).Delete();
+    EXPECT_FALSE(Directory::Exists(deep));
+
+    folder.Write("file", "");
+    EXPECT_THROW(Directory::CreateDirectory(Path::Combine(folder.Path("file"), "x")), IOException);
+}

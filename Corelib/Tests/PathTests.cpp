@@ -1,0 +1,113 @@
+#include <Core/System/ArgumentException.h>
+#include <Core/System/IO/Path.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Tesmo::System::IO;
+
+namespace
+{
+const bool hasDrives = Path::DirectorySeparator() == char32('\\');
+
+/// The tables are written with slashes.
+String Native(std::string path)
+{
+    std::replace(path.begin(), path.end(), '/', hasDrives ? '\\' : '/');
+    return String(path);
+}
+
+std::string Root()
+{
+    return hasDrives ? "C:/" : "/";
+}
+} // namespace
+
+TEST(PathTests, SomeCharactersMakeAPathInvalid)
+{
+    for (const char* const valid : {"", "a", " !#$%&'()+,-.;=@[]^_`{}~", "*.dll", "\x7F\x80", "C:\\a/b"})
+    {
+        EXPECT_TRUE(Path::IsValid(valid)) << valid;
+    }
+    for (const char* const invalid : {"a\"", "<", "a>b", "|a", "\x01", "a\x1F", "a\tb", "line\n"})
+    {
+        EXPECT_FALSE(Path::IsValid(invalid)) << invalid;
+        EXPECT_THROW(Path::Combine(invalid, "b"), ArgumentException);
+        EXPECT_THROW(Path::Combine("a", invalid), ArgumentException);
+        EXPECT_THROW(Path::GetFileName(invalid), ArgumentException);
+        EXPECT_THROW(Path::GetFullPath(invalid), ArgumentException);
+        EXPECT_THROW(Path::IsPathRooted(invalid), ArgumentException);
+    }
+    EXPECT_FALSE(Path::IsValid(null));
+    EXPECT_THROW(Path::GetDirectoryName(null), ArgumentException);
+}
+
+TEST(PathTests, APathIsCutBehindItsLastSeparatorAndAtItsLastDot)
+{
+    struct Row
+    {
+        std::string path;
+        std::string folders;
+        std::string name;
+        std::string extension;
+    };
+    for (const Row& row :
+         {Row{"", "", "", ""}, Row{"b.txt", "", "b", ".txt"}, Row{"a/", "a/", "", ""},
+          Row{Root() + "a/b.txt", Root() + "a/", "b", ".txt"}, Row{Root() + "a/b", Root() + "a/", "b", ""},
+          Row{Root(), Root(), "", ""},
+          Row{Root() + "Program Files (x86)/Common Files", Root() + "Program Files (x86)/", "Common Files", ""},
+          Row{"a.b/c", "a.b/", "c", ""}, Row{"x.tar.gz", "", "x.tar", ".gz"}, Row{"a/.profile", "a/", "", ".profile"},
+          Row{"a/name.", "a/", "name", "."}, Row{"\xC3\xA9/\xE2\x82\xAC.txt", "\xC3\xA9/", "\xE2\x82\xAC", ".txt"}})
+    {
+        SCOPED_TRACE(row.path);
+        const String path = Native(row.path);
+        EXPECT_EQ(Native(row.folders), Path::GetDirectoryName(path));
+        EXPECT_EQ(row.name + row.extension, Path::GetFileName(path).Utf8());
+        EXPECT_EQ(row.name, Path::GetFileNameWithoutExtension(path).Utf8());
+        EXPECT_EQ(row.extension, Path::GetExtension(path).Utf8());
+        EXPECT_EQ(!row.extension.empty(), Path::HasExtension(path));
+        EXPECT_EQ(row.path.starts_with(Root()), Path::IsPathRooted(path));
+    }
+}
+
+TEST(PathTests, CombinePutsOneSeparatorBetween)
+{
+    struct Row
+    {
+        std::string a;
+        std::string b;
+        std::string combined;
+    };
+    for (const Row& row : {Row{Root() + "a", "b", Root() + "a/b"}, Row{Root() + "a/", "b", Root() + "a/b"},
+                           Row{"", "b", "b"}, Row{"a", "", "a"}, Row{"", "", ""}, Row{"a/", "", "a/"},
+                           Row{"a", Root() + "b", Root() + "b"}, Row{"a", "b/c.txt", "a/b/c.txt"},
+                           // What begins with a separator has a root on Linux only.
+                           Row{"a/", "/b", hasDrives ? "a/b" : "/b"}, Row{"a", "/b", hasDrives ? "a//b" : "/b"}})
+    {
+        EXPECT_EQ(Native(row.combined), Path::Combine(Native(row.a), Native(row.b))) << row.a << " and " << row.b;
+    }
+    EXPECT_THROW(Path::Combine("a", null), ArgumentException);
+}
+
+TEST(PathTests, AFullPathBeginsAtTheRootAndHasNoDots)
+{
+    const String here = Path::GetFullPath(".");
+    EXPECT_TRUE(Path::IsPathRooted(here));
+    EXPECT_EQ(Path::Combine(here, Native("a/b")), Path::GetFullPath(Native("x/../a/./b")));
+    EXPECT_EQ(Native(Root() + "a"), Path::GetFullPath(Native(Root() + "a/b/..")));
+    EXPECT_EQ(Native(Root() + "a/"), Path::GetFullPath(Native(Root() + "a/b/../")));
+    EXPECT_EQ(Native(Root()), Path::GetFullPath(Native(Root() + "a/../..")));
+    EXPECT_THROW(Path::GetFullPath(String(char32('a'), 2048)), ArgumentException);
+}
+
+TEST(PathTests, TheRootIsTheDriveOrTheFirstSeparator)
+{
+    EXPECT_EQ(Native(Root()), Path::GetPathRoot(Native(Root() + "a/b")));
+    EXPECT_EQ("", Path::GetPathRoot("a").Utf8());
+    EXPECT_EQ(hasDrives ? "C:" : "", Path::GetPathRoot("C:a").Utf8());
+    EXPECT_EQ(hasDrives ? "" : "/", Path::GetPathRoot(Native("/a")).Utf8());
+}

@@ -1,0 +1,143 @@
+#include "RecordingStream.h"
+#include "TemporaryFolder.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/IO/FileNotFoundException.h>
+#include <Core/System/IO/FileStream.h>
+#include <Core/System/IO/StreamReader.h>
+#include <Core/System/IO/StreamWriter.h>
+#include <Core/System/ObjectClosedException.h>
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <thread>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Tesmo::System::IO;
+
+TEST(TextStreamTests, ReadToEndDropsEveryCarriageReturnAndNothingElse)
+{
+    struct Row
+    {
+        std::string bytes;
+        std::string text;
+    };
+    for (const Row& row : {Row{"", ""}, Row{"a\r\nb\r\n", "a\nb\n"}, Row{"a\rb\n\r", "ab\n"},
+                           Row{"\xEF\xBB\xBF{}", "\xEF\xBB\xBF{}"}, // a byte order mark is a character
+                           Row{"\xE2\x82\xAC\xC3\xA9", "\xE2\x82\xAC\xC3\xA9"}, Row{"a\xE2\x82", "a"},
+                           Row{std::string(5000, 'x') + "\xC3\xA9", std::string(5000, 'x') + "\xC3\xA9"}})
+    {
+        const TemporaryFolder folder;
+        folder.Write("f", row.bytes);
+        EXPECT_EQ(row.text, StreamReader(folder.Path("f")).ReadToEnd().Utf8());
+    }
+}
+
+TEST(TextStreamTests, LinesAndBytesAreReadOneAfterAnother)
+{
+    const TemporaryFolder folder;
+    folder.Write("f", "one\r\n\ntwo\xC3\xA9");
+    StreamReader reader(folder.Path("f"));
+    EXPECT_EQ('o', reader.Peek());
+    EXPECT_EQ('o', reader.Read());
+    EXPECT_EQ("ne", reader.ReadLine().Utf8());
+    EXPECT_EQ("", reader.ReadLine().Utf8());
+    EXPECT_FALSE(reader.EndOfStream());
+    EXPECT_EQ("two\xC3\xA9", reader.ReadLine().Utf8());
+    EXPECT_TRUE(reader.EndOfStream());
+    EXPECT_EQ("", reader.ReadLine().Utf8());
+    EXPECT_EQ(-1, reader.Read());
+    EXPECT_EQ(-1, reader.Peek());
+    reader.Close();
+    EXPECT_THROW(reader.ReadLine(), ObjectClosedException);
+}
+
+TEST(TextStreamTests, ReadersAndWritersRefuseStreamsOfTheOtherKind)
+{
+    const TemporaryFolder folder;
+    folder.Write("f", "x");
+    const Sp<Stream> readable(new FileStream(folder.Path("f"), FileMode::Open, FileAccess::Read, FileShare::None));
+    EXPECT_THROW(StreamWriter{readable}, ArgumentException);
+    EXPECT_THROW(StreamReader{Sp<Stream>(new RecordingStream)}, ArgumentException);
+    EXPECT_THROW(StreamReader{Sp<Stream>()}, ArgumentNullException);
+    EXPECT_THROW(StreamWriter{Sp<Stream>()}, ArgumentNullException);
+    EXPECT_THROW(StreamReader{static_cast<const String&>(null)}, ArgumentNullException);
+    EXPECT_THROW(StreamReader{folder.Path("none")}, FileNotFoundException);
+}
+
+TEST(TextStreamTests, AWriterCreatesEmptiesOrAppends)
+{
+    const TemporaryFolder folder;
+    StreamWriter(folder.Path("f"), true).Write("a\xC3\xA9"); // missing: created; no byte order mark
+    EXPECT_EQ("a\xC3\xA9", folder.Read("f"));
+    StreamWriter(folder.Path("f"), true).WriteLine("b");
+    EXPECT_EQ("a\xC3\xA9"
+              "b\r\n",
+              folder.Read("f"));
+    StreamWriter(folder.Path("f")).Write("c");
+    EXPECT_EQ("c", folder.Read("f"));
+    StreamWriter(folder.Path("f"), false).WriteLine();
+    EXPECT_EQ("\r\n", folder.Read("f"));
+}
+
+TEST(TextStreamTests, EveryTextIsOneWriteAndAFlushWhereWanted)
+{
+    Sp<RecordingStream> stream(new RecordingStream);
+    {
+        StreamWriter writer{Sp<Stream>(stream)};
+        writer.WriteLine("text"); // the line end is a text of its own
+        EXPECT_EQ(2, stream->writes);
+        EXPECT_EQ(0, stream->flushes);
+        writer.AutoFlush(true);
+        writer.Write(String());
+        EXPECT_EQ(2, stream->writes);
+        EXPECT_EQ(1, stream->flushes);
+        EXPECT_THROW(writer.Write(null), ArgumentNullException);
+    }
+    EXPECT_TRUE(stream->IsClosed()); // by the end of the writer
+    EXPECT_EQ("text\r\n", stream->text);
+}
+
+TEST(TextStreamTests, TheNullObjectsDoNothing)
+{
+    EXPECT_EQ(-1, TextReader::Null().Read());
+    EXPECT_EQ(-1, TextReader::Null().Peek());
+    EXPECT_EQ("", TextReader::Null().ReadLine().Utf8());
+    EXPECT_EQ("", TextReader::Null().ReadToEnd().Utf8());
+    EXPECT_NO_THROW(TextWriter::Null().WriteLine("swallowed"));
+    EXPECT_THROW(TextReader::Synchronized(Sp<TextReader>()), ArgumentNullException);
+    EXPECT_THROW(TextWriter::Synchronized(null), ArgumentNullException);
+}
+
+TEST(TextStreamTests, SynchronizedLinesOfTwoThreadsStayWhole)
+{
+    constexpr int linesOfEach = 500;
+    const TemporaryFolder folder;
+    const Sp<TextWriter> writer = TextWriter::Synchronized(Sp<TextWriter>(new StreamWriter(folder.Path("f"))));
+    const auto write = [&writer](const char* line)
+    {
+        for (int i = 0; i < linesOfEach; ++i)
+        {
+            writer->WriteLine(line);
+        }
+    };
+    std::thread other(write, "bbb");
+    write("aaa");
+    other.join();
+    writer->Close();
+
+    const Sp<TextReader> reader = TextReader::Synchronized(Sp<TextReader>(new StreamReader(folder.Path("f"))));
+    std::istringstream lines(reader->ReadToEnd().Utf8());
+    int counts[2] = {};
+    for (std::string line; std::getline(lines, line);)
+    {
+        ASSERT_TRUE(line == "aaa" || line == "bbb") << line;
+        ++counts[line == "bbb"];
+    }
+    EXPECT_EQ(linesOfEach, counts[0]);
+    EXPECT_EQ(linesOfEach, counts[1]);
+}
