@@ -66,14 +66,14 @@ void ClientProcess::ReadLog()
 std::string ClientProcess::Log() const
 {
     const std::lock_guard guard(lock);
-    return log;
+    return log.size() < 4000 ? log : log.substr(log.size() - 4000);
 }
 
 int ClientProcess::Logged(const std::string& text) const
 {
-    const std::string all = Log();
+    const std::lock_guard guard(lock);
     int count = 0;
-    for (std::size_t at = all.find(text); at != std::string::npos; at = all.find(text, at + text.size()))
+    for (std::size_t at = log.find(text); at != std::string::npos; at = log.find(text, at + text.size()))
     {
         ++count;
     }

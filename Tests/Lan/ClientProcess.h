@@ -23,7 +23,7 @@ public:
         return process;
     }
 
-    /// What the program has logged so far.
+    /// The end of what the program has logged so far, 4000 bytes at most.
     std::string Log() const;
 
     /// How often a text stands in the log.

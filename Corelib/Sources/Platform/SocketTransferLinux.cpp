@@ -240,6 +240,10 @@ int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int fla
         {
             return end; // whatever came: the kernel hands out what is queued even after a shut-down
         }
+        if (result == 0 && socket.datagram && sender.length == 0)
+        {
+            return SocketShutDown; // by somebody who holds the same socket; an empty datagram has a sender
+        }
         if (result >= 0)
         {
             sender.Give(address, addressSize);
