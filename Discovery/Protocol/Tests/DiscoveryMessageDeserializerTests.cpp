@@ -62,7 +62,7 @@ TEST(DiscoveryMessageDeserializerTests, FindsTheFaultsOfADatagramInOrder)
         {R"({"DiscoveryMessageType":"hello","DiscoveryVersion":"1.0.23"})", {"ArgumentException"}},
         {R"({"DiscoveryMessageType":"Hello"})", {"FormatException", noVersion}},
         {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":1})", {"FormatException", noVersion}},
-        {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1","Broadcast":"yes"})", {"ArgumentException"}},
+        {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.x","Broadcast":"yes"})", {"FormatException"}},
         {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.0","Broadcast":"yes"})",
          {"FormatException", badBroadcast}},
         {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.0"})",
