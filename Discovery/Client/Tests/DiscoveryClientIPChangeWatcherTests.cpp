@@ -1,0 +1,90 @@
+#include "FakeGateway.h"
+#include "LogCapture.h"
+
+#include <Discovery/Client/DiscoveryClientIPChangeWatcher.h>
+
+namespace Zelkor::Discovery::Client
+{
+using Tesmo::Sp;
+using Tesmo::System::EventArgs;
+using Tesmo::System::EventHandler;
+using Tesmo::System::Object;
+using Tesmo::System::Threading::Semaphore;
+
+class DiscoveryClientIPChangeWatcherTests : public LogTest
+{
+protected:
+    DiscoveryClientIPChangeWatcherTests() : gateway(new FakeGateway), watcher(gateway)
+    {
+        watcher.IPChanged += EventHandler(*this, &DiscoveryClientIPChangeWatcherTests::Count);
+    }
+
+    Sp<FakeGateway> gateway;
+    DiscoveryClientIPChangeWatcher watcher;
+    Semaphore raised{0, 100};
+
+private:
+    void Count(const Object&, const EventArgs&)
+    {
+        raised.Release();
+    }
+};
+
+TEST_F(DiscoveryClientIPChangeWatcherTests, EachChangeRaisesTheEventAndACancelledWaitDoesNot)
+{
+    watcher.Start();
+    gateway->changes.Release(2);
+    EXPECT_TRUE(raised.WaitOne(10000));
+    EXPECT_TRUE(raised.WaitOne(10000));
+    for (int wait = 0; wait < 3; ++wait)
+    {
+        ASSERT_TRUE(gateway->watching.WaitOne(10000));
+    }
+    watcher.Stop();
+    EXPECT_FALSE(raised.WaitOne(0));
+    EXPECT_EQ((Rows{"C IPChangeWatcher: ---Waiting for IP changes...",
+                    "S IPChangeWatcher: IP change detected ! Triggering action...",
+                    "S IPChangeWatcher: IP change detected ! Triggering action...",
+                    "C IPChangeWatcher: Stopping IPChangeWatcher", "C IPChangeWatcher: ---IPChangeWatcher stopped---"}),
+              log->Take());
+}
+
+TEST_F(DiscoveryClientIPChangeWatcherTests, AWaitWithoutAChangeIsRepeatedAtOnce)
+{
+    gateway->changeResult = false;
+    watcher.Start();
+    gateway->changes.Release(5);
+    for (int wait = 0; wait < 6; ++wait)
+    {
+        EXPECT_TRUE(gateway->watching.WaitOne(10000));
+    }
+    watcher.Stop();
+    EXPECT_FALSE(raised.WaitOne(0));
+}
+
+TEST_F(DiscoveryClientIPChangeWatcherTests, AGatewayThatFailsEndsTheWatcherAlone)
+{
+    gateway->failing = "RunIPChangeWatcher";
+    watcher.Start();
+    gateway->changes.Release();
+    ASSERT_TRUE(log->WaitFor("E IPChangeWatcher: Aborting : Exception caught in "
+                             "IDiscoveryClientDataGateway::RunIPChangeWatcher !"));
+    watcher.Stop();
+    EXPECT_EQ(1, gateway->watching.Release()); // one wait had begun, and no second one
+    EXPECT_FALSE(raised.WaitOne(0));
+}
+
+TEST_F(DiscoveryClientIPChangeWatcherTests, AFailingCancelIsLoggedAndTheStopGoesOn)
+{
+    gateway->failing = "CancelWaitForIPChange"; // the fake ends the wait all the same
+    watcher.Start();
+    ASSERT_TRUE(gateway->watching.WaitOne(10000));
+    log->Take();
+    watcher.Stop();
+    EXPECT_EQ((Rows{"C IPChangeWatcher: Stopping IPChangeWatcher",
+                    "E IPChangeWatcher: Exception caught during call to "
+                    "IDiscoveryClientDataGateway::CancelWaitForIPChange !",
+                    "C IPChangeWatcher: ---IPChangeWatcher stopped---"}),
+              log->Take());
+}
+} // namespace Zelkor::Discovery::Client

@@ -1,0 +1,158 @@
+#include "FakeGateway.h"
+#include "LogCapture.h"
+
+#include <Discovery/Client/ChangeYourHostNameAction.h>
+#include <Discovery/Client/ChangeYourIPConfigAction.h>
+#include <Discovery/Client/ClientActionArgs.h>
+#include <Discovery/Client/DiscoveryClientMessageParser.h>
+
+namespace Zelkor::Discovery::Client
+{
+using Tesmo::null;
+using Tesmo::Sp;
+using Tesmo::System::EventArgs;
+using Tesmo::System::EventHandler;
+using Tesmo::System::Object;
+using Tesmo::System::String;
+using Tesmo::System::Net::IPAddress;
+
+namespace
+{
+constexpr const char* Own = "00:00:00:00:00:02";
+constexpr const char* Foreign = "00:00:00:00:00:09";
+
+class Parser : public DiscoveryClientMessageParser
+{
+public:
+    explicit Parser(const Sp<IDiscoveryClientDataGateway>& host) : DiscoveryClientMessageParser(host)
+    {
+        ActionRequested += EventHandler(*this, &Parser::Keep);
+    }
+
+    /// @returns the task that the text gave, as "type address", or nothing
+    std::string Take(const std::string& text)
+    {
+        action = {};
+        ProcessMessage(String(text), IPAddress(10, 0, 0, 9));
+        return action == null ? "" : std::to_string(static_cast<int>(action->Type)) + " " + address.ToString().Utf8();
+    }
+
+    Sp<ClientAction> action;
+    IPAddress address;
+
+private:
+    void Keep(const Object&, const EventArgs& args)
+    {
+        action = dynamic_cast<const ClientActionArgs&>(args).Action;
+        address = dynamic_cast<const ClientActionArgs&>(args).Address;
+    }
+};
+
+std::string Text(const std::string& type, const std::string& more, const std::string& version = "1.0.23")
+{
+    return R"({"DiscoveryMessageType":")" + type + R"(","DiscoveryVersion":")" + version + '"' + more + '}';
+}
+
+std::string Targeted(const std::string& mac)
+{
+    return R"(,"Broadcast":"True","TargetedMACAddress":")" + mac + R"(","NewHostName":"X")";
+}
+
+std::string NIC(const std::string& mac)
+{
+    return R"({"FriendlyName":"a","MACAddress":")" + mac +
+           R"(","IPAddress":"1.2.3.4","SubNetMask":"255.0.0.0","DefaultGateway":"","MTU":"9"})";
+}
+} // namespace
+
+class DiscoveryClientMessageParserTests : public LogTest
+{
+protected:
+    DiscoveryClientMessageParserTests() : gateway(new FakeGateway), parser(gateway)
+    {
+        gateway->host.AddNIC(FakeGateway::MakeNIC("00:00:00:00:00:01", "10.0.0.1"));
+        gateway->host.AddNIC(FakeGateway::MakeNIC(Own, "10.0.0.2"));
+    }
+
+    Sp<FakeGateway> gateway;
+    Parser parser;
+};
+
+TEST_F(DiscoveryClientMessageParserTests, TypeTargetAndKindOfDeliveryDecideWhatIsDone)
+{
+    const std::string alone = R"(,"Broadcast":"False","NewHostName":"X")";
+    const std::string host = R"(,"Host":{"HostName":"","DeviceType":"","NICs":[],"Products":[]})";
+    struct Row
+    {
+        std::string text;
+        const char* task;
+        const char* lastRow;
+    };
+    const Row rows[] = {
+        {Text("AllSendYourSignature", ""), "0 255.255.255.255", "S MessageParser: Message type : SendYourSignature"},
+        {Text("AllSendYourSignature", alone), "0 10.0.0.9", "S MessageParser: Message type : SendYourSignature"},
+        {Text("SendYourSignature", alone), "0 10.0.0.9", "S MessageParser: Message type : SendYourSignature"},
+        {Text("SendYourSignature", Targeted(Own)), "0 255.255.255.255",
+         "S MessageParser: Message type : SendYourSignature"},
+        {Text("SendYourSignature", Targeted(Foreign)), "", "D MessageParser: Message not for me : ignoring"},
+        {Text("ChangeYourHostName", alone), "3 10.0.0.9", "S MessageParser: Message type : ChangeYourHostName"},
+        {Text("ChangeYourHostName", Targeted(Own)), "3 255.255.255.255",
+         "S MessageParser: Message type : ChangeYourHostName"},
+        {Text("ChangeYourHostName", Targeted(Foreign)), "", "D MessageParser: Message not for me : ignoring"},
+        {Text("ChangeYourIPConfig", alone + R"(,"NewNICConfigs":[)" + NIC(Foreign) + ',' + NIC(Own) + ']'),
+         "2 10.0.0.9", "S MessageParser: Message type : ChangeYourIPConfig"},
+        {Text("ChangeYourIPConfig", alone + R"(,"NewNICConfigs":[)" + NIC(Foreign) + ']'), "",
+         "D MessageParser: Message not for me : ignoring"},
+        {Text("ChangeYourIPConfig", R"(,"NewNICConfigs":[])"), "", "D MessageParser: Message not for me : ignoring"},
+        {Text("Hello", alone + host), "", "D MessageParser: Message not for me : ignoring"},
+        {Text("Bye", alone + host), "", "D MessageParser: Message not for me : ignoring"},
+        {Text("SignatureBroadcast", alone + host), "", "D MessageParser: Message not for me : ignoring"},
+        {"no JSON", "", "E MessageParser: Message dropped : bad format !"},
+        {Text("Unknown", ""), "", "E MessageParser: Message dropped : bad format !"},
+        {Text("SendYourSignature", "", "1.x"), "", "E MessageParser: Message dropped : bad format !"},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(row.task, parser.Take(row.text));
+        EXPECT_EQ(row.lastRow, log->Take().back());
+    }
+}
+
+TEST_F(DiscoveryClientMessageParserTests, ARequestKeepsItsValues)
+{
+    parser.Take(Text("ChangeYourIPConfig", R"(,"NewNICConfigs":[)" + NIC(Foreign) + ',' + NIC(Own) + ']'));
+    EXPECT_EQ(2, dynamic_cast<ChangeYourIPConfigAction&>(*parser.action).NICConfigs->Count());
+    parser.Take(Text("ChangeYourHostName", Targeted(Own)));
+    EXPECT_EQ("X", dynamic_cast<ChangeYourHostNameAction&>(*parser.action).HostName);
+}
+
+TEST_F(DiscoveryClientMessageParserTests, AnotherVersionIsLoggedAndAnswered)
+{
+    EXPECT_EQ("0 255.255.255.255", parser.Take(Text("AllSendYourSignature", R"(,"Broadcast":"True")", "2.5")));
+    EXPECT_EQ((Rows{"S MessageParser: Version mismatch with received message ! [1.0.23] <> [2.5] -> Received data "
+                    "maybe inconsistent.",
+                    "S MessageParser: Message type : SendYourSignature"}),
+              log->Take());
+}
+
+TEST_F(DiscoveryClientMessageParserTests, AHostThatCannotTellItsAddressesIsNotMeant)
+{
+    gateway->failing = "GetMACAddress";
+    for (const std::string& text :
+         {Text("SendYourSignature", Targeted(Own)),
+          Text("ChangeYourIPConfig", R"(,"Broadcast":"True","NewNICConfigs":[)" + NIC(Own) + ']')})
+    {
+        EXPECT_EQ("", parser.Take(text));
+        EXPECT_EQ((Rows{"E MessageParser: Message ignored : exception caught during call to "
+                        "IDiscoveryClientDataGateway::GetMACAddress !",
+                        "D MessageParser: Message not for me : ignoring"}),
+                  log->Take());
+    }
+}
+
+TEST_F(DiscoveryClientMessageParserTests, NothingWorksWithoutAGateway)
+{
+    EXPECT_THROW(DiscoveryClientMessageParser(Sp<IDiscoveryClientDataGateway>()), std::exception);
+}
+} // namespace Zelkor::Discovery::Client

@@ -1,0 +1,230 @@
+#include "FakeGateway.h"
+#include "LogCapture.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Discovery/Client/DiscoveryClient.h>
+
+#include <algorithm>
+#include <atomic>
+#include <memory>
+#include <string>
+#include <thread>
+
+namespace Zelkor::Discovery::Client
+{
+using Tesmo::Sp;
+using Tesmo::Up;
+using Tesmo::System::EventArgs;
+using Tesmo::System::Threading::Semaphore;
+
+namespace
+{
+/// Ports of their own for the tests; 65536 can't be bound.
+class Ports : public DiscoveryPorts
+{
+public:
+    int GetLocalPort() const override
+    {
+        return local;
+    }
+    int GetRemotePort() const override
+    {
+        return 12901;
+    }
+    std::atomic<int> local = 12900;
+};
+
+/// Takes what goes to everybody in place of the network.
+class Provider : public IBroadcastProvider
+{
+public:
+    void Send(const Up<unsigned char[]>& bytes, int size) override
+    {
+        const std::string text(bytes.Get(), bytes.Get() + size);
+        types += text.substr(25, text.find('"', 25) - 25) + ";"; // behind {"DiscoveryMessageType":"
+        sent.Release();
+    }
+    std::string types;
+    Semaphore sent{0, 1000};
+};
+
+std::string Join(const Rows& rows, const std::string& part)
+{
+    std::string joined;
+    for (const std::string& row : rows)
+    {
+        joined += row.find(part) == std::string::npos ? "" : row.substr(2) + "\n";
+    }
+    return joined;
+}
+} // namespace
+
+class DiscoveryClientTests : public LogTest
+{
+protected:
+    DiscoveryClientTests() : gateway(new FakeGateway), ports(new Ports), provider(new Provider)
+    {
+        gateway->host.AddNIC(FakeGateway::MakeNIC("1", "127.0.0.1"));
+        MakeClient();
+    }
+    void MakeClient()
+    {
+        client = std::make_unique<DiscoveryClient>(gateway, ports);
+        client->SetBroadcastProvider(provider);
+    }
+
+    /// Ends the announcements: after a restart they would go to the network.
+    void Silence()
+    {
+        gateway->host.NICs.Reset(new FakeGateway::NICList);
+        gateway->failing = "GetHost";
+    }
+    void Restart()
+    {
+        client->AsyncRestart(*client, EventArgs());
+    }
+
+    Sp<FakeGateway> gateway;
+    Sp<Ports> ports;
+    Sp<Provider> provider;
+    std::unique_ptr<DiscoveryClient> client;
+};
+
+TEST_F(DiscoveryClientTests, EveryStateHasAText)
+{
+    EXPECT_EQ("Unstarted", ToDisplayText(client->State()));
+    EXPECT_EQ("Stopped", ToDisplayText(ClientState::Stopped));
+    EXPECT_THROW(ToDisplayText(static_cast<ClientState>(5)), Tesmo::System::ArgumentException);
+}
+
+TEST_F(DiscoveryClientTests, StopBeforeStartChangesNothing)
+{
+    client->Stop();
+    EXPECT_EQ((Rows{"C Discovery Client: Stopping Discovery Client service",
+                    "C Discovery Client: Client's current state : Unstarted ! -> Stopping aborted."}),
+              log->Take());
+    EXPECT_EQ(ClientState::Unstarted, client->State());
+}
+
+TEST_F(DiscoveryClientTests, ARunningClientSaysHelloOnceAndIsNotStartedAgain)
+{
+    client->Start();
+    EXPECT_EQ(ClientState::Running, client->State());
+    ASSERT_TRUE(provider->sent.WaitOne(10000));
+    log->Take();
+    client->Start();
+    EXPECT_EQ((Rows{"C Discovery Client: Starting Discovery Client service (1.0.23)",
+                    "C Discovery Client: Client's current state : Running ! -> Starting aborted."}),
+              log->Take());
+    gateway->changes.Release();
+    ASSERT_TRUE(provider->sent.WaitOne(10000));
+    client->Stop();
+    EXPECT_EQ("Hello;SignatureBroadcast;Bye;", provider->types);
+}
+
+TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
+{
+    client->Start();
+    ASSERT_TRUE(provider->sent.WaitOne(10000));
+    log->Take();
+    client->Stop();
+    EXPECT_EQ(ClientState::Stopped, client->State());
+    const Rows rows = log->Take();
+    EXPECT_EQ("Discovery Client: Stopping Discovery Client service\n"
+              "IPChangeWatcher: Stopping IPChangeWatcher\n"
+              "Receiver: Stopping receiver\nReceiver: Stopping worker\n"
+              "MessageParser: Stopping message parser\nMessageParser: Stopping worker\n"
+              "ClientTaskProcessor: Stopping Task Processor\nClientTaskProcessor: Stopping worker\n",
+              Join(rows, "Stopping"));
+    EXPECT_EQ("C Discovery Client: Discovery Client service stopped", rows.back());
+    EXPECT_EQ("S ClientTaskProcessor: Message sent", rows[rows.size() - 2]);
+    EXPECT_EQ("", Join(rows, "restart"));
+    client->Stop();
+    EXPECT_EQ("C Discovery Client: Client's current state : Stopped ! -> Stopping aborted.", log->Take().back());
+}
+
+TEST_F(DiscoveryClientTests, AStartAfterAStopBuildsEverythingAnew)
+{
+    Silence();
+    client->Start();
+    client->Stop();
+    log->Take();
+    client->Start();
+    for (const char* row :
+         {"C ClientTaskProcessor: ---Waiting for tasks...", "C MessageParser: ---Waiting for messages...",
+          "C Receiver: ---Listening...", "C IPChangeWatcher: ---Waiting for IP changes..."})
+    {
+        EXPECT_TRUE(log->WaitFor(row)) << row;
+    }
+    EXPECT_EQ("Discovery Client: SendHelloMessage aborted : exception caught during call to "
+              "IDiscoveryClientDataGateway::GetHost !\n",
+              Join(log->Take(), "aborted"));
+    EXPECT_EQ(ClientState::Running, client->State());
+}
+
+TEST_F(DiscoveryClientTests, SeveralRequestsMakeOneRestart)
+{
+    Silence();
+    client->Start();
+    ASSERT_TRUE(log->WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+    log->Take();
+    gateway->hold = true; // a restart reads the host before it ends
+    std::thread second([this] { Restart(); });
+    Restart();
+    second.join();
+    gateway->mayRead.Set();
+    ASSERT_TRUE(log->WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+    client.reset(); // waits for the end of the restart
+    const Rows rows = log->Take();
+    EXPECT_EQ(1, std::count(rows.begin(), rows.end(), "C Discovery Client: Asynchronous restart triggered"));
+    EXPECT_EQ(2, std::count(rows.begin(), rows.end(), "C Discovery Client: Discovery Client service stopped"));
+}
+
+TEST_F(DiscoveryClientTests, ARestartCanBeRepeated)
+{
+    Silence();
+    client->Start();
+    for (int round = 0; round < 3; ++round)
+    {
+        ASSERT_TRUE(log->WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+        client->Start(); // waits until the one under way has ended; the client runs then
+        log->Take();
+        Restart();
+    }
+    EXPECT_TRUE(log->WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+}
+
+TEST_F(DiscoveryClientTests, AFailedRestartLeavesTheClientDownWithoutARow)
+{
+    Silence();
+    client->Start();
+    ports->local = 65536;
+    log->Take();
+    Restart();
+    ASSERT_TRUE(log->WaitFor("C Discovery Client: Starting Discovery Client service (1.0.23)"));
+    Restart();
+    client.reset();
+    const Rows rows = log->Take();
+    EXPECT_EQ(1, std::count(rows.begin(), rows.end(), "C Discovery Client: Asynchronous restart triggered"));
+    EXPECT_EQ("C Discovery Client: Starting Discovery Client service (1.0.23)", rows.back());
+}
+
+TEST_F(DiscoveryClientTests, AnAsynchronousStopIsForGood)
+{
+    Silence();
+    client->Start();
+    client->AsyncStop(*client, EventArgs());
+    ASSERT_TRUE(log->WaitFor("C Discovery Client: Discovery Client service stopped"));
+    log->Take();
+    Restart();
+    EXPECT_TRUE(log->Take().empty());
+    client->SetBroadcastProvider(provider); // there is no processor to take it
+}
+
+TEST_F(DiscoveryClientTests, TwoClientsMayShareThePortAndNothingWorksWithoutAGateway)
+{
+    EXPECT_NO_THROW(DiscoveryClient(gateway, ports));
+    EXPECT_THROW(DiscoveryClient(Sp<IDiscoveryClientDataGateway>(), ports), std::exception);
+    EXPECT_THROW(DiscoveryClient(gateway, Sp<DiscoveryPorts>()), std::exception);
+}
+} // namespace Zelkor::Discovery::Client

@@ -1,0 +1,139 @@
+#include "FakeSocket.h"
+#include "LogCapture.h"
+
+#include <Discovery/Client/DiscoveryReceiver.h>
+
+namespace Zelkor::Discovery
+{
+using Tesmo::Sp;
+using Tesmo::System::EventArgs;
+using Tesmo::System::EventHandler;
+using Tesmo::System::Object;
+using Tesmo::System::String;
+using Tesmo::System::Net::IPAddress;
+using Tesmo::System::Threading::Semaphore;
+
+namespace
+{
+class Parser : public DiscoveryMessageParser
+{
+public:
+    ~Parser() override
+    {
+        EndThread();
+    }
+    std::vector<std::string> texts;
+    std::string sender;
+    Semaphore received{0, 100};
+
+protected:
+    void ProcessMessage(const String& text, const IPAddress& address) override
+    {
+        texts.push_back(text.Utf8());
+        sender = address.ToString().Utf8();
+        received.Release();
+    }
+};
+} // namespace
+
+class DiscoveryReceiverTests : public LogTest
+{
+protected:
+    DiscoveryReceiverTests() : socket(new FakeSocket), parser(new Parser), receiver(socket, parser)
+    {
+        DiscoveryReceiver::MessageSize = 2048;
+        receiver.RestartRequested += EventHandler(*this, &DiscoveryReceiverTests::Count);
+    }
+    ~DiscoveryReceiverTests() override
+    {
+        DiscoveryReceiver::MessageSize = 2048;
+    }
+
+    Sp<FakeSocket> socket;
+    Sp<Parser> parser;
+    DiscoveryReceiver receiver;
+    Semaphore restarts{0, 100};
+
+private:
+    void Count(const Object&, const EventArgs&)
+    {
+        restarts.Release();
+    }
+};
+
+TEST_F(DiscoveryReceiverTests, EachByteOfTheBufferBecomesACharacter)
+{
+    parser->Start();
+    receiver.Start();
+    socket->Deliver("{\x81}");
+    ASSERT_TRUE(parser->received.WaitOne(10000));
+    socket->Deliver("");
+    ASSERT_TRUE(parser->received.WaitOne(10000));
+    receiver.Stop();
+    parser->Stop();
+    EXPECT_EQ("{\xC2\x81}" + std::string(2045, '\0'), parser->texts[0]);
+    EXPECT_EQ(std::string(2048, '\0'), parser->texts[1]);
+    EXPECT_EQ("10.0.0.9", parser->sender);
+}
+
+TEST_F(DiscoveryReceiverTests, ACleanStopAsksForNoRestart)
+{
+    receiver.Start();
+    ASSERT_TRUE(log->WaitFor("C Receiver: ---Listening..."));
+    log->Take();
+    receiver.Stop();
+    EXPECT_FALSE(restarts.WaitOne(0));
+    Rows rows = log->Take();
+    EXPECT_EQ(1, std::erase(rows, "E Receiver: The socket has been shut down : ending worker."));
+    EXPECT_EQ((Rows{"C Receiver: Stopping receiver", "C Receiver: Stopping worker", "C Receiver: Worker stopped",
+                    "C Receiver: ---Receiver stopped---"}),
+              rows);
+}
+
+TEST_F(DiscoveryReceiverTests, FailuresThatItSurvivesAreLoggedAndListeningGoesOn)
+{
+    receiver.Start();
+    socket->Fail(10054);
+    socket->Fail(0);
+    socket->Fail(10040);
+    socket->Deliver("text");
+    ASSERT_TRUE(log->WaitFor("D Receiver: Message received"));
+    EXPECT_EQ((Rows{"C Receiver: ---Listening...",
+                    "E Receiver: Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.",
+                    "E Receiver: MessageSize is too low : 2048! Doubling it...", "D Receiver: Message received"}),
+              log->Take());
+    receiver.Stop();
+    EXPECT_FALSE(restarts.WaitOne(0));
+    EXPECT_EQ(4096, socket->lastSize);
+    EXPECT_EQ(4096, DiscoveryReceiver::MessageSize); // a later receiver starts with it
+}
+
+TEST_F(DiscoveryReceiverTests, FatalFailuresEndItAndAskForOneRestart)
+{
+    struct Row
+    {
+        int code;
+        const char* text;
+    };
+    const Row rows[] = {
+        {ClosedObject, "The socket has been closed : ending worker."},
+        {10004, "The socket has been closed : ending worker."},
+        {10058, "The socket has been shut down : ending worker."},
+        {10038, "Socket error : Operation attempted on a non-socket object."},
+        {10060, "Unexpected socket error  : The Socket operation failed. !"},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.code);
+        const Sp<FakeSocket> dying(new FakeSocket);
+        DiscoveryReceiver victim(dying, parser);
+        victim.RestartRequested = receiver.RestartRequested;
+        dying->Fail(row.code);
+        victim.Start();
+        ASSERT_TRUE(restarts.WaitOne(10000));
+        EXPECT_EQ(std::string("E Receiver: ") + row.text, log->Take().back());
+        victim.Stop(); // finds a thread that has ended
+        EXPECT_FALSE(restarts.WaitOne(0));
+    }
+}
+} // namespace Zelkor::Discovery

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <Core/System/Exception.h>
+#include <Core/System/Threading/EventWaitHandle.h>
+#include <Core/System/Threading/Semaphore.h>
+#include <Discovery/Client/IDiscoveryClientDataGateway.h>
+
+#include <atomic>
+#include <climits>
+#include <string>
+
+namespace Zelkor::Discovery::Client
+{
+/// A host that the test describes. What is in `failing` throws; `calls` keeps the changes.
+class FakeGateway : public IDiscoveryClientDataGateway
+{
+public:
+    using MACList = Tesmo::System::Collections::Generic::List<MACAddress>;
+    using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
+
+    static Tesmo::Sp<NICConfig> MakeNIC(const char* mac, const char* address, const char* mask = "255.0.0.0")
+    {
+        return Tesmo::Sp<NICConfig>(new NICConfig(mac, MACAddress(Tesmo::System::String(mac)),
+                                                  Tesmo::System::Net::IPAddress::Parse(address),
+                                                  Tesmo::System::Net::IPAddress::Parse(mask), "1500"));
+    }
+
+    Tesmo::Sp<MACList> GetMACAddress() override
+    {
+        Check("GetMACAddress");
+        Tesmo::Sp<MACList> addresses(new MACList);
+        for (const Tesmo::Sp<NICConfig>& nic : *host.NICs)
+        {
+            addresses->Add(nic->MACAddress);
+        }
+        return addresses;
+    }
+    Tesmo::Sp<NICList> GetNICConfigs() override
+    {
+        return host.NICs;
+    }
+    Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() override
+    {
+        return host.Products;
+    }
+    Tesmo::Sp<FileTransferInfos> GetFileTransferInfos() override
+    {
+        return host.FileTransferInfos;
+    }
+    Tesmo::System::String GetHostName() override
+    {
+        return host.HostName;
+    }
+    Tesmo::System::String GetDeviceType() override
+    {
+        return host.DeviceType;
+    }
+    Tesmo::System::String GetDeviceFamily() override
+    {
+        return host.DeviceFamily;
+    }
+    Tesmo::System::String GetSerialNumber() override
+    {
+        return host.SerialNumber;
+    }
+    DiscoveryHost GetHost() override
+    {
+        hostReads++;
+        if (hold)
+        {
+            mayRead.WaitOne();
+        }
+        Check("GetHost");
+        return host;
+    }
+    void ChangeIPConfig(const NICConfig&) override
+    {
+        calls += "one config;"; // the client never calls it
+    }
+    void ChangeHostName(const Tesmo::System::String& newName) override
+    {
+        calls += "name " + newName.Utf8() + ";";
+        Check("ChangeHostName");
+    }
+    bool IsHostNameReadOnly() override
+    {
+        return false;
+    }
+    bool RebootRequiredForIPConfigChange() override
+    {
+        return false;
+    }
+    bool RebootRequiredForHostNameChange() override
+    {
+        return rebootRequired;
+    }
+    void ChangeIPConfig(Tesmo::Sp<NICList> configs) override
+    {
+        calls += std::to_string(configs->Count()) + " configs;";
+        Check("ChangeIPConfig");
+    }
+    bool RunIPChangeWatcher() override
+    {
+        watching.Release();
+        changes.WaitOne();
+        Check("RunIPChangeWatcher");
+        return changeResult;
+    }
+    int CancelWaitForIPChange() override
+    {
+        changes.Release();
+        Check("CancelWaitForIPChange");
+        return 0;
+    }
+
+    DiscoveryHost host;
+    bool rebootRequired = true;
+    std::atomic<bool> changeResult = true;
+    std::string failing; ///< the name of one operation
+    std::string calls;
+    std::atomic<int> hostReads = 0;
+    std::atomic<bool> hold = false; ///< GetHost waits for mayRead
+    Tesmo::System::Threading::EventWaitHandle mayRead{false, Tesmo::System::Threading::EventResetMode::ManualReset};
+    Tesmo::System::Threading::Semaphore changes{0, INT_MAX};  ///< one count ends one wait for a change
+    Tesmo::System::Threading::Semaphore watching{0, INT_MAX}; ///< counts the waits that have begun
+
+private:
+    void Check(const char* operation) const
+    {
+        if (failing == operation)
+        {
+            throw Tesmo::System::Exception("the gateway failed", ThrowSite);
+        }
+    }
+};
+} // namespace Zelkor::Discovery::Client

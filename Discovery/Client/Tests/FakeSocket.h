@@ -1,0 +1,169 @@
+#pragma once
+
+#include <Core/System/Net/Sockets/SocketException.h>
+#include <Core/System/ObjectClosedException.h>
+#include <Core/System/Threading/Semaphore.h>
+#include <Discovery/Transport/IDiscoverySocketFactory.h>
+
+#include <algorithm>
+#include <atomic>
+#include <climits>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace Zelkor::Discovery
+{
+constexpr int ClosedObject = INT_MIN; ///< stands for an ObjectClosedException
+
+inline void ThrowFailure(int code)
+{
+    if (code == ClosedObject)
+    {
+        throw Tesmo::System::ObjectClosedException(ThrowSite);
+    }
+    throw Tesmo::System::Net::Sockets::SocketException(Tesmo::System::Net::Sockets::SocketError(code), ThrowSite);
+}
+
+/// A socket whose datagrams and failures the test gives. It wakes a blocked Receive as the real one does.
+class FakeSocket : public IDiscoverySocket
+{
+public:
+    struct Sent
+    {
+        std::string text;
+        std::string address;
+    };
+
+    /// The next Receive gives this datagram.
+    void Deliver(const std::string& text)
+    {
+        Push({text, 0, false});
+    }
+    /// The next Receive fails.
+    void Fail(int code)
+    {
+        Push({"", code, true});
+    }
+
+    Tesmo::Sp<Tesmo::System::Net::Sockets::Socket> GetSocket() override
+    {
+        return {};
+    }
+    int Receive(const Tesmo::Up<unsigned char[]>& buffer, int size, Tesmo::System::Net::IPEndPoint& endpoint) override
+    {
+        input.WaitOne();
+        const std::lock_guard guard(lock);
+        const Input next = inputs.front();
+        inputs.pop_front();
+        lastSize = size;
+        if (next.isFailure)
+        {
+            ThrowFailure(next.code);
+        }
+        std::copy(next.text.begin(), next.text.end(), buffer.Get());
+        endpoint = Tesmo::System::Net::IPEndPoint(Tesmo::System::Net::IPAddress(10, 0, 0, 9), 12001);
+        return static_cast<int>(next.text.size());
+    }
+    int SendTo(const Tesmo::Up<unsigned char[]>& buffer, int size,
+               const Tesmo::System::Net::IPAddress& address) override
+    {
+        if (sendFailure != 0)
+        {
+            ThrowFailure(sendFailure);
+        }
+        const std::lock_guard guard(lock);
+        sent.push_back({std::string(buffer.Get(), buffer.Get() + size), address.ToString().Utf8()});
+        return size;
+    }
+    int Broadcast(const Tesmo::Up<unsigned char[]>&, int size) override
+    {
+        return size;
+    }
+    void Shutdown() override
+    {
+        if (shutdownFailure != 0)
+        {
+            ThrowFailure(shutdownFailure);
+        }
+        if (!shutDown.exchange(true))
+        {
+            Fail(Tesmo::System::Net::Sockets::SocketError::Shutdown);
+        }
+    }
+    bool IsShutDown() const override
+    {
+        return shutDown;
+    }
+    void Close() override
+    {
+        closed = true;
+    }
+    bool IsShutDownFlag() const override
+    {
+        return shutDown;
+    }
+    bool IsClosed() const override
+    {
+        return closed;
+    }
+    int GetLocalPort() const override
+    {
+        return 0;
+    }
+    int GetRemotePort() const override
+    {
+        return 0;
+    }
+
+    std::vector<Sent> sent;
+    int sendFailure = 0;
+    int shutdownFailure = 0;
+    std::atomic<int> lastSize = 0; ///< bytes in the buffer of the last Receive
+
+private:
+    struct Input
+    {
+        std::string text;
+        int code;
+        bool isFailure;
+    };
+
+    void Push(const Input& next)
+    {
+        {
+            const std::lock_guard guard(lock);
+            inputs.push_back(next);
+        }
+        input.Release();
+    }
+
+    std::mutex lock;
+    std::deque<Input> inputs;
+    Tesmo::System::Threading::Semaphore input{0, INT_MAX};
+    std::atomic<bool> shutDown = false;
+    std::atomic<bool> closed = false;
+};
+
+/// Keeps the sockets that it makes, by address; `refused` can't be bound.
+class FakeSocketFactory : public IDiscoverySocketFactory
+{
+public:
+    Tesmo::Sp<IDiscoverySocket> Create(const Tesmo::System::Net::IPAddress& address) override
+    {
+        const std::string text = address.ToString().Utf8();
+        if (text == refused)
+        {
+            ThrowFailure(Tesmo::System::Net::Sockets::SocketError::AddressNotAvailable);
+        }
+        const Tesmo::Sp<FakeSocket> made(new FakeSocket);
+        sockets[text] = made;
+        return made;
+    }
+
+    std::map<std::string, Tesmo::Sp<FakeSocket>> sockets;
+    std::string refused;
+};
+} // namespace Zelkor::Discovery
