@@ -66,6 +66,7 @@ public:
     {
         if (process == 0)
         {
+            std::signal(SIGPIPE, SIG_DFL);
             setenv("NOTIFY_SOCKET", notify.Name().c_str(), 1);
             dup2(errors, STDERR_FILENO);
             execl(DISCOVERY_CLIENT, DISCOVERY_CLIENT, static_cast<char*>(nullptr));
@@ -88,16 +89,11 @@ public:
         kill(process, number);
     }
 
-    /// True once the program holds the stop signals back: it may still be at its start.
+    /// True once the program holds the stop signals back: it may still be at its start. An ignored SIGPIPE tells its
+    /// mask from those that fork and a sanitizer's start set for a moment.
     bool HoldsSignalsBack() const
     {
-        std::ifstream status("/proc/" + std::to_string(process) + "/status");
-        std::string line;
-        while (std::getline(status, line) && line.rfind("SigBlk:", 0) != 0)
-        {
-        }
-        const unsigned long long mask = line.empty() ? 0 : std::stoull(line.substr(7), nullptr, 16);
-        return (mask >> (SIGTERM - 1) & 1) != 0;
+        return HasSignal("SigIgn:", SIGPIPE) && HasSignal("SigBlk:", SIGTERM);
     }
 
     /// The exit code; none if a signal ended it or it runs on after the limit.
@@ -118,6 +114,18 @@ public:
     }
 
 private:
+    /// Looks a signal up in a set that /proc tells of the program's main thread.
+    bool HasSignal(const std::string& set, int number) const
+    {
+        std::ifstream status("/proc/" + std::to_string(process) + "/status");
+        std::string line;
+        while (std::getline(status, line) && line.rfind(set, 0) != 0)
+        {
+        }
+        const unsigned long long mask = line.empty() ? 0 : std::stoull(line.substr(set.size()), nullptr, 16);
+        return (mask >> (number - 1) & 1) != 0;
+    }
+
     pid_t process;
 };
 
