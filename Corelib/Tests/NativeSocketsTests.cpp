@@ -2,8 +2,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <future>
-#include <latch>
 #include <memory>
 #include <thread>
 
@@ -19,14 +19,14 @@ constexpr auto limit = 20s;
 template <class End>
 int CodeOfReceiveEndedBy(NativeTestSocket& socket, End end)
 {
-    std::latch together(2);
+    std::promise<void> started;
     auto receive = std::async(std::launch::async,
                               [&]
                               {
-                                  together.arrive_and_wait();
+                                  started.set_value();
                                   return socket.Receive();
                               });
-    together.arrive_and_wait();
+    started.get_future().wait();
     end();
     if (receive.wait_for(limit) != std::future_status::ready)
     {
@@ -39,7 +39,7 @@ int CodeOfReceiveEndedBy(NativeTestSocket& socket, End end)
 
 TEST(NativeSocketsTests, ShutdownAndCloseWakeABlockedReceive)
 {
-    for (int round = 0; round < 500; ++round)
+    for (int round = 0; round < 200; ++round)
     {
         NativeTestSocket one;
         int shutDown = -1;
@@ -60,15 +60,15 @@ TEST(NativeSocketsTests, ShutdownAndCloseWakeABlockedReceive)
 
 TEST(NativeSocketsTests, CloseAgainstManyReceivesHarmsNoSocketThatTakesTheNumberOver)
 {
-    for (int round = 0; round < 500; ++round)
+    for (int round = 0; round < 200; ++round)
     {
         auto old = std::make_unique<NativeTestSocket>();
         std::atomic<int> strange = 0;
-        std::latch together(3);
-        const auto receiveUntilClosed = [&]
+        std::promise<void> started[2];
+        const auto receiveUntilClosed = [&](std::promise<void>& ready)
         {
             NativeSocket& socket = *old->socket;
-            together.arrive_and_wait();
+            ready.set_value();
             int code = 0;
             while (code == 0)
             {
@@ -80,9 +80,10 @@ TEST(NativeSocketsTests, CloseAgainstManyReceivesHarmsNoSocketThatTakesTheNumber
             }
             strange += code != SocketInterrupted && code != SocketNotSocket ? 1 : 0;
         };
-        std::jthread first(receiveUntilClosed);
-        std::jthread second(receiveUntilClosed);
-        together.arrive_and_wait();
+        std::jthread first(receiveUntilClosed, std::ref(started[0]));
+        std::jthread second(receiveUntilClosed, std::ref(started[1]));
+        started[0].get_future().wait();
+        started[1].get_future().wait();
         old->SendTo(old->local, "one");
         CloseSocket(*old->socket);
 

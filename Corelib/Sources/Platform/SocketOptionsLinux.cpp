@@ -116,6 +116,7 @@ socklen_t ToNativeValue(OptionValue kind, const void* value, int size, NativeVal
         native.lingering = {lingering.on, lingering.seconds};
         return sizeof(native.lingering);
     case OptionValue::Milliseconds:
+        number = std::max(number, 0); // negative is as good as endless on Windows, and 0 is endless on both
         native.time = {number / 1000, number % 1000 * 1000};
         return sizeof(native.time);
     case OptionValue::DontFragment:
