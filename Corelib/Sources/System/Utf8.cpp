@@ -74,7 +74,7 @@ void Append(std::string& bytes, char32 codePoint)
         return;
     }
     // n bytes carry 5 n + 1 bits, from 11 in two bytes to 31 in six.
-    const int bits = std::bit_width(value);
+    const int bits = static_cast<int>(std::bit_width(value)); // unsigned in older libraries
     const int length = bits <= 11 ? 2 : (bits + 3) / 5;
     const std::uint32_t leadMark = (0xFFu << (8 - length)) & 0xFFu;
     int shift = 6 * (length - 1);
