@@ -88,7 +88,10 @@ std::vector<unsigned char> Encode(const Encoding& encoding, const Chars& chars, 
     for (const char32 c : chars)
     {
         const Encoding::Encoder::Bytes bytes = encoder->Encode(c);
-        result.insert(result.end(), bytes.values.begin(), bytes.values.begin() + bytes.count);
+        for (int i = 0; i < bytes.count; i++)
+        {
+            result.push_back(bytes.values[static_cast<std::size_t>(i)]);
+        }
     }
     return result;
 }
@@ -248,12 +251,17 @@ Encoding& Encoding::operator=(const Encoding& other)
 
 Encoding::ByteArray Encoding::GetBytes(const String& text) const
 {
-    return ByteArray(Encode(*this, NotNull(text).Text(), text.Length()));
+    if (NotNull(text).Text().IsAscii() && GetByteCount(char32('a')) == 1)
+    {
+        // Whoever of the family has one byte for an ASCII character has that character's own.
+        return ByteArray(std::vector<unsigned char>(text.Utf8().begin(), text.Utf8().end()));
+    }
+    return ByteArray(Encode(*this, NotNull(text).Text(), NotNull(text).Length()));
 }
 
 Encoding::ByteArray Encoding::GetBytes(const CharArray& chars) const
 {
-    return GetBytes(NotNull(chars), 0, chars.Length());
+    return GetBytes(chars, 0, NotNull(chars).Length());
 }
 
 Encoding::ByteArray Encoding::GetBytes(const CharArray& chars, int index, int count) const
@@ -283,7 +291,7 @@ int Encoding::GetByteCount(const String& text) const
 
 int Encoding::GetByteCount(const CharArray& chars) const
 {
-    return GetByteCount(NotNull(chars), 0, chars.Length());
+    return GetByteCount(chars, 0, NotNull(chars).Length());
 }
 
 int Encoding::GetByteCount(const CharArray& chars, int index, int count) const
@@ -294,7 +302,7 @@ int Encoding::GetByteCount(const CharArray& chars, int index, int count) const
 
 Encoding::CharArray Encoding::GetChars(const ByteArray& bytes) const
 {
-    return GetChars(NotNull(bytes), 0, bytes.Length());
+    return GetChars(bytes, 0, NotNull(bytes).Length());
 }
 
 Encoding::CharArray Encoding::GetChars(const ByteArray& bytes, int index, int count) const
@@ -308,12 +316,12 @@ Encoding::CharArray Encoding::GetChars(const ByteArray& bytes, int index, int co
 
 int Encoding::GetCharCount(const ByteArray& bytes) const
 {
-    return GetCharCount(NotNull(bytes), 0, bytes.Length());
+    return GetCharCount(bytes, 0, NotNull(bytes).Length());
 }
 
 String Encoding::GetString(const ByteArray& bytes) const
 {
-    return GetString(NotNull(bytes), 0, bytes.Length());
+    return GetString(bytes, 0, NotNull(bytes).Length());
 }
 
 String Encoding::GetString(const ByteArray& bytes, int index, int count) const
