@@ -5,7 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 /// A folder of a test's own, gone with all its files at the end of the scope.
@@ -38,7 +38,9 @@ public:
     std::string Read(const std::string& name) const
     {
         std::ifstream file(path / name, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
     }
 
     bool Has(const std::string& name) const

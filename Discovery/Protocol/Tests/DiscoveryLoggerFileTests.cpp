@@ -1,0 +1,130 @@
+#include "LogRecorder.h"
+
+#include <Core/System/ArgumentException.h>
+#include <Core/System/IO/IOException.h>
+#include <Core/System/IO/Path.h>
+#include <Core/System/InvalidOperationException.h>
+#include <Corelib/Tests/TemporaryFolder.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+using namespace Tesmo::System;
+using namespace Tesmo::System::LogStreams;
+using namespace Zelkor::Discovery;
+
+namespace
+{
+constexpr const char* name = "DiscoveryClient.log";
+
+void WriteRow(const char* text, LogStreamLevel level = LogStreamLevel::Critical)
+{
+    DiscoveryLogger::Instance().Write(LogStreamChannel("c"), text, level);
+}
+
+/// The width of the widest line that begins with start, without its line end.
+std::size_t WidestLine(const std::string& text, const std::string& start)
+{
+    std::size_t widest = 0;
+    for (std::size_t at = text.find(start); at != std::string::npos; at = text.find(start, at + 1))
+    {
+        widest = std::max(widest, text.find('\r', at) - at);
+    }
+    return widest;
+}
+
+/// Leaves the process's logger as it found it: without a stream.
+class DiscoveryLoggerFileTests : public testing::Test
+{
+protected:
+    void TearDown() override
+    {
+        if (logger.IsOpen())
+        {
+            logger.Close();
+        }
+    }
+
+    DiscoveryLogger& logger = DiscoveryLogger::Instance();
+    TemporaryFolder folder;
+};
+} // namespace
+
+TEST_F(DiscoveryLoggerFileTests, OpenMakesTheFoldersAndClosesWhatWasOpen)
+{
+    const String deep = IO::Path::Combine(IO::Path::Combine(folder.Path("Discovery"), "DiscoveryClient"), name);
+    logger.Open(deep, LogStreamLevel::Standard);
+    WriteRow("row");
+    WriteRow("filtered", LogStreamLevel::Debug);
+    logger.Open(folder.Path("other.log"), LogStreamLevel::Standard);
+    const std::string first = folder.Read("Discovery/DiscoveryClient/DiscoveryClient.log");
+    EXPECT_NE(std::string::npos, first.find("|S|           |Start DiscoveryClient.log|\r\n"));
+    EXPECT_NE(std::string::npos, first.find("|C|           |row|\r\n"));
+    EXPECT_EQ(std::string::npos, first.find("filtered"));
+    EXPECT_TRUE(first.ends_with("-/\r\n\r\n")); // the closing line
+    EXPECT_TRUE(folder.Read("other.log").ends_with("|Start other.log|\r\n"));
+}
+
+TEST_F(DiscoveryLoggerFileTests, ReopenNeedsTheFileOfAnOpen)
+{
+    {
+        const LogRecorder recorder; // installs itself by SetStream
+    }
+    EXPECT_FALSE(logger.IsOpen());
+    EXPECT_THROW(logger.Reopen(), InvalidOperationException);
+    logger.Open(folder.Path(name), LogStreamLevel::Debug);
+    logger.Reopen(); // it is open: no effect
+    WriteRow("first", LogStreamLevel::Debug);
+    logger.Close();
+    logger.Reopen();
+    WriteRow("second", LogStreamLevel::Debug);
+    logger.Close();
+    const std::string text = folder.Read(name);
+    EXPECT_LT(text.find("|first|"), text.find("|Close DiscoveryClient.log|"));
+    EXPECT_LT(text.find("|Close DiscoveryClient.log|"), text.find("|second|"));
+    EXPECT_EQ(text.find("|Start "), text.rfind("|Start ", text.find("|first|"))); // one run, one "Start"
+
+    {
+        const LogRecorder recorder;
+    }
+    EXPECT_THROW(logger.Reopen(), InvalidOperationException); // the file is forgotten
+}
+
+TEST_F(DiscoveryLoggerFileTests, OnlyBannersAfterTheFirstHeaderAreWideAtDebug)
+{
+    logger.Open(folder.Path(name), LogStreamLevel::Debug);
+    EXPECT_EQ(256u, WidestLine(folder.Read(name), "/--"));
+    logger.Close();
+    EXPECT_EQ(1024u, WidestLine(folder.Read(name), "\\--"));
+}
+
+TEST_F(DiscoveryLoggerFileTests, ALargeFileIsSplitAtTheFirstRowAndThreeBackupsStay)
+{
+    const std::string large(6 * 1024 * 1024, 'x');
+    for (const char* const text : {"one", "two", "three", "four"})
+    {
+        folder.Write(name, large);
+        logger.Open(folder.Path(name), LogStreamLevel::Standard);
+        EXPECT_TRUE(folder.Read(name).starts_with("xxx")); // the start of the run does not split yet
+        WriteRow(text);
+        EXPECT_TRUE(folder.Read("DiscoveryClient.bak").ends_with(std::string("|") + text + "|\r\n"));
+        EXPECT_TRUE(folder.Read(name).starts_with("/---"));
+        logger.Close();
+    }
+    EXPECT_TRUE(folder.Read("DiscoveryClient.bak1").ends_with("|three|\r\n"));
+    EXPECT_TRUE(folder.Read("DiscoveryClient.bak2").ends_with("|two|\r\n"));
+    EXPECT_FALSE(folder.Has("DiscoveryClient.bak3"));
+}
+
+TEST_F(DiscoveryLoggerFileTests, AFailedOpenLeavesNoStream)
+{
+    folder.MakeFolder("taken.log");
+    logger.Open(folder.Path(name), LogStreamLevel::Standard);
+    EXPECT_THROW(logger.Open(folder.Path("taken.log"), LogStreamLevel::Standard), IO::IOException);
+    EXPECT_FALSE(logger.IsOpen());
+    EXPECT_NO_THROW(WriteRow("nobody listens"));
+    EXPECT_THROW(logger.Open("a|b", LogStreamLevel::Standard), ArgumentException);
+}
