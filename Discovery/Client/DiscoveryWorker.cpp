@@ -1,6 +1,7 @@
 #include "DiscoveryWorker.h"
 
 #include <Core/System/ObjectClosedException.h>
+#include <Core/System/Threading/Lock.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 
 namespace Zelkor::Discovery
@@ -12,6 +13,7 @@ using Tesmo::System::EventHandler;
 using Tesmo::System::ObjectClosedException;
 using Tesmo::System::String;
 using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::System::Threading::Lock;
 using Tesmo::System::Threading::ParameterizedThreadStart;
 using Tesmo::System::Threading::Thread;
 using Tesmo::System::Threading::ThreadPriority;
@@ -63,6 +65,8 @@ void DiscoveryWorker::Stop()
 
 void DiscoveryWorker::CloseSocket()
 {
+    // The shut-down alone can wake a stage. The lock keeps it from taking the moment before the close for a failure.
+    const Lock lock(*socket);
     try
     {
         socket->Shutdown();
@@ -94,10 +98,15 @@ void DiscoveryWorker::RaiseStopRequested()
 
 void DiscoveryWorker::Raise(const EventHandler& event)
 {
-    const bool isDeliberate = socket->IsShutDownFlag() && socket->IsClosed();
-    if (!isDeliberate)
+    if (!IsClosedOnPurpose())
     {
         event.Invoke(*this, EventArgs());
     }
+}
+
+bool DiscoveryWorker::IsClosedOnPurpose() const
+{
+    const Lock lock(*socket);
+    return socket->IsShutDownFlag() && socket->IsClosed();
 }
 } // namespace Zelkor::Discovery

@@ -56,6 +56,7 @@ protected:
 private:
     void CloseSocket();
     void Raise(const Tesmo::System::EventHandler& event);
+    bool IsClosedOnPurpose() const;
 
     Tesmo::Sp<Tesmo::System::Threading::Thread> thread;
     Tesmo::System::Threading::ThreadPriority priority = Tesmo::System::Threading::ThreadPriority::Normal;

@@ -147,6 +147,7 @@ TEST_F(DiscoveryClientTests, AStartAfterAStopBuildsEverythingAnew)
 {
     Silence();
     client->Start();
+    ASSERT_TRUE(gateway->watching.WaitOne(10000)); // else the cancel of the stop ends the next wait
     client->Stop();
     log->Take();
     client->Start();

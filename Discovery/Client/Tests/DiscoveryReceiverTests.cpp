@@ -81,6 +81,11 @@ TEST_F(DiscoveryReceiverTests, ACleanStopAsksForNoRestart)
     receiver.Start();
     ASSERT_TRUE(log->WaitFor("C Receiver: ---Listening..."));
     log->Take();
+    socket->beforeClose = [this] // the thread wakes in the middle of the stop
+    {
+        EXPECT_TRUE(log->WaitFor("E Receiver: The socket has been shut down : ending worker."));
+        EXPECT_FALSE(restarts.WaitOne(20));
+    };
     receiver.Stop();
     EXPECT_FALSE(restarts.WaitOne(0));
     Rows rows = log->Take();

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <climits>
 #include <deque>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -99,6 +100,7 @@ public:
     }
     void Close() override
     {
+        beforeClose();
         closed = true;
     }
     bool IsShutDownFlag() const override
@@ -121,6 +123,7 @@ public:
     std::vector<Sent> sent;
     int sendFailure = 0;
     int shutdownFailure = 0;
+    std::function<void()> beforeClose = [] {};
     std::atomic<int> lastSize = 0; ///< bytes in the buffer of the last Receive
 
 private:
