@@ -1,0 +1,16 @@
+#include "Benchmarks.h"
+#include "RatioReporter.h"
+
+/// Runs every comparison, or those that --benchmark_filter names.
+int main(int count, char** arguments)
+{
+    Bench::AddCoreComparisons();
+    Bench::AddProtocolComparisons();
+    Bench::AddReceiveComparisons();
+    Bench::AddHostComparisons();
+    benchmark::Initialize(&count, arguments);
+    Bench::RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    return 0;
+}
