@@ -103,7 +103,8 @@ TEST(StackTraceLinuxTests, AReportBeginsWithTheFunctionThatThrew)
         EXPECT_TRUE(std::regex_match(lines[1], top)) << lines[1];
         // where no constructor stands above it, the top frame has two lines: the throw, and its own place
         const std::size_t caller = lines[2].find("CallsThrower") != std::string::npos ? 2 : 3;
-        const std::regex below("   at Sample::CallsThrower\\(void \\(\\*\\)\\(\\)\\)" + offset + place + "[0-9]+\r");
+        const std::regex below("   at Sample::CallsThrower\\(void \\(\\*\\)\\(\\)\\)" + offset + "in .*" +
+                               Sample::ThisFile + ":[0-9]+\r"); // clang puts the build folder before the file
         EXPECT_TRUE(std::regex_match(lines[caller], below)) << lines[caller];
     }
 }
@@ -152,7 +153,7 @@ TEST(StackTraceLinuxTests, SkipsFromTheTopOrFromAMethod)
 {
     const std::string here = "StackTraceLinuxTests_SkipsFromTheTopOrFromAMethod_Test::TestBody()";
     EXPECT_EQ(Sample::TakesFrame(0).GetMethod().Utf8(), "Sample::TakesFrame(int)");
-    EXPECT_EQ(Sample::TakesFrame(0).GetFileName().Utf8(), Sample::ThisFile);
+    EXPECT_TRUE(Sample::TakesFrame(0).GetFileName().EndsWith(Sample::ThisFile));
     EXPECT_EQ(Sample::TakesFrame(1).GetMethod().Utf8(), here);
 
     const Sp<StackFrame> below = Sample::TakesTrace("TakesTrace", 1).GetFrame(0);
