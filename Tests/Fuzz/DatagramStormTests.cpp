@@ -75,12 +75,13 @@ TEST(DatagramStormTests, TwoHundredThousandDatagramsDoNoHarmAndLeaveNothing)
     EXPECT_LT(messages, datagrams / 2);  // and most of it is bad
 }
 
-TEST(DatagramStormTests, TheWorstDatagramsEndInTime)
+TEST(DatagramStormTests, TheLargestDatagramsAreTakenOrDropped)
 {
     const std::string header = R"({"DiscoveryMessageType":"ChangeYourIPConfig","DiscoveryVersion":"1.0.23",)";
+    const std::string record = R"({"ProductType":"","ProductSerialNumber":"","ProductVersion":"","ProductName":""})";
     const auto filled = [&](const std::string& opening, const std::string& element, const std::string& closing)
     {
-        std::string text = header + opening;
+        std::string text = opening[0] == '{' ? opening : header + opening;
         while (text.size() + element.size() + closing.size() < 65507)
         {
             text += element;
@@ -90,6 +91,9 @@ TEST(DatagramStormTests, TheWorstDatagramsEndInTime)
     EXPECT_TRUE(Take(filled(R"("NewNICConfigs":[1)", ",1", "]}")));
     EXPECT_TRUE(Take(filled(R"("NewNICConfigs":[{})", ",{}", "]}")));
     EXPECT_TRUE(Take(filled(R"("NewNICConfigs":[],"x":0)", R"(,"x":0)", "}")));
+    EXPECT_TRUE(Take(filled(R"({"DiscoveryMessageType":"Bye","DiscoveryVersion":"1.0.23","Host":{"HostName":"",)"
+                            R"("DeviceType":"","NICs":[],"Products":[)" + record,
+                            "," + record, "]}}")));
     EXPECT_FALSE(Take(filled("", R"("Broadcast)", "")));
     EXPECT_FALSE(Take(filled(R"("NewNICConfigs":)", "[", "")));
 }

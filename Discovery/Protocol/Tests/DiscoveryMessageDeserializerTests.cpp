@@ -4,9 +4,13 @@
 #include <Core/System/ArgumentException.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/OverflowException.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
 
 #include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -33,6 +37,20 @@ std::vector<std::string> Outcome(const std::string& text)
     rows.insert(rows.begin(), outcome);
     return rows;
 }
+
+/// Counts rows; any thread.
+class CountingStream : public LogStreams::ILogStream
+{
+public:
+    using ILogStream::Write;
+
+    void Write(const LogStreams::LogStreamChannel&, LogStreams::LogStreamLevel, int, const String&) override
+    {
+        ++rows;
+    }
+
+    std::atomic<int> rows = 0;
+};
 
 std::string Header(const std::string& type, const std::string& rest)
 {
@@ -129,4 +147,26 @@ TEST(DiscoveryMessageDeserializerTests, ReadsAnObjectByItsTextAndSerializesOnlyI
         EXPECT_EQ(sample.text, stringer.EndObject().ToString().Utf8());
         EXPECT_THROW(deserializer.Serialize(*read), FormatException); // it opens no object of its own
     }
+}
+
+TEST(DiscoveryMessageDeserializerTests, ThreadsReadAndLogAtTheSameTime)
+{
+    constexpr int rounds = 200;
+    const Sp<CountingStream> stream(new CountingStream());
+    DiscoveryLogger::Instance().SetStream(stream);
+    DiscoveryMessageDeserializer deserializer;
+    const auto work = [&deserializer]
+    {
+        for (int i = 0; i < rounds; ++i)
+        {
+            deserializer.Deserialize(String(WireSamples()[6].text));
+            EXPECT_THROW(deserializer.Deserialize("{}"), FormatException);
+        }
+    };
+    std::thread first(work);
+    std::thread second(work);
+    first.join();
+    second.join();
+    EXPECT_EQ(2 * rounds, stream->rows);
+    DiscoveryLogger::Instance().Close();
 }
