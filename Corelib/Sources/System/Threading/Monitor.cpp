@@ -31,7 +31,7 @@ struct MonitorData
 /// A part of the table with a lock of its own, so that threads with different objects seldom meet. Records are used
 /// again and never given back, as threads may still lock while the process ends: there are as many as were ever in use
 /// at once.
-struct Shard
+struct alignas(64) Shard // a cache line of its own
 {
     std::mutex lock;
     MonitorData* used = nullptr;
@@ -40,12 +40,17 @@ struct Shard
 
 constexpr std::size_t ShardCount = 64;
 
-constinit std::array<Shard, ShardCount> shards{};
+/// Made at the first use and never destroyed.
+std::array<Shard, ShardCount>& Shards()
+{
+    static auto* const shards = new std::array<Shard, ShardCount>;
+    return *shards;
+}
 
 Shard& ShardOf(const Object& target)
 {
     const auto address = reinterpret_cast<std::uintptr_t>(&target);
-    return shards[(address >> 4 ^ address >> 12) % ShardCount]; // the heap aligns to 16 bytes
+    return Shards()[(address >> 4 ^ address >> 12) % ShardCount]; // the heap aligns to 16 bytes
 }
 
 /// The link that leads to the target's record, or to the end of the list.
@@ -80,12 +85,13 @@ MonitorData& FindOrAdd(Shard& shard, const Object& target)
     return *data;
 }
 
-/// Gives up one reference; the last one takes the record out of the table.
-void Leave(Shard& shard, MonitorData& data)
+/// Gives up one reference to the record that link leads to; the last one takes it out of the table.
+void Leave(Shard& shard, MonitorData*& link)
 {
+    MonitorData& data = *link;
     if (--data.referenceCount == 0)
     {
-        Find(shard, *data.target) = data.next;
+        link = data.next;
         data.next = shard.spare;
         shard.spare = &data;
     }
@@ -119,7 +125,7 @@ bool Take(const Object& target, double milliseconds)
     const std::thread::id caller = std::this_thread::get_id();
     if ((data.depth == 0 || data.owner != caller) && !Wait(guard, data, milliseconds))
     {
-        Leave(shard, data);
+        Leave(shard, Find(shard, target));
         return false;
     }
     data.owner = caller;
@@ -195,26 +201,26 @@ void Monitor::Exit(const Object& target)
     }
     Shard& shard = ShardOf(target);
     const std::lock_guard guard(shard.lock);
-    MonitorData* const data = Find(shard, target);
-    if (data == nullptr)
+    MonitorData*& link = Find(shard, target);
+    if (link == nullptr)
     {
         return;
     }
-    if (data->depth == 0 || data->owner != std::this_thread::get_id())
+    if (link->depth == 0 || link->owner != std::this_thread::get_id())
     {
         throw InvalidOperationException(ThrowSite);
     }
-    if (--data->depth == 0 && data->referenceCount > 1)
+    if (--link->depth == 0 && link->referenceCount > 1)
     {
-        data->released.notify_one();
+        link->released.notify_one();
     }
-    Leave(shard, *data);
+    Leave(shard, link);
 }
 
 int Monitor::EntryCount()
 {
     int count = 0;
-    for (Shard& shard : shards)
+    for (Shard& shard : Shards())
     {
         const std::lock_guard guard(shard.lock);
         for (const MonitorData* data = shard.used; data != nullptr; data = data->next)
