@@ -15,9 +15,9 @@
 #include <Core/System/UInt32.h>
 #include <Core/System/UInt64.h>
 
-#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <string_view>
 
 namespace Zelkor::Serialization::Json::CJSONAdapter
@@ -95,14 +95,16 @@ void PrintNumber(double value, std::string& text)
     constexpr double smallest = 1e-6; // magnitudes that print without an exponent
     constexpr double largest = 1e9;
     constexpr int precision = 6;
+    constexpr std::size_t longest = 320; // characters; the largest double has 309 digits
     if (!std::isfinite(value))
     {
         text += "null";
         return;
     }
-    std::array<char, 400> digits; // the largest double has 309 before the point
-    char* const first = digits.data();
-    char* const last = first + digits.size();
+    const std::size_t start = text.size();
+    text.resize(start + longest); // no buffer on the stack: a compiler may give it to each level of a nested document
+    char* const first = text.data() + start;
+    char* const last = text.data() + text.size();
     const int integer = ToInteger<int>(value);
     const double magnitude = std::fabs(value);
     std::to_chars_result result;
@@ -120,7 +122,7 @@ void PrintNumber(double value, std::string& text)
         result = std::to_chars(first, last, value,
                                needsExponent ? std::chars_format::scientific : std::chars_format::fixed, precision);
     }
-    text.append(first, result.ptr);
+    text.resize(static_cast<std::size_t>(result.ptr - text.data()));
 }
 
 void PrintContainer(const cJSON& container, std::string& text)

@@ -1,5 +1,6 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/FormatException.h>
+#include <Core/System/Threading/Thread.h>
 #include <Serialization.Json/JSONArray.h>
 #include <Serialization.Json/JSONObject.h>
 
@@ -29,6 +30,13 @@ std::string Nested(int levels)
 {
     const auto count = static_cast<std::size_t>(levels);
     return std::string(count, '[') + std::string(count, ']');
+}
+
+std::string deepestDocument;
+
+void CopyDeepestDocument()
+{
+    deepestDocument = JSONArray(JSONArray(String(Nested(1000)))).ToString().Utf8();
 }
 } // namespace
 
@@ -139,4 +147,13 @@ TEST(JSONTextTests, NestingEndsAtAThousandLevels)
     EXPECT_EQ(Nested(1000), JSONArray(String(Nested(1000))).ToString().Utf8());
     EXPECT_THROW(JSONArray(String(Nested(1001))), FormatException);
     EXPECT_THROW(JSONArray(String(std::string(65507, '['))), FormatException);
+}
+
+TEST(JSONTextTests, TheSmallestStackTakesTheDeepestDocument)
+{
+    constexpr int smallestStack = 256 * 1024; // bytes
+    Threading::Thread thread(Threading::ThreadStart(&CopyDeepestDocument), smallestStack);
+    thread.Start();
+    thread.Join();
+    EXPECT_EQ(Nested(1000), deepestDocument);
 }
