@@ -8,7 +8,7 @@ ByeMessage::ByeMessage(const Tesmo::System::Version& version, const DiscoveryHos
 }
 
 ByeMessage::ByeMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
-                         const Tesmo::Sp<NICConfig>& sourceNIC)
+                       const Tesmo::Sp<NICConfig>& sourceNIC)
     : SignatureBroadcastMessage(version, host, sourceNIC, true)
 {
 }

@@ -12,8 +12,7 @@ public:
     /// Copies the host.
     ByeMessage(const Tesmo::System::Version& version, const DiscoveryHost& host);
     /// Copies the host and shares the interface.
-    ByeMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
-                const Tesmo::Sp<NICConfig>& sourceNIC);
+    ByeMessage(const Tesmo::System::Version& version, const DiscoveryHost& host, const Tesmo::Sp<NICConfig>& sourceNIC);
 
     DiscoveryMessageType GetMessageType() const override;
 };

@@ -8,7 +8,7 @@ HelloMessage::HelloMessage(const Tesmo::System::Version& version, const Discover
 }
 
 HelloMessage::HelloMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
-                         const Tesmo::Sp<NICConfig>& sourceNIC)
+                           const Tesmo::Sp<NICConfig>& sourceNIC)
     : SignatureBroadcastMessage(version, host, sourceNIC, true)
 {
 }

@@ -13,7 +13,7 @@ public:
     HelloMessage(const Tesmo::System::Version& version, const DiscoveryHost& host);
     /// Copies the host and shares the interface.
     HelloMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
-                const Tesmo::Sp<NICConfig>& sourceNIC);
+                 const Tesmo::Sp<NICConfig>& sourceNIC);
 
     DiscoveryMessageType GetMessageType() const override;
 };

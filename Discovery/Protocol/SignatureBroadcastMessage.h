@@ -29,7 +29,7 @@ public:
     /// Replaces the host's record by a copy.
     void SetFileTransferInfos(const FileTransferInfos& infos);
 
-    DiscoveryHost Host;              ///< the sender
+    DiscoveryHost Host;             ///< the sender
     Tesmo::Sp<NICConfig> SourceNIC; ///< the interface that the message leaves by; may be empty
 };
 } // namespace Zelkor::Discovery

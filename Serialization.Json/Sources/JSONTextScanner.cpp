@@ -152,8 +152,8 @@ bool JSONTextScanner::ScanUnicodeEscape()
         return false;
     }
     const int consumed = isPair ? 2 * length : length;
-    const bool isCharacter = isPair ? IsLowSurrogate(second)
-                                    : unit != 0 && !IsHighSurrogate(unit) && !IsLowSurrogate(unit);
+    const bool isCharacter =
+        isPair ? IsLowSurrogate(second) : unit != 0 && !IsHighSurrogate(unit) && !IsLowSurrogate(unit);
     if (!isCharacter)
     {
         Replace(consumed, {});

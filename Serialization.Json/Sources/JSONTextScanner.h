@@ -27,7 +27,7 @@ private:
     bool ScanNumber();
     void Replace(int length, std::string_view replacement);
 
-    const char* cursor; ///< a zero byte stands behind the text
+    const char* cursor;  ///< a zero byte stands behind the text
     const char* pending; ///< start of what is not yet in rewritten
     std::string rewritten;
     bool isRewritten = false;

@@ -202,7 +202,7 @@ TEST(JSONAccessTests, CopiesShareNothing)
 
 TEST(JSONAccessTests, AWalkByIndexOverALargeArrayIsLinear)
 {
-    constexpr int count = 500'000; // 125 milliards of steps if each look-up began anew
+    constexpr int count = 500'000; // 125 billion steps if each look-up began anew
     std::string text(2 * count + 1, ',');
     for (std::size_t i = 1; i < text.size(); i += 2)
     {
