@@ -61,8 +61,12 @@ int CaptureStack(const void* user, const void** addresses, int capacity)
 
 std::vector<System::Diagnostics::CallStackEntry> ResolveStack(const void* const* addresses, int count)
 {
+    if (count == 0)
+    {
+        return {};
+    }
     auto entries = LookUpAddresses(addresses, count);
-    if (count > 0 && entries.empty()) // the first address is the library's own
+    if (entries.empty()) // the first address is the library's own
     {
         linesMissing.store(true, std::memory_order_relaxed);
     }
