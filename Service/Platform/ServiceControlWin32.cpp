@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cstdlib>
-#include <semaphore>
 #include <string>
 
 namespace Zelkor::Discovery::Client::Platform
@@ -30,12 +29,12 @@ void (*serviceEntry)() = nullptr;
 void (*controlHandler)(std::uint32_t) = nullptr;
 SERVICE_STATUS_HANDLE statusHandle = nullptr;
 HANDLE stopEvent = INVALID_HANDLE_VALUE;
-std::binary_semaphore entryEnded(0);
+HANDLE entryEnded = nullptr;
 
 void WINAPI ServiceEntry(DWORD, LPWSTR*) noexcept
 {
     serviceEntry();
-    entryEnded.release();
+    SetEvent(entryEnded);
 }
 
 void WINAPI ControlHandler(DWORD control) noexcept
@@ -54,13 +53,18 @@ std::wstring Widen(const char* text)
 int RunService(const char* name, void (*entry)())
 {
     serviceEntry = entry;
+    entryEnded = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    if (entryEnded == nullptr)
+    {
+        return static_cast<int>(GetLastError());
+    }
     std::wstring wideName = Widen(name);
     const std::array<SERVICE_TABLE_ENTRYW, 2> table = {{{wideName.data(), ServiceEntry}, {nullptr, nullptr}}};
     if (StartServiceCtrlDispatcherW(table.data()) == 0)
     {
         return static_cast<int>(GetLastError());
     }
-    entryEnded.acquire(); // the dispatcher may return as soon as the stopped state is reported
+    WaitForSingleObject(entryEnded, INFINITE); // the dispatcher may return as soon as the stopped state is reported
     return 0;
 }
 
