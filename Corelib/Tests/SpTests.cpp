@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <barrier>
+#include <future>
 #include <thread>
 #include <typeinfo>
 #include <vector>
@@ -114,14 +114,15 @@ TEST(SpTests, CopiesMayBeReleasedOnAnyThread)
     constexpr int Threads = 4;
     std::atomic<int> destroyed = 0;
     Sp<Tracked> shared(new Tracked(destroyed));
-    std::barrier start(Threads);
+    std::promise<void> start;
+    const std::shared_future<void> started = start.get_future().share();
     std::vector<std::thread> threads;
     for (int i = 0; i < Threads; i++)
     {
         threads.emplace_back(
-            [&start, copy = shared]() mutable
+            [started, copy = shared]() mutable
             {
-                start.arrive_and_wait();
+                started.wait();
                 for (int round = 0; round < 1000; round++)
                 {
                     Sp<Tracked> another(copy);
@@ -129,6 +130,7 @@ TEST(SpTests, CopiesMayBeReleasedOnAnyThread)
                 copy.Reset(nullptr);
             });
     }
+    start.set_value();
     shared.Reset(nullptr);
     for (std::thread& thread : threads)
     {
