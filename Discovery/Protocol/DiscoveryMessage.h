@@ -7,8 +7,8 @@
 
 namespace Zelkor::Discovery
 {
-/// Root of the messages: one JSON object a datagram, whose first keys are common to all. A message is made, written once
-/// and dropped, or made, read once and dropped, by one thread at a time.
+/// Root of the messages: one JSON object a datagram, whose first keys are common to all. A message is made, written
+/// once and dropped, or made, read once and dropped, by one thread at a time.
 ///
 /// Readers don't mind the order of the keys, the case of their letters, or keys that they don't know.
 class DiscoveryMessage
