@@ -2,7 +2,6 @@
 
 #include <Core/System/IO/DirectoryInfo.h>
 #include <Core/System/IO/FileStream.h>
-#include <Core/System/IO/IOException.h>
 
 #include <gtest/gtest.h>
 
@@ -17,14 +16,6 @@ TEST(FilesLinuxTests, AnOpenFileIsNotHandedToChildProcesses)
     const FileStream stream(folder.Path("held.log"), FileMode::Create, FileAccess::Write, FileShare::None);
     EXPECT_EQ(0, std::system("ls -l /proc/$$/fd >/dev/null")); // the listing itself works
     EXPECT_NE(0, std::system("ls -l /proc/$$/fd | grep -q held.log"));
-}
-
-TEST(FilesLinuxTests, AFullDeviceFailsEachWriteAndNothingElse)
-{
-    FileStream stream("/dev/full", FileMode::Open, FileAccess::Write, FileShare::None);
-    EXPECT_THROW(stream.WriteByte('x'), IOException);
-    EXPECT_THROW(stream.WriteByte('x'), IOException);
-    EXPECT_NO_THROW(stream.Close());
 }
 
 TEST(FilesLinuxTests, FilesAreFoundThroughLinksAndDeadLinksAreNot)
