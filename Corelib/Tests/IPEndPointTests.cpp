@@ -72,6 +72,7 @@ TEST(IPEndPointTests, RefusesRawFormsThatHoldNoAddress)
     EXPECT_THROW(any.Create(SocketAddress(Sockets::AddressFamily::Unix, 28)), ArgumentException);
     EXPECT_THROW(any.Create(null), ArgumentNullException);
     EXPECT_THROW(SocketAddress(Sockets::AddressFamily::Unix, 1), ArgumentOutOfRangeException);
+    EXPECT_THROW(SocketAddress(static_cast<const Sockets::AddressFamily&>(null), 1), ArgumentNullException);
 
     const EndPoint plain(Sockets::AddressFamily::InterNetworkV6);
     EXPECT_EQ(2, plain.Serialize().Size());

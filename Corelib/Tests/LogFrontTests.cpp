@@ -25,8 +25,8 @@ public:
     {
         if (IsEnabled(level))
         {
-            rows.push_back(channel.ToString().Utf8() + "|" + level.ToString().Utf8() + "|" +
-                           std::to_string(errorCode) + "|" + message.Utf8());
+            rows.push_back(channel.ToString().Utf8() + "|" + level.ToString().Utf8() + "|" + std::to_string(errorCode) +
+                           "|" + message.Utf8());
         }
     }
     void WriteBlank(const LogStreamChannel&, LogStreamLevel level) override
@@ -64,8 +64,8 @@ std::string AsPassed(const LogStreamLevel& streamLevel)
     RecordingStream stream;
     stream.SetLevel(streamLevel);
     std::string passed;
-    for (const auto constant : {LogStreamLevel::Critical, LogStreamLevel::Standard, LogStreamLevel::Debug,
-                                LogStreamLevel::None})
+    for (const auto constant :
+         {LogStreamLevel::Critical, LogStreamLevel::Standard, LogStreamLevel::Debug, LogStreamLevel::None})
     {
         const LogStreamLevel level(constant);
         passed += stream.IsEnabled(level) ? level.ToString().Utf8().substr(0, 1) : "-";

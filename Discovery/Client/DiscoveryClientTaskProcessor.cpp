@@ -18,9 +18,11 @@
 #include <climits>
 #include <cstdint>
 #include <iterator>
+#include <typeinfo>
 
 namespace Zelkor::Discovery::Client
 {
+using Tesmo::IsNull;
 using Tesmo::null;
 using Tesmo::Sp;
 using Tesmo::Up;
@@ -121,6 +123,10 @@ DiscoveryClientTaskProcessor::~DiscoveryClientTaskProcessor()
 
 void DiscoveryClientTaskProcessor::EnqueueTask(const Object&, const EventArgs& args)
 {
+    if (IsNull(args))
+    {
+        throw std::bad_cast();
+    }
     const Sp<ClientActionArgs> task(new ClientActionArgs(dynamic_cast<const ClientActionArgs&>(args)));
     {
         const Lock lock(queue.SyncRoot());

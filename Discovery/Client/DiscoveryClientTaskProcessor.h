@@ -30,7 +30,7 @@ public:
     ~DiscoveryClientTaskProcessor() override;
 
     /// @param args  a ClientActionArgs, of which a copy is queued
-    /// @throws std::bad_cast  args is of another class
+    /// @throws std::bad_cast  args is null or of another class
     void EnqueueTask(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args) override;
 
     /// Says goodbye at once, on the calling thread and over sockets of its own: the shared one may be closed by then.

@@ -26,13 +26,16 @@ void LogCritical(const char* text)
 } // namespace
 
 ChangeYourHostNameMessage::ChangeYourHostNameMessage(const Tesmo::System::Version& version, const String& newHostName)
-    : DiscoveryMessage(version, false), NewHostName(newHostName)
+    : DiscoveryMessage(version, false),
+      NewHostName(newHostName)
 {
 }
 
 ChangeYourHostNameMessage::ChangeYourHostNameMessage(const Tesmo::System::Version& version, const String& newHostName,
                                                      const MACAddress& targetedMACAddress)
-    : DiscoveryMessage(version, true), TargetedMACAddress(targetedMACAddress), NewHostName(newHostName)
+    : DiscoveryMessage(version, true),
+      TargetedMACAddress(targetedMACAddress),
+      NewHostName(newHostName)
 {
 }
 

@@ -52,7 +52,8 @@ ChangeYourIPConfigMessage::ChangeYourIPConfigMessage() : NewNICConfigs(new NICLi
 
 ChangeYourIPConfigMessage::ChangeYourIPConfigMessage(const Tesmo::System::Version& version,
                                                      const Sp<NICList>& newNICConfigs)
-    : DiscoveryMessage(version, true), NewNICConfigs(newNICConfigs)
+    : DiscoveryMessage(version, true),
+      NewNICConfigs(newNICConfigs)
 {
 }
 

@@ -57,6 +57,13 @@ Sp<List<Sp<Record>>> DeepCopy(const List<Sp<Record>>& records)
     return copies;
 }
 
+/// A host without a record equals one with no infos.
+bool AreEqual(const Sp<FileTransferInfos>& left, const Sp<FileTransferInfos>& right)
+{
+    const FileTransferInfos none;
+    return (left == null ? none : *left) == (right == null ? none : *right);
+}
+
 Sp<FileTransferInfos> DeepCopy(const Sp<FileTransferInfos>& infos)
 {
     return infos == null ? infos : Sp<FileTransferInfos>(new FileTransferInfos(*infos));
@@ -135,27 +142,39 @@ bool ReadInfos(const JSONObject& object, FileTransferInfos& infos)
 } // namespace
 
 DiscoveryHost::DiscoveryHost()
-    : NICs(new NICList()), Products(new ProductList()), FileTransferInfos(new Discovery::FileTransferInfos())
+    : NICs(new NICList()),
+      Products(new ProductList()),
+      FileTransferInfos(new Discovery::FileTransferInfos())
 {
 }
 
 DiscoveryHost::DiscoveryHost(const String& hostName, bool isHostNameReadOnly, bool rebootRequiredForIPConfigChange,
-                             bool rebootRequiredForHostNameChange, const String& deviceType,
-                             const String& deviceFamily, const String& serialNumber)
-    : HostName(hostName), IsHostNameReadOnly(isHostNameReadOnly),
+                             bool rebootRequiredForHostNameChange, const String& deviceType, const String& deviceFamily,
+                             const String& serialNumber)
+    : HostName(hostName),
+      IsHostNameReadOnly(isHostNameReadOnly),
       RebootRequiredForIPConfigChange(rebootRequiredForIPConfigChange),
-      RebootRequiredForHostNameChange(rebootRequiredForHostNameChange), DeviceType(deviceType),
-      DeviceFamily(deviceFamily), SerialNumber(serialNumber), NICs(new NICList()), Products(new ProductList()),
+      RebootRequiredForHostNameChange(rebootRequiredForHostNameChange),
+      DeviceType(deviceType),
+      DeviceFamily(deviceFamily),
+      SerialNumber(serialNumber),
+      NICs(new NICList()),
+      Products(new ProductList()),
       FileTransferInfos(new Discovery::FileTransferInfos())
 {
 }
 
 DiscoveryHost::DiscoveryHost(const DiscoveryHost& other)
-    : HostName(Checked(other).HostName), IsHostNameReadOnly(other.IsHostNameReadOnly),
+    : HostName(Checked(other).HostName),
+      IsHostNameReadOnly(other.IsHostNameReadOnly),
       RebootRequiredForIPConfigChange(other.RebootRequiredForIPConfigChange),
-      RebootRequiredForHostNameChange(other.RebootRequiredForHostNameChange), DeviceType(other.DeviceType),
-      DeviceFamily(other.DeviceFamily), SerialNumber(other.SerialNumber), NICs(DeepCopy(*other.NICs)),
-      Products(DeepCopy(*other.Products)), FileTransferInfos(DeepCopy(other.FileTransferInfos))
+      RebootRequiredForHostNameChange(other.RebootRequiredForHostNameChange),
+      DeviceType(other.DeviceType),
+      DeviceFamily(other.DeviceFamily),
+      SerialNumber(other.SerialNumber),
+      NICs(DeepCopy(*other.NICs)),
+      Products(DeepCopy(*other.Products)),
+      FileTransferInfos(DeepCopy(other.FileTransferInfos))
 {
 }
 
@@ -210,6 +229,10 @@ void DiscoveryHost::ReadJSON(const String& text)
     SerialNumber = object.OptString(serialNumberKey);
     ReadList(object, nicsKey, *NICs);
     ReadList(object, productsKey, *Products);
+    if (FileTransferInfos == null)
+    {
+        FileTransferInfos.Reset(new Discovery::FileTransferInfos());
+    }
     if (!ReadInfos(object, *FileTransferInfos))
     {
         DiscoveryLogger::Instance().Write(LogStreamChannel(channelName),
@@ -231,9 +254,8 @@ void DiscoveryHost::AddProduct(const Sp<DiscoveryHostProduct>& product)
 bool DiscoveryHost::operator==(const DiscoveryHost& other) const
 {
     return HostName == other.HostName && IsHostNameReadOnly == other.IsHostNameReadOnly &&
-           RebootRequiredForIPConfigChange == other.RebootRequiredForIPConfigChange &&
-           DeviceType == other.DeviceType && DeviceFamily == other.DeviceFamily &&
-           SerialNumber == other.SerialNumber && AreEqual(*NICs, *other.NICs) &&
-           AreEqual(*Products, *other.Products) && *FileTransferInfos == *other.FileTransferInfos;
+           RebootRequiredForIPConfigChange == other.RebootRequiredForIPConfigChange && DeviceType == other.DeviceType &&
+           DeviceFamily == other.DeviceFamily && SerialNumber == other.SerialNumber && AreEqual(*NICs, *other.NICs) &&
+           AreEqual(*Products, *other.Products) && AreEqual(FileTransferInfos, other.FileTransferInfos);
 }
 } // namespace Zelkor::Discovery

@@ -18,7 +18,9 @@ const String nameKey = "ProductName";
 
 DiscoveryHostProduct::DiscoveryHostProduct(const String& productType, const String& productSerialNumber,
                                            const String& productVersion, const String& productName)
-    : ProductType(productType), ProductSerialNumber(productSerialNumber), ProductVersion(productVersion),
+    : ProductType(productType),
+      ProductSerialNumber(productSerialNumber),
+      ProductVersion(productVersion),
       ProductName(productName)
 {
 }

@@ -74,7 +74,8 @@ DiscoveryMessage::DiscoveryMessage() : DiscoveryMessage(DiscoveryVersion()) {}
 DiscoveryMessage::DiscoveryMessage(const Tesmo::System::Version& version) : DiscoveryMessage(version, true) {}
 
 DiscoveryMessage::DiscoveryMessage(const Tesmo::System::Version& version, bool broadcast)
-    : Version(version), Broadcast(broadcast)
+    : Version(version),
+      Broadcast(broadcast)
 {
 }
 

@@ -17,10 +17,9 @@ namespace
 /// By number.
 const std::array<String, 7>& WireNames()
 {
-    static const std::array<String, 7> names = {"SignatureBroadcast",   "Hello",
-                                                "Bye",                  "ChangeYourIPConfig",
-                                                "SendYourSignature",    "AllSendYourSignature",
-                                                "ChangeYourHostName"};
+    static const std::array<String, 7> names = {
+        "SignatureBroadcast", "Hello", "Bye", "ChangeYourIPConfig", "SendYourSignature", "AllSendYourSignature",
+        "ChangeYourHostName"};
     return names;
 }
 } // namespace

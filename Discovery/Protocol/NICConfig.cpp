@@ -22,14 +22,23 @@ const String unknownMTU = "Unknown";
 
 NICConfig::NICConfig(const String& friendlyName, const Discovery::MACAddress& macAddress, const Address& ipAddress,
                      const Address& subNetMask, const String& mtu)
-    : FriendlyName(friendlyName), MACAddress(macAddress), IPAddress(ipAddress), SubNetMask(subNetMask), MTU(mtu)
+    : FriendlyName(friendlyName),
+      MACAddress(macAddress),
+      IPAddress(ipAddress),
+      SubNetMask(subNetMask),
+      MTU(mtu)
 {
 }
 
 NICConfig::NICConfig(const String& friendlyName, const Discovery::MACAddress& macAddress, const Address& ipAddress,
                      const Address& subNetMask, const Address& defaultGateway, const String& mtu)
-    : FriendlyName(friendlyName), MACAddress(macAddress), IPAddress(ipAddress), SubNetMask(subNetMask),
-      DefaultGateway(defaultGateway), HasDefaultGateway(true), MTU(mtu)
+    : FriendlyName(friendlyName),
+      MACAddress(macAddress),
+      IPAddress(ipAddress),
+      SubNetMask(subNetMask),
+      DefaultGateway(defaultGateway),
+      HasDefaultGateway(true),
+      MTU(mtu)
 {
 }
 

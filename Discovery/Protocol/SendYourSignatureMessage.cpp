@@ -26,7 +26,8 @@ SendYourSignatureMessage::SendYourSignatureMessage(const Tesmo::System::Version&
 
 SendYourSignatureMessage::SendYourSignatureMessage(const Tesmo::System::Version& version,
                                                    const MACAddress& targetedMACAddress)
-    : DiscoveryMessage(version, true), TargetedMACAddress(targetedMACAddress)
+    : DiscoveryMessage(version, true),
+      TargetedMACAddress(targetedMACAddress)
 {
 }
 

@@ -33,13 +33,16 @@ SignatureBroadcastMessage::SignatureBroadcastMessage(const Tesmo::System::Versio
 
 SignatureBroadcastMessage::SignatureBroadcastMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
                                                      bool broadcast)
-    : DiscoveryMessage(version, broadcast), Host(host)
+    : DiscoveryMessage(version, broadcast),
+      Host(host)
 {
 }
 
 SignatureBroadcastMessage::SignatureBroadcastMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
                                                      const Sp<NICConfig>& sourceNIC, bool broadcast)
-    : DiscoveryMessage(version, broadcast), Host(host), SourceNIC(sourceNIC)
+    : DiscoveryMessage(version, broadcast),
+      Host(host),
+      SourceNIC(sourceNIC)
 {
 }
 

@@ -24,7 +24,8 @@ void CJSON_CDECL Free(void* memory)
 JSONAllocator::JSONAllocator()
 {
     static std::once_flag installed;
-    std::call_once(installed, []
+    std::call_once(installed,
+                   []
                    {
                        cJSON_Hooks hooks = {Allocate, Free};
                        cJSON_InitHooks(&hooks);

@@ -81,25 +81,28 @@ TEST(JSONStringerTests, WritesEachTypeInItsForm)
               Elements([](JSONStringer& s)
                        { s.Value(-1).Value(4294967295u).Value(std::int64_t{-4294967296}).Value(~std::uint64_t{0}); }));
     EXPECT_EQ("[0,0,-3,0.500000,1.000000e-07,-1.500000e+09,null,null]",
-              Elements([](JSONStringer& s)
-                       {
-                           s.Value(0.0).Value(-0.0).Value(-3.0).Value(0.5).Value(1e-7).Value(-1.5e9 - 0.25);
-                           s.Value(std::numeric_limits<double>::quiet_NaN());
-                           s.Value(-std::numeric_limits<double>::infinity());
-                       }));
+              Elements(
+                  [](JSONStringer& s)
+                  {
+                      s.Value(0.0).Value(-0.0).Value(-3.0).Value(0.5).Value(1e-7).Value(-1.5e9 - 0.25);
+                      s.Value(std::numeric_limits<double>::quiet_NaN());
+                      s.Value(-std::numeric_limits<double>::infinity());
+                  }));
     EXPECT_EQ(R"(["","",null])",
-              Elements([](JSONStringer& s)
-                       {
-                           s.Value(static_cast<const String&>(null)).Value(static_cast<const char*>(nullptr));
-                           s.Value(static_cast<const Object&>(null));
-                       }));
+              Elements(
+                  [](JSONStringer& s)
+                  {
+                      s.Value(static_cast<const String&>(null)).Value(static_cast<const char*>(nullptr));
+                      s.Value(static_cast<const Object&>(null));
+                  }));
     EXPECT_EQ(R"([1,2,3,4,true,"t",255,2.500000,1])",
-              Elements([](JSONStringer& s)
-                       {
-                           s.Value(Int64(1)).Value(UInt64(2)).Value(Int32(3)).Value(UInt32(4)).Value(Boolean(true));
-                           s.Value(static_cast<const Object&>(String("t"))).Value(LogStreamLevel()).Value(Double(2.5));
-                           s.Value(LogStreamLevel::Critical);
-                       }));
+              Elements(
+                  [](JSONStringer& s)
+                  {
+                      s.Value(Int64(1)).Value(UInt64(2)).Value(Int32(3)).Value(UInt32(4)).Value(Boolean(true));
+                      s.Value(static_cast<const Object&>(String("t"))).Value(LogStreamLevel()).Value(Double(2.5));
+                      s.Value(LogStreamLevel::Critical);
+                  }));
     EXPECT_THROW(Elements([](JSONStringer& s) { s.Value(EventArgs()); }), FormatException);
 }
 

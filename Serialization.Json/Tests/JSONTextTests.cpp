@@ -120,12 +120,25 @@ TEST(JSONTextTests, ReadsNumbersAndPrintsThemByTheirSize)
 
 TEST(JSONTextTests, RefusesEverythingElse)
 {
-    const std::string values[] = {"'a'",    "a",        "tru",        "True",      "trueish",  "nul",     "+1",
-                                  ".5",     "1.",       "1.e5",       "-",         "1-2",      "0x10",    "[1,]",
-                                  "[,1]",   "[1 2]",    "{\"a\":1,}", "{\"a\"}",   "{a:1}",    "{'a':1}", "{1:2}",
-                                  "[",      "{",        "[}",         "{]",        "\"",       "\"\\",    "\"\\\"",
-                                  "\"\\u\"", "\"\\u12\"", "\"\\u12",  "\"\\ud83d\\u12\"", "//x\n1", "/*x*/1", "",
-                                  "1\0"s,   "\"a\0b\""s, std::string(70, '1') + "-1"};
+    const std::string values[] = {"'a'",        "a",
+                                  "tru",        "True",
+                                  "trueish",    "nul",
+                                  "+1",         ".5",
+                                  "1.",         "1.e5",
+                                  "-",          "1-2",
+                                  "0x10",       "[1,]",
+                                  "[,1]",       "[1 2]",
+                                  "{\"a\":1,}", "{\"a\"}",
+                                  "{a:1}",      "{'a':1}",
+                                  "{1:2}",      "[",
+                                  "{",          "[}",
+                                  "{]",         "\"",
+                                  "\"\\",       "\"\\\"",
+                                  "\"\\u\"",    "\"\\u12\"",
+                                  "\"\\u12",    "\"\\ud83d\\u12\"",
+                                  "//x\n1",     "/*x*/1",
+                                  "",           "1\0"s,
+                                  "\"a\0b\""s,  std::string(70, '1') + "-1"};
     for (const std::string& value : values)
     {
         SCOPED_TRACE(value);

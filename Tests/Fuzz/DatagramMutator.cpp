@@ -15,16 +15,52 @@ using namespace std::string_view_literals;
 
 /// What JSON text and the protocol's values are made of, and what breaks them.
 constexpr std::string_view Tokens[] = {
-    "{",          "}",        "[",        "]",          ",",           ":",          "\"",       "\\",
-    "\\u0000",    "\\ud83d",  "\\udc00",  "\\uZZZZ",    "\\x",         "\0"sv,       "\xFF",     "\x01",
-    "null",       "true",     "1e999",    "-1e999",     "0.1e-320",    "1.",         "007",      "{\"\":\"\"}",
-    "[[[[[[[[[[", "{}",       "[1,2,{}]", "\"True\"",   "\"False\"",   "\"Hello\"",  "\"Bye\"",  "\"Host\":",
-    "\"NICs\":",  "\"a\":1,", "\"a\":\"", "255.255.255.255", "0:0:0:0:0:0:0:1%5", "1:2:3:4:5:6:7:8", "FF:FF", "%n%s",
+    "{",
+    "}",
+    "[",
+    "]",
+    ",",
+    ":",
+    "\"",
+    "\\",
+    "\\u0000",
+    "\\ud83d",
+    "\\udc00",
+    "\\uZZZZ",
+    "\\x",
+    "\0"sv,
+    "\xFF",
+    "\x01",
+    "null",
+    "true",
+    "1e999",
+    "-1e999",
+    "0.1e-320",
+    "1.",
+    "007",
+    "{\"\":\"\"}",
+    "[[[[[[[[[[",
+    "{}",
+    "[1,2,{}]",
+    "\"True\"",
+    "\"False\"",
+    "\"Hello\"",
+    "\"Bye\"",
+    "\"Host\":",
+    "\"NICs\":",
+    "\"a\":1,",
+    "\"a\":\"",
+    "255.255.255.255",
+    "0:0:0:0:0:0:0:1%5",
+    "1:2:3:4:5:6:7:8",
+    "FF:FF",
+    "%n%s",
 };
 } // namespace
 
 DatagramMutator::DatagramMutator(std::vector<std::string> goodOnes, unsigned seed)
-    : samples(std::move(goodOnes)), engine(seed)
+    : samples(std::move(goodOnes)),
+      engine(seed)
 {
 }
 

@@ -92,7 +92,8 @@ TEST(DatagramStormTests, TheLargestDatagramsAreTakenOrDropped)
     EXPECT_TRUE(Take(filled(R"("NewNICConfigs":[{})", ",{}", "]}")));
     EXPECT_TRUE(Take(filled(R"("NewNICConfigs":[],"x":0)", R"(,"x":0)", "}")));
     EXPECT_TRUE(Take(filled(R"({"DiscoveryMessageType":"Bye","DiscoveryVersion":"1.0.23","Host":{"HostName":"",)"
-                            R"("DeviceType":"","NICs":[],"Products":[)" + record,
+                            R"("DeviceType":"","NICs":[],"Products":[)" +
+                                record,
                             "," + record, "]}}")));
     EXPECT_FALSE(Take(filled("", R"("Broadcast)", "")));
     EXPECT_FALSE(Take(filled(R"("NewNICConfigs":)", "[", "")));

@@ -21,7 +21,8 @@ void CheckNull(const T& argument)
 } // namespace
 
 ILogStream::ILogStream()
-    : currentLevel(static_cast<int>(LogStreamLevel::Standard)), refTime(&LogStreamRefTime::Default())
+    : currentLevel(static_cast<int>(LogStreamLevel::Standard)),
+      refTime(&LogStreamRefTime::Default())
 {
 }
 

@@ -25,8 +25,8 @@ TEST(DiscoveryLoggerTests, WritesToTheInstalledStreamAndToNoneWithoutHarm)
     EXPECT_TRUE(logger.IsOpen());
     logger.Write(channel, "text", LogStreamLevel::Debug);
     logger.Write(channel, "Trying", InvalidOperationException("no way", "File.cpp", 7));
-    const std::vector<std::string> expected = {"c|Debug|text", "c|Critical|Trying: no way, location: ",
-                                               "c|Critical|File.cpp:7"};
+    const std::vector<std::string> expected = {"c|Debug|text",
+                                               "c|Critical|Trying: no way, location: ", "c|Critical|File.cpp:7"};
     EXPECT_EQ(expected, recorder.Take());
 
     logger.Close();

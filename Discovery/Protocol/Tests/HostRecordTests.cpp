@@ -42,8 +42,10 @@ std::string Replaced(std::string text, const std::string& old, const std::string
 TEST(HostRecordTests, AHardwareAddressIsReadFromLooseTextAndPrintedStrictly)
 {
     const std::pair<const char*, const char*> rows[] = {
-        {"aa:BB:cc:DD:ee:FF", "AA:BB:CC:DD:EE:FF"}, {"1:2:3:4:5:6", "01:02:03:04:05:06"},
-        {"AA", "AA:00:00:00:00:00"},                {"", "00:00:00:00:00:00"},
+        {"aa:BB:cc:DD:ee:FF", "AA:BB:CC:DD:EE:FF"},
+        {"1:2:3:4:5:6", "01:02:03:04:05:06"},
+        {"AA", "AA:00:00:00:00:00"},
+        {"", "00:00:00:00:00:00"},
         {"0x1:002", "01:02:00:00:00:00"},
     };
     for (const auto& [text, printed] : rows)
@@ -112,16 +114,15 @@ TEST(HostRecordTests, AHostIsReadLeniently)
 {
     const std::string text = SampleHostText();
     EXPECT_TRUE(Read<DiscoveryHost>(Replaced(text, "Only\":false", "Only\":\"false\"")).IsHostNameReadOnly);
-    EXPECT_FALSE(Read<DiscoveryHost>(Replaced(text, "NameChange\":true", "NameChange\":1"))
-                     .RebootRequiredForHostNameChange);
+    EXPECT_FALSE(
+        Read<DiscoveryHost>(Replaced(text, "NameChange\":true", "NameChange\":1")).RebootRequiredForHostNameChange);
     EXPECT_EQ("", Read<DiscoveryHost>(Replaced(text, "\"4711\"", "4711")).SerialNumber.Utf8());
     for (const char* const key : {"HostName\"", "DeviceType", "NICs", "Products\"", "ProductType", "IPAddress"})
     {
         SCOPED_TRACE(key);
         EXPECT_THROW(Read<DiscoveryHost>(Replaced(text, key, "Other\"")), Exception);
     }
-    EXPECT_THROW(Read<DiscoveryHost>(Replaced(text, R"("Products":[)", R"("Products":[7,)")),
-                 ArgumentException);
+    EXPECT_THROW(Read<DiscoveryHost>(Replaced(text, R"("Products":[)", R"("Products":[7,)")), ArgumentException);
     EXPECT_EQ(1, Read<DiscoveryHost>(text).NICs->Count());
     DiscoveryHost twice = Read<DiscoveryHost>(text);
     twice.ReadJSON(String(text));

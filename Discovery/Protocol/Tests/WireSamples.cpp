@@ -64,8 +64,9 @@ std::vector<WireSample> WireSamples()
         return R"({"DiscoveryMessageType":")" + std::string(type) + R"(","DiscoveryVersion":"1.0.23","Broadcast":")" +
                broadcast + R"(")";
     };
-    const auto row = [](DiscoveryMessage* message, const std::string& text)
-    { return WireSample{Sp<DiscoveryMessage>(message), text}; };
+    const auto row = [](DiscoveryMessage* message, const std::string& text) {
+        return WireSample{Sp<DiscoveryMessage>(message), text};
+    };
     return {
         row(new SignatureBroadcastMessage(version, host, nic, true),
             head("SignatureBroadcast", "True") + R"(,"Host":)" + H + R"(,"SourceNIC":)" + N + "}"),
@@ -73,8 +74,7 @@ std::vector<WireSample> WireSamples()
             head("SignatureBroadcast", "False") + R"(,"Host":)" + H + "}"),
         row(new HelloMessage(version, host, nic),
             head("Hello", "True") + R"(,"Host":)" + H + R"(,"SourceNIC":)" + N + "}"),
-        row(new ByeMessage(version, host, nic),
-            head("Bye", "True") + R"(,"Host":)" + H + R"(,"SourceNIC":)" + N + "}"),
+        row(new ByeMessage(version, host, nic), head("Bye", "True") + R"(,"Host":)" + H + R"(,"SourceNIC":)" + N + "}"),
         row(new SendYourSignatureMessage(version, mac),
             head("SendYourSignature", "True") + R"(,"TargetedMACAddress":"00:1A:2B:3C:4D:5E"})"),
         row(new SendYourSignatureMessage(version), head("SendYourSignature", "False") + "}"),

@@ -11,6 +11,10 @@
 
 namespace Zelkor::Serialization::Json
 {
+/// An enumeration of the language, scoped or not.
+template <class E>
+concept PlainEnum = std::is_enum_v<E>;
+
 /// Builds the compact text of a document from calls in document order. Belongs to one thread. Every call out of place
 /// gives FormatException and leaves the scopes as they were; calls can be chained.
 class JSONStringer : public JSONAllocator, public Tesmo::System::Object
@@ -43,8 +47,7 @@ public:
     JSONStringer& Value(bool value);
     JSONStringer& Value(const char* value);                  ///< a null pointer gives ""
     JSONStringer& Value(const Tesmo::System::String& value); ///< null gives ""
-    template <class E>
-        requires std::is_enum_v<E>
+    template <PlainEnum E>
     JSONStringer& Value(E value)
     {
         return Value(static_cast<std::int32_t>(value));

@@ -15,7 +15,8 @@ public:
         : ArgumentException(message, file, line)
     {
     }
-    [[nodiscard]] ArgumentOutOfRangeException(const String& message, const Exception& inner, const String& file, int line)
+    [[nodiscard]] ArgumentOutOfRangeException(const String& message, const Exception& inner, const String& file,
+                                              int line)
         : ArgumentException(message, inner, file, line)
     {
     }

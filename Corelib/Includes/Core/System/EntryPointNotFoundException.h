@@ -15,7 +15,8 @@ public:
         : TypeLoadException(message, file, line)
     {
     }
-    [[nodiscard]] EntryPointNotFoundException(const String& message, const Exception& inner, const String& file, int line)
+    [[nodiscard]] EntryPointNotFoundException(const String& message, const Exception& inner, const String& file,
+                                              int line)
         : TypeLoadException(message, inner, file, line)
     {
     }

@@ -25,7 +25,7 @@ class Null
 public:
     /// The null reference of class T. It may be bound, passed on, up-cast and tested with IsNull, nothing else.
     template <class T>
-        requires std::is_class_v<T>
+    requires std::is_class_v<T>
     constexpr operator const T&() const noexcept
     {
         static_assert(sizeof(T) <= Detail::NullBlock::Size, "a null reference must stay inside its block");

@@ -34,20 +34,17 @@ public:
 
     /// Shares the object under one of its bases.
     /// @throws std::exception  other is the null reference
-    template <class U>
-        requires std::is_convertible_v<U*, T*>
+    template <HeldAs<T> U>
     Sp(const Sp<U>& other)
     {
         Share(other);
     }
 
-    Sp(Sp&& other) noexcept
-        : pointer(std::exchange(other.pointer, nullptr)), count(std::exchange(other.count, nullptr))
+    Sp(Sp&& other) noexcept : pointer(std::exchange(other.pointer, nullptr)), count(std::exchange(other.count, nullptr))
     {
     }
 
-    template <class U>
-        requires std::is_convertible_v<U*, T*>
+    template <HeldAs<T> U>
     explicit Sp(Up<U>&& sole)
     {
         Own(sole.Release());

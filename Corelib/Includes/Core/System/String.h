@@ -204,12 +204,14 @@ namespace Detail
 {
 /// @throws ArgumentNullException  object is null
 String TextOf(const Object& object);
+
+template <class L, class R>
+concept TwoNumbers = std::convertible_to<L, double> && std::convertible_to<R, double>;
 } // namespace Detail
 
 /// An object contributes its ToString(). Two numbers add up as numbers.
 template <std::derived_from<Object> L, std::derived_from<Object> R>
-requires(!(std::convertible_to<L, double> && std::convertible_to<R, double>)) String operator+(const L& left,
-                                                                                               const R& right)
+requires(!Detail::TwoNumbers<L, R>) String operator+(const L& left, const R& right)
 {
     return Detail::TextOf(left) + Detail::TextOf(right);
 }

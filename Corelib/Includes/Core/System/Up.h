@@ -8,6 +8,10 @@
 
 namespace Tesmo
 {
+/// A class whose objects an owner of Base can hold: Base itself, or one derived from it.
+template <class U, class Base>
+concept HeldAs = std::is_convertible_v<U*, Base*>;
+
 /// Sole owner of a heap object, or with Up<T[]> of a heap array.
 template <class T>
 class Up
@@ -21,8 +25,7 @@ public:
     Up(Up&& other) noexcept : pointer(other.Release()) {}
 
     /// Takes over from an owner of a derived class.
-    template <class U>
-        requires(!std::is_array_v<T> && std::is_convertible_v<U*, T*>)
+    template <HeldAs<T> U>
     Up(Up<U>&& other) noexcept : pointer(other.Release())
     {
     }
@@ -83,8 +86,7 @@ public:
     }
 
     /// @throws std::exception  the owner is empty
-    Element& operator[](std::size_t index) const
-        requires std::is_array_v<T>
+    Element& operator[](std::size_t index) const requires std::is_array_v<T>
     {
         return Checked()[index];
     }

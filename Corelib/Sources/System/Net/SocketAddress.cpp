@@ -21,6 +21,15 @@ int CheckedSize(int size)
     return size;
 }
 
+int CheckedSize(const Sockets::AddressFamily& family, int size)
+{
+    if (IsNull(family))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    return CheckedSize(size);
+}
+
 std::vector<Byte> CheckedCopy(const unsigned char* bytes, int size)
 {
     if (bytes == nullptr)
@@ -33,12 +42,8 @@ std::vector<Byte> CheckedCopy(const unsigned char* bytes, int size)
 
 SocketAddress::SocketAddress(const unsigned char* bytes, int size) : data(CheckedCopy(bytes, size)) {}
 
-SocketAddress::SocketAddress(const Sockets::AddressFamily& family, int size) : data(CheckedSize(size))
+SocketAddress::SocketAddress(const Sockets::AddressFamily& family, int size) : data(CheckedSize(family, size))
 {
-    if (IsNull(family))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
     const int number = family.ToInt32();
     data[0] = static_cast<std::uint8_t>(number);
     data[1] = static_cast<std::uint8_t>(number >> 8);

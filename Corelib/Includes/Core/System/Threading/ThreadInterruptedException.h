@@ -15,7 +15,8 @@ public:
         : SystemException(message, file, line)
     {
     }
-    [[nodiscard]] ThreadInterruptedException(const String& message, const Exception& inner, const String& file, int line)
+    [[nodiscard]] ThreadInterruptedException(const String& message, const Exception& inner, const String& file,
+                                             int line)
         : SystemException(message, inner, file, line)
     {
     }
