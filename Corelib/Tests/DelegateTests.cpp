@@ -79,8 +79,9 @@ TEST(DelegateTests, AnEmptyListDoesNothing)
     const Delegate<int, int> empty;
     Delegate<void, int> emptied(null);
     emptied -= emptied;
+    const Delegate<void> unbound(static_cast<void (*)()>(nullptr));
 
-    EXPECT_TRUE(empty == null && emptied == null);
+    EXPECT_TRUE(empty == null && emptied == null && unbound == null);
     EXPECT_EQ(0, empty.Invoke(5));
     EXPECT_NO_THROW(emptied.Invoke(5));
 }

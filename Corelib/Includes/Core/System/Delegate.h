@@ -19,8 +19,14 @@ public:
     Delegate() = default;
     Delegate(const Null&) {}
 
-    /// Binds a plain or static function.
-    Delegate(R (*function)(Args...)) : records{Record::Bind(function)} {}
+    /// Binds a plain or static function; a null pointer gives an empty delegate.
+    Delegate(R (*function)(Args...))
+    {
+        if (function != nullptr)
+        {
+            records.push_back(Record::Bind(function));
+        }
+    }
 
     /// Binds an object and one of its operations.
     template <class T, class Base>
