@@ -1,7 +1,6 @@
 #include <Core/System/Threading/Thread.h>
 
 #include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
 #include <Core/System/OutOfMemoryException.h>
 #include <Core/System/Threading/EventWaitHandle.h>
 #include <Core/System/Threading/ThreadStateException.h>
@@ -86,12 +85,6 @@ TEST(ThreadTests, EachFormOfTheParameterReachesItsDelegate)
     EXPECT_EQ(&readOnly, work.constParameter);
 }
 
-TEST(ThreadTests, AThreadWithoutADelegateIsRefused)
-{
-    EXPECT_THROW(Thread(static_cast<const ThreadStart&>(null)), ArgumentNullException);
-    EXPECT_THROW(Thread{ParameterizedThreadStart()}, ArgumentNullException);
-}
-
 TEST(ThreadTests, StateFollowsTheThreadFromStartToEnd)
 {
     Work work;
@@ -147,17 +140,6 @@ TEST(ThreadTests, NormalPriorityCanBeSetAtEveryMoment)
     work.mayEnd.Set();
     thread.Join();
     EXPECT_NO_THROW(thread.Priority(ThreadPriority::Normal));
-}
-
-TEST(ThreadTests, APriorityGivenBeforeTheStartHolds)
-{
-    Work work;
-    Thread thread{ThreadStart(work, &Work::Hold)};
-    thread.Priority(ThreadPriority::Lowest);
-    thread.Start();
-    EXPECT_TRUE(thread.Priority() == ThreadPriority::Lowest);
-    work.mayEnd.Set();
-    thread.Join();
 }
 
 TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)

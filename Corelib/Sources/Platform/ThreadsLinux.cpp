@@ -181,7 +181,8 @@ ThreadSlot* CurrentThreadSlot()
 
 long long CurrentThreadId()
 {
-    return gettid();
+    thread_local const long long id = gettid(); // asked for at every wait, and a system call otherwise
+    return id;
 }
 
 bool GetThreadPriority(ThreadSlot& slot, int& priority)

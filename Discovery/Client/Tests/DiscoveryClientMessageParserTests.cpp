@@ -151,8 +151,4 @@ TEST_F(DiscoveryClientMessageParserTests, AHostThatCannotTellItsAddressesIsNotMe
     }
 }
 
-TEST_F(DiscoveryClientMessageParserTests, NothingWorksWithoutAGateway)
-{
-    EXPECT_THROW(DiscoveryClientMessageParser(Sp<IDiscoveryClientDataGateway>()), std::exception);
-}
 } // namespace Zelkor::Discovery::Client

@@ -30,6 +30,11 @@ void Thread::ThreadData::Interrupt()
 
 void Thread::ThreadData::RegisterCaller()
 {
+    static std::atomic<bool> isDone = false; // spares later calls the lock
+    if (isDone)
+    {
+        return;
+    }
     RunningThreads& running = RunningThreads::Instance();
     const std::lock_guard guard(running.mutex);
     if (running.records.empty())
@@ -40,6 +45,7 @@ void Thread::ThreadData::RegisterCaller()
         record->state = ThreadState::Running;
         running.records.emplace(record->id, record); // it stays: the process ends with its main thread
     }
+    isDone = true;
 }
 
 Sp<Thread::ThreadData> Thread::ThreadData::OfCaller()
