@@ -259,6 +259,7 @@ TEST(WaitHandleTests, NamesAreChecked)
     EXPECT_NO_THROW(Mutex(false, String(U'n', 128)));
     EXPECT_THROW(Mutex(false, String(U'n', 129)), ArgumentException);
     EXPECT_THROW(Mutex(false, static_cast<const String&>(null)), ArgumentNullException);
+    EXPECT_THROW(Mutex::OpenExisting(String(U'n', 129)), ArgumentException);
     EXPECT_THROW(Mutex::OpenExisting(""), ArgumentNullException);
     EXPECT_THROW(Semaphore::OpenExisting(null), ArgumentNullException);
     bool createdNew = false;

@@ -249,9 +249,14 @@ WaitObjectResult Publish(std::unique_ptr<Kind> made, const char* name, WaitObjec
 template <class Kind>
 WaitObjectResult Open(const char* name, WaitObject*& object)
 {
+    const std::string key = name;
+    if (key.size() > WaitNameLimit)
+    {
+        return WaitObjectResult::NameTooLong;
+    }
     NamedObjects& names = Names();
     const std::lock_guard guard(names.lock);
-    const WaitObjectResult result = Find<Kind>(names, name, object);
+    const WaitObjectResult result = Find<Kind>(names, key, object);
     return result == WaitObjectResult::Existing ? WaitObjectResult::Created : WaitObjectResult::Failed;
 }
 
