@@ -4,6 +4,7 @@
 #include <Core/System/Collections/Generic/SortedDictionary.h>
 
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -185,6 +186,7 @@ TEST(ListTests, ChecksItsArguments)
     EXPECT_THROW(list.IndexOf("a", 1, 0), ArgumentOutOfRangeException);
     EXPECT_THROW(list.IndexOf("a", 0, 2), ArgumentOutOfRangeException);
     EXPECT_THROW(list.IndexOf("a", 2), ArgumentOutOfRangeException);
+    EXPECT_THROW(list.IndexOf("a", std::numeric_limits<int>::min()), ArgumentOutOfRangeException);
     EXPECT_FALSE(list.Contains(null));
     EXPECT_FALSE(list.Remove(null));
 }

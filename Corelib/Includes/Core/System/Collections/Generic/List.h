@@ -99,7 +99,7 @@ public:
     /// The first match from startIndex to the end, or -1.
     virtual int IndexOf(const T& item, int startIndex) const
     {
-        return IndexOf(item, startIndex, std::max(Count() - startIndex, 0));
+        return IndexOf(item, startIndex, Count() - std::clamp(startIndex, 0, Count()));
     }
 
     int IndexOf(const T& item) const override
