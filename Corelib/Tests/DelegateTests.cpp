@@ -78,7 +78,8 @@ TEST(DelegateTests, AnEmptyListDoesNothing)
 {
     const Delegate<int, int> empty;
     Delegate<void, int> emptied(null);
-    emptied -= emptied;
+    const auto& itself = emptied;
+    emptied -= itself;
     const Delegate<void> unbound(static_cast<void (*)()>(nullptr));
 
     EXPECT_TRUE(empty == null && emptied == null && unbound == null);
@@ -101,7 +102,8 @@ TEST(DelegateTests, RemovesTheLastRunThatEquals)
     EXPECT_EQ("A1B1A1", CallsOf(actions, log));
     actions -= a;
     EXPECT_EQ("A1B1", CallsOf(actions, log));
-    actions -= actions;
+    const auto& itself = actions;
+    actions -= itself;
     EXPECT_TRUE(actions == null);
 }
 

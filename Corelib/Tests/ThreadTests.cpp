@@ -1,6 +1,7 @@
 #include <Core/System/Threading/Thread.h>
 
 #include <Core/System/ArgumentException.h>
+#include <Core/System/ArgumentNullException.h>
 #include <Core/System/OutOfMemoryException.h>
 #include <Core/System/Threading/EventWaitHandle.h>
 #include <Core/System/Threading/ThreadStateException.h>
@@ -140,6 +141,12 @@ TEST(ThreadTests, NormalPriorityCanBeSetAtEveryMoment)
     work.mayEnd.Set();
     thread.Join();
     EXPECT_NO_THROW(thread.Priority(ThreadPriority::Normal));
+}
+
+TEST(ThreadTests, AThreadWithoutADelegateIsRefused)
+{
+    EXPECT_THROW(Thread(static_cast<const ThreadStart&>(null)), ArgumentNullException);
+    EXPECT_THROW(Thread{ParameterizedThreadStart()}, ArgumentNullException);
 }
 
 TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)

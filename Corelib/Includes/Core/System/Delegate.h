@@ -29,14 +29,12 @@ public:
     }
 
     /// Binds an object and one of its operations.
-    template <class T, class Base>
-        requires std::derived_from<T, Base>
+    template <class Base, std::derived_from<Base> T>
     Delegate(T& target, R (Base::*method)(Args...)) : records{Record::Bind(static_cast<Base*>(&target), method)}
     {
     }
 
-    template <class T, class Base>
-        requires std::derived_from<T, Base>
+    template <class Base, std::derived_from<Base> T>
     Delegate(const T& target, R (Base::*method)(Args...) const)
         : records{Record::Bind(static_cast<const Base*>(&target), method)}
     {
