@@ -135,6 +135,7 @@ TEST(NumericalFormatTests, WhatIsNoNumberHasANameUnderEveryFormat)
     EXPECT_EQ("NaN", Double(Double::NaN).ToString("d").Utf8());
     EXPECT_EQ("Infinity", Double(Double::PositiveInfinity).ToString().Utf8());
     EXPECT_EQ("-Infinity", Single(Single::NegativeInfinity).ToString("f").Utf8());
+    EXPECT_EQ("-Infinity", Double(Double::MinValue).ToString("p").Utf8()); // a hundred times it is
 }
 
 TEST(NumericalFormatTests, IntegerFormatsAreNoneForFloatingNumbers)

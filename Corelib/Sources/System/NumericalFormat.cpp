@@ -255,8 +255,7 @@ void AppendFixed(std::string& text, double value, const Pattern& pattern)
 {
     const std::size_t start = text.size();
     FloatText buffer;
-    text += FloatDigits(pattern.letter == 'p' ? value * 100 : value, std::chars_format::fixed,
-                        pattern.PrecisionOr(FractionDigits), buffer);
+    text += FloatDigits(value, std::chars_format::fixed, pattern.PrecisionOr(FractionDigits), buffer);
     if (pattern.letter == 'n')
     {
         Group(text, start);
@@ -321,12 +320,13 @@ void NumericalFormat::Append(std::string& text, std::uint64_t value, int, std::s
 
 void NumericalFormat::Append(std::string& text, double value, int digits, std::string_view format)
 {
+    const Pattern pattern(format);
+    value *= pattern.letter == 'p' ? 100 : 1; // before the test, because it may go beyond a double
     if (!std::isfinite(value))
     {
         text += std::isnan(value) ? "NaN" : value < 0 ? "-Infinity" : "Infinity";
         return;
     }
-    const Pattern pattern(format);
     switch (pattern.letter)
     {
     case 'g':
