@@ -4,6 +4,7 @@
 #include <Core/System/Array.h>
 #include <Core/System/Byte.h>
 #include <Core/System/Exception.h>
+#include <Core/System/IO/Path.h>
 #include <Core/System/Net/IPAddress.h>
 #include <Core/System/NotSupportedException.h>
 #include <Discovery/Gateway/Platform/Adapters.h>
@@ -15,7 +16,6 @@
 #include <Discovery/Protocol/DiscoveryLogger.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -28,6 +28,7 @@ using Tesmo::System::Exception;
 using Tesmo::System::NotSupportedException;
 using Tesmo::System::String;
 using Tesmo::System::Collections::Generic::List;
+using Tesmo::System::IO::Path;
 using Tesmo::System::LogStreams::LogStreamChannel;
 using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
@@ -87,21 +88,17 @@ Sp<NICConfig> MakeNICConfig(const Platform::Adapter& adapter, const MACAddress& 
     config->MTU = "Unknown";
     return config;
 }
-
-String ToText(const std::filesystem::path& path)
-{
-    const std::u8string utf8 = path.u8string();
-    return String(std::string(utf8.begin(), utf8.end()));
-}
 } // namespace
 
 DiscoveryClientDataGatewayW32::DiscoveryClientDataGatewayW32() : channel("ClientDataGateway")
 {
-    const std::string root = Platform::ProgramRoot();
-    const std::filesystem::path folder =
-        std::filesystem::path(std::u8string(root.begin(), root.end())) / "Zelkor" / "Common" / "Discovery";
-    productIDsFolder = ToText(folder / "ProductIDs");
-    fileTransferInfosFile = ToText(folder / "FileTransferInfos.json");
+    String folder(Platform::ProgramRoot());
+    for (const char* const name : {"Zelkor", "Common", "Discovery"})
+    {
+        folder = Path::Combine(folder, name);
+    }
+    productIDsFolder = Path::Combine(folder, "ProductIDs");
+    fileTransferInfosFile = Path::Combine(folder, "FileTransferInfos.json");
 }
 
 Sp<List<MACAddress>> DiscoveryClientDataGatewayW32::GetMACAddress()
