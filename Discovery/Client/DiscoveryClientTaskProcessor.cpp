@@ -79,7 +79,7 @@ bool IsValid(const NICConfig& config)
     const std::uint32_t address = NumberOf(config.IPAddress);
     const std::uint32_t firstByte = address >> 24;
     const std::uint32_t mask = NumberOf(config.SubNetMask) & 0x7FFFFFFF; // bit 31 is not looked at
-    const std::uint32_t lowestUpward = mask == 0 ? 0 : 0x7FFFFFFF >> std::countr_zero(mask) << std::countr_zero(mask);
+    const std::uint32_t lowestUpward = mask == 0 ? 0 : 0x7FFFFFFFU >> std::countr_zero(mask) << std::countr_zero(mask);
     return firstByte != 0 && firstByte != 127 && address != 0xFFFFFFFF && mask == lowestUpward;
 }
 

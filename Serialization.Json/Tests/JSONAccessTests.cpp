@@ -187,7 +187,8 @@ TEST(JSONAccessTests, CopiesShareNothing)
     const JSONObject copy(source);
     JSONObject assigned;
     assigned = source;
-    assigned = assigned;
+    const auto& itself = assigned;
+    assigned = itself;
     bool taken = false;
     source.Take("t", taken);
     EXPECT_EQ(Sample().ToString(), copy.ToString());

@@ -194,7 +194,8 @@ TEST(HostRecordTests, CopiesOfAHostShareNothing)
     const Sp<DiscoveryHost> clone = host.Clone();
     DiscoveryHost assigned;
     assigned = host;
-    assigned = assigned;
+    const auto& itself = assigned;
+    assigned = itself;
 
     host.HostName = "OTHER";
     host.NICs->operator[](0)->FriendlyName = "other";

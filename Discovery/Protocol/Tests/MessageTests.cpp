@@ -42,7 +42,9 @@ TEST(MessageTests, EveryMessageIsReadBackThroughAZeroedReceiveBuffer)
         buffer.resize(size);
         const Sp<DiscoveryMessage> read(DiscoveryMessageDeserializer().Deserialize(
             String::FromLatin1(reinterpret_cast<const unsigned char*>(buffer.data()), size)));
-        EXPECT_EQ(typeid(*sample.message), typeid(*read));
+        const DiscoveryMessage& expected = *sample.message;
+        const DiscoveryMessage& message = *read;
+        EXPECT_EQ(typeid(expected), typeid(message));
         EXPECT_EQ(sample.message->GetMessageType(), read->GetMessageType());
         EXPECT_EQ(sample.text, read->ToJSON().Utf8());
     }
