@@ -1,12 +1,6 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/Char.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/FormatProvider.h>
-#include <Core/System/Int32.h>
-#include <Core/System/OverflowException.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/FormatProvider.h>
 
 #include <cctype>
 

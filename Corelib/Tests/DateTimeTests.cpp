@@ -1,8 +1,6 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/DateTime.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/DateTime.h>
 
 #include <ctime>
 

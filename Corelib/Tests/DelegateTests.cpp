@@ -1,10 +1,7 @@
+#include "CoreTest.h"
+
 #include <Core/System/Delegate.h>
 #include <Core/System/EventHandler.h>
-#include <Core/System/String.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,15 +1,8 @@
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/NotSupportedException.h>
+#include "CoreTest.h"
+
 #include <Core/System/Text/CodePage437Encoding.h>
 #include <Core/System/Text/UTF8Encoding.h>
 #include <Core/System/Text/UnicodeEncoding.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -42,32 +35,20 @@ std::string Decoded(int codePage, const std::string& bytes)
 
 TEST(EncodingTests, TheFamilyIsChosenByNumberAndName)
 {
-    struct Row
+    using Row = std::tuple<int, const char*, std::string, bool>;
+    for (const auto& [codePage, webName, preamble, isSingleByte] :
+         {Row{437, "IBM437", "", true}, Row{1200, "utf-16", "\xFF\xFE", false},
+          Row{1201, "unicodeFFFE", "\xFE\xFF", false}, Row{12000, "utf-32", std::string("\xFF\xFE\0\0", 4), false},
+          Row{12001, "utf-32BE", std::string("\0\0\xFE\xFF", 4), false}, Row{20127, "us-ascii", "", true},
+          Row{28591, "iso-8859-1", "", true}, Row{28592, "iso-8859-2", "", true},
+          Row{65001, "utf-8", "\xEF\xBB\xBF", false}})
     {
-        int codePage;
-        const char* webName;
-        std::string preamble;
-        bool isSingleByte;
-    };
-    const Row rows[] = {
-        {437, "IBM437", "", true},
-        {1200, "utf-16", "\xFF\xFE", false},
-        {1201, "unicodeFFFE", "\xFE\xFF", false},
-        {12000, "utf-32", std::string("\xFF\xFE\0\0", 4), false},
-        {12001, "utf-32BE", std::string("\0\0\xFE\xFF", 4), false},
-        {20127, "us-ascii", "", true},
-        {28591, "iso-8859-1", "", true},
-        {28592, "iso-8859-2", "", true},
-        {65001, "utf-8", "\xEF\xBB\xBF", false},
-    };
-    for (const Row& row : rows)
-    {
-        const Up<Encoding> encoding = Encoding::GetEncoding(row.webName);
-        EXPECT_EQ(row.codePage, encoding->CodePage());
-        EXPECT_EQ(row.webName, encoding->ToString().Utf8());
-        EXPECT_EQ(row.preamble, Content(encoding->GetPreamble()));
-        EXPECT_EQ(row.isSingleByte, encoding->IsSingleByte());
-        EXPECT_TRUE(encoding->Equals(*Encoding::GetEncoding(row.codePage)));
+        const Up<Encoding> encoding = Encoding::GetEncoding(webName);
+        EXPECT_EQ(codePage, encoding->CodePage());
+        EXPECT_EQ(webName, encoding->ToString().Utf8());
+        EXPECT_EQ(preamble, Content(encoding->GetPreamble()));
+        EXPECT_EQ(isSingleByte, encoding->IsSingleByte());
+        EXPECT_TRUE(encoding->Equals(*Encoding::GetEncoding(codePage)));
     }
     EXPECT_EQ(1201, Encoding::BigEndianUnicode()->CodePage());
     EXPECT_THROW(Encoding::GetEncoding("UTF-8"), NotSupportedException); // names are compared with case
@@ -77,12 +58,7 @@ TEST(EncodingTests, TheFamilyIsChosenByNumberAndName)
 
 TEST(EncodingTests, CharactersHaveTheirPublishedBytes)
 {
-    struct Row
-    {
-        int codePage;
-        std::uint32_t codePoint;
-        std::string bytes;
-    };
+    using Row = std::tuple<int, std::uint32_t, std::string>;
     const Row rows[] = {
         {20127, 'A', "A"},
         {20127, 233, "?"},
@@ -106,12 +82,12 @@ TEST(EncodingTests, CharactersHaveTheirPublishedBytes)
         {12000, 0x1F600, std::string("\x00\xF6\x01\x00", 4)},
         {12001, 0x1F600, std::string("\x00\x01\xF6\x00", 4)},
     };
-    for (const Row& row : rows)
+    for (const auto& [codePage, codePoint, bytes] : rows)
     {
-        SCOPED_TRACE(std::to_string(row.codePage) + " " + std::to_string(row.codePoint));
-        const Up<Encoding> encoding = Encoding::GetEncoding(row.codePage);
-        EXPECT_EQ(row.bytes, Encoded(row.codePage, char32(row.codePoint)));
-        EXPECT_EQ(static_cast<int>(row.bytes.size()), encoding->GetByteCount(char32(row.codePoint)));
+        SCOPED_TRACE(std::to_string(codePage) + " " + std::to_string(codePoint));
+        const Up<Encoding> encoding = Encoding::GetEncoding(codePage);
+        EXPECT_EQ(bytes, Encoded(codePage, char32(codePoint)));
+        EXPECT_EQ(static_cast<int>(bytes.size()), encoding->GetByteCount(char32(codePoint)));
     }
 }
 
@@ -207,13 +183,6 @@ TEST(EncodingTests, AssignmentTakesTheFlagsOfTheSameClass)
     EXPECT_EQ(0, utf16.GetPreamble().Length());
     EXPECT_EQ(std::string("\0a", 2), Content(utf16.GetBytes("a")));
     EXPECT_THROW(static_cast<Encoding&>(utf16) = plain, ArgumentException);
-}
-
-TEST(EncodingTests, WorkersNameThemselves)
-{
-    EXPECT_EQ("UnicodeDecoder Big Endian", Encoding::BigEndianUnicode()->CreateDecoder()->ToString().Utf8());
-    EXPECT_EQ("UTF32Encoder", Encoding::UTF32()->CreateEncoder()->ToString().Utf8());
-    EXPECT_EQ("ASCIIEncoder", Encoding::ASCII()->CreateEncoder()->ToString().Utf8());
 }
 
 TEST(EncodingTests, NativeTextIsCodePage437)

@@ -1,9 +1,7 @@
-#include <Core/System/ArgumentNullException.h>
+#include "CoreTest.h"
+
 #include <Core/System/BoxEnum.h>
 #include <Core/System/FlagsEnum.h>
-#include <Core/System/Type.h>
-
-#include <gtest/gtest.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -130,19 +128,15 @@ TEST(EnumTests, NamesAndNumbersParse)
 
 TEST(EnumTests, FlagsParseAsListOfNames)
 {
-    struct Row
-    {
-        const char* text;
-        bool outcome;
-        int value;
-    };
-    for (const Row& row : {Row{"Unstarted, WaitSleepJoin", true, 40}, Row{" Stopped ", true, 16}, Row{"40", true, 40},
-                           Row{"Stopped,Nothing,Background", false, 20}, Row{"Stopped,8", false, 16},
-                           Row{"stopped", false, 0}, Row{"", false, 0}})
+    using Row = std::tuple<const char*, bool, int>;
+    for (const auto& [text, outcome, value] :
+         {Row{"Unstarted, WaitSleepJoin", true, 40}, Row{" Stopped ", true, 16}, Row{"40", true, 40},
+          Row{"Stopped,Nothing,Background", false, 20}, Row{"Stopped,8", false, 16}, Row{"stopped", false, 0},
+          Row{"", false, 0}})
     {
         State state(63);
-        EXPECT_EQ(row.outcome, state.TryParse(row.text, false, state)) << row.text;
-        EXPECT_EQ(row.value, state.Value()) << row.text;
+        EXPECT_EQ(outcome, state.TryParse(text, false, state)) << text;
+        EXPECT_EQ(value, state.Value()) << text;
     }
 }
 

@@ -1,31 +1,14 @@
-#include <Core/System/ApplicationException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
+#include "CoreTest.h"
+
 #include <Core/System/BadImageFormatException.h>
 #include <Core/System/DivideByZeroException.h>
 #include <Core/System/EntryPointNotFoundException.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/IO/DirectoryNotFoundException.h>
-#include <Core/System/IO/FileNotFoundException.h>
-#include <Core/System/IndexOutOfRangeException.h>
-#include <Core/System/InvalidCastException.h>
 #include <Core/System/NotImplementedException.h>
-#include <Core/System/NotSupportedException.h>
-#include <Core/System/NullReferenceException.h>
-#include <Core/System/ObjectClosedException.h>
 #include <Core/System/ObjectDisposedException.h>
-#include <Core/System/OutOfMemoryException.h>
-#include <Core/System/OverflowException.h>
 #include <Core/System/Runtime/Serialization/SerializationException.h>
 #include <Core/System/Security/SecurityException.h>
-#include <Core/System/Threading/AbandonedMutexException.h>
-#include <Core/System/Threading/SemaphoreFullException.h>
 #include <Core/System/Threading/ThreadAbortException.h>
 #include <Core/System/Threading/ThreadInterruptedException.h>
-#include <Core/System/Threading/ThreadStateException.h>
-#include <Core/System/Type.h>
-
-#include <gtest/gtest.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -107,24 +90,18 @@ TEST(ExceptionTests, EachConstructorSetsMessagePlaceAndInner)
 {
     const std::string library = "Corelib/Sources/System/Exception.cpp";
     const Exception inner("inner", "i.cpp", 1);
-    struct Row
-    {
-        Exception exception;
-        std::string file;
-        int line;
-        bool hasInner;
-    };
-    for (const Row& row :
+    using Row = std::tuple<Exception, std::string, int, bool>;
+    for (const auto& [exception, file, line, hasInner] :
          {Row{Exception(), library, 10, false}, Row{Exception("m"), library, 31, false},
           Row{Exception("m", "f.cpp", 5), "f.cpp", 5, false}, Row{Exception("m", inner, "f.cpp", 6), "f.cpp", 6, true},
           Row{Exception("m", null, "f.cpp", 6), "f.cpp", 6, false}})
     {
-        SCOPED_TRACE(row.line);
-        EXPECT_EQ(row.exception.File().Utf8(), row.file);
-        EXPECT_EQ(row.exception.Line(), row.line);
-        EXPECT_EQ(&row.exception.InnerException() == &inner, row.hasInner);
-        EXPECT_EQ(IsNull(row.exception.InnerException()), !row.hasInner);
-        EXPECT_EQ(row.exception.ErrorCode(), 0);
+        SCOPED_TRACE(line);
+        EXPECT_EQ(exception.File().Utf8(), file);
+        EXPECT_EQ(exception.Line(), line);
+        EXPECT_EQ(&exception.InnerException() == &inner, hasInner);
+        EXPECT_EQ(IsNull(exception.InnerException()), !hasInner);
+        EXPECT_EQ(exception.ErrorCode(), 0);
     }
     EXPECT_EQ(FormatException("m").Message().Utf8(), "m");
     EXPECT_EQ(FormatException().Message().Utf8(), "One of identified items is an invalid format.");

@@ -1,19 +1,8 @@
+#include "CoreTest.h"
 #include "TemporaryFolder.h"
 
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/Array.h>
-#include <Core/System/IO/DirectoryNotFoundException.h>
-#include <Core/System/IO/FileNotFoundException.h>
 #include <Core/System/IO/FileStream.h>
 #include <Core/System/IO/Path.h>
-#include <Core/System/NotSupportedException.h>
-#include <Core/System/ObjectClosedException.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -60,14 +49,9 @@ Array<unsigned char> Bytes(const std::string& text)
 
 TEST(FileStreamTests, ModeAndAccessDecideWhatOpeningDoes)
 {
-    struct Row
-    {
-        FileMode mode;
-        int access;
-        const char* onNone; ///< outcome where there is no file
-        const char* onAbc;  ///< where there is one that holds "abc"
-    };
-    for (const Row& row :
+    // The outcomes where there is no file, and where there is one that holds "abc".
+    using Row = std::tuple<FileMode, int, const char*, const char*>;
+    for (const auto& [mode, access, onNone, onAbc] :
          {Row{FileMode::CreateNew, R, "argument", "argument"}, Row{FileMode::CreateNew, W, "X", "I/O"},
           Row{FileMode::CreateNew, RW, "X", "I/O"}, Row{FileMode::Create, R, "argument", "argument"},
           Row{FileMode::Create, W, "X", "X"}, Row{FileMode::Create, RW, "X", "Xbc"},
@@ -78,11 +62,11 @@ TEST(FileStreamTests, ModeAndAccessDecideWhatOpeningDoes)
           Row{FileMode::Truncate, RW, "missing", "Xbc"}, Row{FileMode::Append, R, "argument", "argument"},
           Row{FileMode::Append, W, "X", "abcX"}, Row{FileMode::Append, RW, "argument", "argument"}})
     {
-        SCOPED_TRACE(row.mode.ToString().Utf8() + " " + std::to_string(row.access));
+        SCOPED_TRACE(mode.ToString().Utf8() + " " + std::to_string(access));
         const TemporaryFolder folder;
-        EXPECT_EQ(row.onNone, OutcomeOf(folder, row.mode, row.access));
+        EXPECT_EQ(onNone, OutcomeOf(folder, mode, access));
         folder.Write("f.txt", "abc");
-        EXPECT_EQ(row.onAbc, OutcomeOf(folder, row.mode, row.access));
+        EXPECT_EQ(onAbc, OutcomeOf(folder, mode, access));
     }
 }
 

@@ -1,19 +1,14 @@
+#include "CoreTest.h"
 #include "TemporaryFolder.h"
 
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
 #include <Core/System/IO/Directory.h>
 #include <Core/System/IO/DirectoryInfo.h>
 #include <Core/System/IO/File.h>
 #include <Core/System/IO/FileInfo.h>
-#include <Core/System/IO/FileNotFoundException.h>
 #include <Core/System/IO/Path.h>
 #include <Core/System/Security/SecurityException.h>
 
-#include <gtest/gtest.h>
-
 #include <set>
-#include <string>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,13 +1,7 @@
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/OverflowException.h>
+#include "CoreTest.h"
 
 #include <Core/System/Net/IPAddress.h>
 #include <Core/System/Net/Sockets/SocketException.h>
-
-#include <gtest/gtest.h>
 
 namespace Tesmo::System::Net
 {
@@ -24,21 +18,17 @@ IPAddress MakeIPv6(std::uint8_t seventhGroup, std::uint8_t last, std::int64_t sc
 
 TEST(IPAddressTests, ReadsAndPrintsTheTextForms)
 {
-    struct Row
-    {
-        const char* text;
-        const char* printed;
-    };
-    for (const Row& row :
+    using Row = std::tuple<const char*, const char*>;
+    for (const auto& [text, printed] :
          {Row{"10.0.0.1", "10.0.0.1"}, Row{"[10.0.0.1]", "10.0.0.1"}, Row{"255.255.255.255", "255.255.255.255"},
           Row{"010.001.0.08", "10.1.0.8"}, Row{"0:0:0:0:0:0:0:1", "0:0:0:0:0:0:0:1"},
           Row{"[0:0:0:0:0:0:10:65535%7]", "0:0:0:0:0:0:a:ffff%7"}, Row{"0:0:0:0:0:0:0:1%0", "0:0:0:0:0:0:0:1"}})
     {
-        SCOPED_TRACE(row.text);
+        SCOPED_TRACE(text);
         IPAddress parsed;
-        EXPECT_TRUE(IPAddress::TryParse(row.text, parsed));
-        EXPECT_EQ(row.printed, parsed.ToString().Utf8());
-        EXPECT_TRUE(IPAddress::Parse(row.text).Equals(parsed));
+        EXPECT_TRUE(IPAddress::TryParse(text, parsed));
+        EXPECT_EQ(printed, parsed.ToString().Utf8());
+        EXPECT_TRUE(IPAddress::Parse(text).Equals(parsed));
     }
     EXPECT_EQ("255.255.255.255", IPAddress().ToString().Utf8());
     EXPECT_EQ("0.0.0.0", IPAddress::Any.ToString().Utf8());

@@ -1,16 +1,9 @@
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/InvalidOperationException.h>
-#include <Core/System/NotSupportedException.h>
+#include "CoreTest.h"
 
 #include <Core/System/Net/Dns.h>
 #include <Core/System/Net/IPEndPoint.h>
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <vector>
 
 namespace Tesmo::System::Net
 {
@@ -34,28 +27,24 @@ TEST(IPEndPointTests, PrintsComparesAndChecksItsPort)
 
 TEST(IPEndPointTests, SerializesToTheRawFormAndBack)
 {
-    struct Row
-    {
-        const char* address;
-        int size;
-        std::vector<std::pair<int, int>> bytes; ///< offset and value of those that are not 0
-    };
+    // Offset and value of the bytes that are not 0.
+    using Row = std::tuple<const char*, int, std::vector<std::pair<int, int>>>;
     const Row rows[] = {
         {"10.0.2.1", 16, {{0, 2}, {2, 0x2E}, {3, 0xE1}, {4, 10}, {6, 2}, {7, 1}}},
         {"0:258:0:0:0:0:0:1%772", 28, {{0, 23}, {2, 0x2E}, {3, 0xE1}, {10, 1}, {11, 2}, {23, 1}, {24, 4}, {25, 3}}},
     };
-    for (const Row& row : rows)
+    for (const auto& [address, size, bytes] : rows)
     {
-        SCOPED_TRACE(row.address);
-        const IPEndPoint endPoint(IPAddress::Parse(row.address), 12001);
-        std::vector<unsigned char> expected(static_cast<std::size_t>(row.size));
-        for (const auto& [offset, value] : row.bytes)
+        SCOPED_TRACE(address);
+        const IPEndPoint endPoint(IPAddress::Parse(address), 12001);
+        std::vector<unsigned char> expected(static_cast<std::size_t>(size));
+        for (const auto& [offset, value] : bytes)
         {
             expected[static_cast<std::size_t>(offset)] = static_cast<unsigned char>(value);
         }
 
         const SocketAddress raw = endPoint.Serialize();
-        EXPECT_TRUE(raw.Equals(SocketAddress(expected.data(), row.size)));
+        EXPECT_TRUE(raw.Equals(SocketAddress(expected.data(), size)));
         const Up<EndPoint> back = IPEndPoint(IPAddress::Any, 0).Create(raw);
         EXPECT_TRUE(back->Equals(endPoint)) << back->ToString().Utf8();
     }

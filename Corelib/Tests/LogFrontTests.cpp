@@ -1,13 +1,7 @@
+#include "CoreTest.h"
+
 #include <Core/LogStream/ILogStream.h>
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
 #include <Core/System/DateTime.h>
-#include <Core/System/InvalidOperationException.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,12 +1,11 @@
+#include "CoreTest.h"
 #include "TemporaryFolder.h"
 
 #include <Core/LogStream/LogStream.h>
-#include <Core/System/IO/IOException.h>
-
-#include <gtest/gtest.h>
+#include <Core/System/IO/Directory.h>
 
 #include <filesystem>
-#include <string>
+#include <functional>
 #include <thread>
 
 #include <sched.h>
@@ -17,17 +16,43 @@ using namespace Tesmo::System::LogStreams;
 
 namespace
 {
-/// A disk of 64 KiB on the folder, for the calling thread alone and as long as it lives.
-bool MountSmallDisk(const TemporaryFolder& folder)
+const LogStreamChannel channel("c");
+
+/// A folder on a disk of its own of 64 KiB, which is there for the body of the test alone.
+class LogStreamLinuxTests : public testing::Test
 {
-    return unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-           mount("tmpfs", folder.Path().Utf8().c_str(), "tmpfs", 0, "size=64k") == 0;
-}
+protected:
+    void OnDisk(unsigned long flags, const std::string& options, const std::function<void()>& body)
+    {
+        bool mounted = false;
+        std::thread guest(
+            [&]
+            {
+                mounted = unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                          mount("tmpfs", folder.Path().Utf8().c_str(), "tmpfs", flags, options.c_str()) == 0;
+                if (mounted)
+                {
+                    body();
+                }
+            });
+        guest.join();
+        if (!mounted)
+        {
+            GTEST_SKIP() << "the system allows no mount namespace";
+        }
+    }
+
+    void MakeRoom() const
+    {
+        std::filesystem::remove(folder.Path("ballast").Utf8());
+    }
+
+    TemporaryFolder folder;
+};
 
 /// Rows until one fails.
 int RowsUntilFailure(LogStream& log)
 {
-    const LogStreamChannel channel("c");
     for (int rows = 0; rows < 10000; ++rows)
     {
         try
@@ -41,30 +66,97 @@ int RowsUntilFailure(LogStream& log)
     }
     return -1;
 }
+
+int Count(const std::string& text, const std::string& part)
+{
+    int count = 0;
+    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1))
+    {
+        ++count;
+    }
+    return count;
+}
+
+void ExpectNamed(const std::string& place, const std::function<void()>& action)
+{
+    try
+    {
+        action();
+        ADD_FAILURE() << "nothing was thrown for " << place;
+    }
+    catch (const IO::IOException& failure)
+    {
+        EXPECT_EQ("I/O error occured. " + place + ": Read-only file system", failure.Message().Utf8());
+    }
+}
 } // namespace
 
-TEST(LogStreamLinuxTests, AFullDiskReachesTheCodeThatLogsAndRowsGoOnWhenThereIsRoom)
+TEST_F(LogStreamLinuxTests, AFullDiskReachesTheCodeThatLogsAndRowsGoOnWhenThereIsRoom)
 {
-    const TemporaryFolder folder;
-    bool mounted = false;
-    std::thread guest(
-        [&]
-        {
-            mounted = MountSmallDisk(folder);
-            if (!mounted)
-            {
-                return;
-            }
-            folder.Write("ballast", std::string(30000, 'x'));
-            LogStream log(folder.Path("c.log"));
-            EXPECT_GT(RowsUntilFailure(log), 100);
-            EXPECT_EQ(0, RowsUntilFailure(log)); // every further one fails too
-            std::filesystem::remove(folder.Path("ballast").Utf8());
-            EXPECT_GT(RowsUntilFailure(log), 100); // nothing has to be opened again
-        });
-    guest.join();
-    if (!mounted)
-    {
-        GTEST_SKIP() << "the system allows no mount namespace";
-    }
+    OnDisk(0, "size=64k",
+           [this]
+           {
+               folder.Write("ballast", std::string(30000, 'x'));
+               LogStream log(folder.Path("c.log"));
+               const int before = RowsUntilFailure(log);
+               EXPECT_EQ(0, RowsUntilFailure(log)); // every further one fails too
+               MakeRoom();
+               const int after = RowsUntilFailure(log); // nothing has to be opened again
+               EXPECT_GT(before, 100);
+               EXPECT_GT(after, 100);
+               EXPECT_EQ(before + after, Count(folder.Read("c.log"), "|a row that takes its place on the disk|\r\n"));
+           });
+}
+
+TEST_F(LogStreamLinuxTests, ASplitWithoutRoomForTheHeaderReachesTheCallerAndTheNewFileGoesOn)
+{
+    OnDisk(0, "size=64k",
+           [this]
+           {
+               LogStream log(folder.Path("c.log")); // the rest of its page has room for some rows
+               folder.Write("ballast", std::string(65536, 'x'));
+               log.BackupCount(3);
+               log.MaxFileSize(0);
+               EXPECT_THROW(log.Write(channel, "splits"), ArgumentException);
+               EXPECT_TRUE(folder.Read("c.bak").ends_with("|splits|\r\n"));
+               EXPECT_THROW(log.Write(channel, "lost"), IO::IOException);
+               MakeRoom();
+               log.MaxFileSize(0x500000);
+               log.Write(channel, "goes on");
+               EXPECT_TRUE(folder.Read("c.log").ends_with("|goes on|\r\n"));
+               log.MaxFileSize(0);
+               log.Write(channel, "splits again");
+               EXPECT_TRUE(folder.Read("c.bak1").ends_with("|splits|\r\n"));
+               EXPECT_TRUE(folder.Read("c.bak").ends_with("|splits again|\r\n"));
+               EXPECT_TRUE(folder.Read("c.log").starts_with("/---"));
+           });
+}
+
+TEST_F(LogStreamLinuxTests, ASplitWithoutRoomForTheNewFileIsSilentAndEndsTheLog)
+{
+    OnDisk(0, "nr_inodes=3", // the folder, the log and the ballast
+           [this]
+           {
+               LogStream log(folder.Path("c.log"));
+               folder.Write("ballast", "x");
+               log.BackupCount(1);
+               log.MaxFileSize(0);
+               EXPECT_NO_THROW(log.Write(channel, "splits"));
+               EXPECT_TRUE(folder.Read("c.bak").ends_with("|splits|\r\n"));
+               EXPECT_THROW(log.Write(channel, "next"), ObjectClosedException);
+               MakeRoom();
+               EXPECT_THROW(log.Write(channel, "next"), ObjectClosedException);
+               LogStream(folder.Path("c.log")).Write(channel, "opened anew");
+               EXPECT_TRUE(folder.Read("c.log").ends_with("|opened anew|\r\n"));
+           });
+}
+
+TEST_F(LogStreamLinuxTests, AReadOnlyDiskIsNamed)
+{
+    OnDisk(MS_RDONLY, "",
+           [this]
+           {
+               ExpectNamed(folder.Path("c.log").Utf8(), [this] { LogStream log(folder.Path("c.log")); });
+               ExpectNamed(folder.Path("sub").Utf8(), [this] { IO::Directory::CreateDirectory(folder.Path("sub")); });
+           });
 }

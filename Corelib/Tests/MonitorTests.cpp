@@ -1,13 +1,11 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/InvalidOperationException.h>
+#include "CoreTest.h"
+
 #include <Core/System/Threading/Lock.h>
 #include <Core/System/Threading/Monitor.h>
 #include <Core/System/TimeSpan.h>
-#include <gtest/gtest.h>
 
 #include <future>
 #include <thread>
-#include <vector>
 
 using Tesmo::null;
 using namespace Tesmo::System;

@@ -6,6 +6,7 @@
 #include <future>
 #include <memory>
 #include <thread>
+#include <tuple>
 
 namespace Tesmo::Platform
 {
@@ -140,22 +141,18 @@ TEST(NativeSocketsTests, ADatagramLongerThanTheBufferIsLostAndSaysSo)
 
 TEST(NativeSocketsTests, OptionsKeepTheirWindowsNumbersAndValues)
 {
-    struct Row
-    {
-        int name; // winsock2.h: SO_REUSEADDR, SO_BROADCAST, SO_RCVBUF, SO_RCVTIMEO
-        int value;
-        int readBack;
-    };
+    // winsock2.h: SO_REUSEADDR, SO_BROADCAST, SO_RCVBUF, SO_RCVTIMEO
+    using Row = std::tuple<int, int, int>;
     NativeTestSocket one;
-    for (const Row& row :
+    for (const auto& [name, written, readBack] :
          {Row{4, -1, 1}, Row{32, -1, 1}, Row{32, 0, 0}, Row{4098, 65536, 65536}, Row{4102, 1500, 1500}})
     {
-        SCOPED_TRACE(row.name);
-        ASSERT_EQ(0, one.SetOption(row.name, row.value));
+        SCOPED_TRACE(name);
+        ASSERT_EQ(0, one.SetOption(name, written));
         int value = -2;
         int size = sizeof(value);
-        ASSERT_EQ(0, GetSocketOption(*one.socket, 65535, row.name, &value, size));
-        EXPECT_EQ(row.readBack, value);
+        ASSERT_EQ(0, GetSocketOption(*one.socket, 65535, name, &value, size));
+        EXPECT_EQ(readBack, value);
     }
     EXPECT_EQ(SocketProtocolOption, one.SetOption(12345, 1));
 }

@@ -1,17 +1,6 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/Byte.h>
-#include <Core/System/Double.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/Int16.h>
-#include <Core/System/Int32.h>
-#include <Core/System/Int64.h>
-#include <Core/System/NumericalFormat.h>
-#include <Core/System/SByte.h>
-#include <Core/System/Single.h>
-#include <Core/System/UInt32.h>
-#include <Core/System/UInt64.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/NumericalFormat.h>
 
 #include <limits>
 
@@ -20,22 +9,18 @@ using namespace Tesmo::System;
 
 TEST(NumericalFormatTests, FormatsAreTakenApart)
 {
-    struct Row
+    using Row = std::tuple<const char*, char, int>;
+    for (const auto& [format, wantedLetter, wantedPrecision] :
+         {Row{"", 'G', 0}, Row{"D4", 'd', 4}, Row{"P", 'p', 0}, Row{"B8", 'b', 8}, Row{"N2", 'n', 2}, Row{"F0", 'f', 0},
+          Row{"g", 'g', 0}, Row{"G7", 'G', 7}, Row{"x2", 'x', 2}, Row{"X", 'X', 0}, Row{"Z9", 0, 0}, Row{"d4x", 0, 0},
+          Row{"d-4", 0, 0}, Row{"d99999999999", 0, 0}})
     {
-        const char* format;
-        char letter;
-        int precision;
-    };
-    for (const Row& row : {Row{"", 'G', 0}, Row{"D4", 'd', 4}, Row{"P", 'p', 0}, Row{"B8", 'b', 8}, Row{"N2", 'n', 2},
-                           Row{"F0", 'f', 0}, Row{"g", 'g', 0}, Row{"G7", 'G', 7}, Row{"x2", 'x', 2}, Row{"X", 'X', 0},
-                           Row{"Z9", 0, 0}, Row{"d4x", 0, 0}, Row{"d-4", 0, 0}, Row{"d99999999999", 0, 0}})
-    {
-        SCOPED_TRACE(row.format);
+        SCOPED_TRACE(format);
         char32 letter;
         int precision = -1;
-        NumericalFormat::ParseFormat(row.format, letter, precision);
-        EXPECT_EQ(char32(row.letter), letter);
-        EXPECT_EQ(row.precision, precision);
+        NumericalFormat::ParseFormat(format, letter, precision);
+        EXPECT_EQ(char32(wantedLetter), letter);
+        EXPECT_EQ(wantedPrecision, precision);
     }
     char32 letter;
     int precision = 0;
@@ -45,13 +30,8 @@ TEST(NumericalFormatTests, FormatsAreTakenApart)
 
 TEST(NumericalFormatTests, IntegersPrintByTheirFormat)
 {
-    struct Row
-    {
-        int value;
-        const char* format;
-        const char* text;
-    };
-    for (const Row& row : {
+    using Row = std::tuple<int, const char*, const char*>;
+    for (const auto& [value, format, text] : {
              Row{-5, "d2", "-05"},
              Row{-5, "d3", "-005"},
              Row{-55, "d2", "-55"},
@@ -83,7 +63,7 @@ TEST(NumericalFormatTests, IntegersPrintByTheirFormat)
              Row{1, "dd", ""},
          })
     {
-        EXPECT_EQ(row.text, Int32(row.value).ToString(row.format).Utf8()) << row.value << " by " << row.format;
+        EXPECT_EQ(text, Int32(value).ToString(format).Utf8()) << value << " by " << format;
     }
 }
 
@@ -101,29 +81,14 @@ TEST(NumericalFormatTests, WidthOfTheTypeDecidesThePattern)
 
 TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormat)
 {
-    struct Row
+    using Row = std::tuple<double, const char*, const char*>;
+    for (const auto& [value, format, text] :
+         {Row{0.1, "g", "0.1"}, Row{0.1, "g17", "0.10000000000000001"}, Row{1e15, "g", "1e+15"},
+          Row{1e-7, "G", "1E-07"}, Row{1e300, "", "1E+300"}, Row{-0.0, "g", "0"}, Row{1.005, "f", "1.00"},
+          Row{2.5, "f0", "2"}, Row{-0.001, "f", "0.00"}, Row{1234567.891, "n", "1,234,567.89"},
+          Row{-1234.5, "n0", "-1,234"}, Row{0.1234, "p", "12.34 %"}, Row{12.5, "p0", "1250 %"}})
     {
-        double value;
-        const char* format;
-        const char* text;
-    };
-    for (const Row& row : {
-             Row{0.1, "g", "0.1"},
-             Row{0.1, "g17", "0.10000000000000001"},
-             Row{1e15, "g", "1e+15"},
-             Row{1e-7, "G", "1E-07"},
-             Row{1e300, "", "1E+300"},
-             Row{-0.0, "g", "0"},
-             Row{1.005, "f", "1.00"},
-             Row{2.5, "f0", "2"},
-             Row{-0.001, "f", "0.00"},
-             Row{1234567.891, "n", "1,234,567.89"},
-             Row{-1234.5, "n0", "-1,234"},
-             Row{0.1234, "p", "12.34 %"},
-             Row{12.5, "p0", "1250 %"},
-         })
-    {
-        EXPECT_EQ(row.text, Double(row.value).ToString(row.format).Utf8()) << row.value << " by " << row.format;
+        EXPECT_EQ(text, Double(value).ToString(format).Utf8()) << value << " by " << format;
     }
     EXPECT_EQ("0.1", Single(0.1F).ToString().Utf8());
     EXPECT_EQ("3.40282346638529e+38", Double(Single::MaxValue).ToString().Utf8());

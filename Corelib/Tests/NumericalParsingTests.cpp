@@ -1,19 +1,6 @@
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/Boolean.h>
-#include <Core/System/Byte.h>
-#include <Core/System/Double.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/Int32.h>
-#include <Core/System/Int64.h>
-#include <Core/System/OverflowException.h>
-#include <Core/System/SByte.h>
-#include <Core/System/SafeMath.h>
-#include <Core/System/Single.h>
-#include <Core/System/UInt32.h>
-#include <Core/System/UInt64.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/SafeMath.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -44,32 +31,18 @@ std::string Outcome(const char* text, int base)
     }
 }
 
-struct Row
-{
-    const char* text;
-    int base;
-    const char* outcome;
-};
+using Row = std::tuple<const char*, int, const char*>;
 } // namespace
 
 TEST(NumericalParsingTests, SignedIntegers)
 {
-    for (const Row& row : {
+    for (const auto& [text, base, outcome] : {
              Row{"  -12  ", 10, "-12"},
              Row{"+7", 10, "7"},
              Row{"2147483647", 10, "2147483647"},
              Row{"2147483648", 10, "O"},
              Row{"-2147483648", 10, "-2147483648"},
              Row{"-2147483649", 10, "O"},
-             Row{"", 10, "F"},
-             Row{"   ", 10, "F"},
-             Row{"-", 10, "F"},
-             Row{"--1", 10, "F"},
-             Row{"- 1", 10, "F"},
-             Row{"1 2", 10, "F"},
-             Row{"1\t", 10, "F"},
-             Row{"0x10", 10, "F"},
-             Row{"12a", 10, "F"},
              Row{"0000000000000000000000000000000005", 10, "5"},
              Row{"99999999999999999999999999", 10, "O"},
              Row{"0xFF", 16, "255"},
@@ -91,7 +64,11 @@ TEST(NumericalParsingTests, SignedIntegers)
              Row{"w", 32, "F"},
          })
     {
-        EXPECT_EQ(row.outcome, Outcome<Int32>(row.text, row.base)) << row.text << " base " << row.base;
+        EXPECT_EQ(outcome, Outcome<Int32>(text, base)) << text << " base " << base;
+    }
+    for (const char* const text : {"", "   ", "-", "--1", "- 1", "1 2", "1\t", "0x10", "12a"})
+    {
+        EXPECT_EQ("F", Outcome<Int32>(text, 10)) << text;
     }
 }
 

@@ -1,10 +1,8 @@
-#include <Core/System/ArgumentException.h>
+#include "CoreTest.h"
+
 #include <Core/System/IO/Path.h>
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <string>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -48,14 +46,8 @@ TEST(PathTests, SomeCharactersMakeAPathInvalid)
 
 TEST(PathTests, APathIsCutBehindItsLastSeparatorAndAtItsLastDot)
 {
-    struct Row
-    {
-        std::string path;
-        std::string folders;
-        std::string name;
-        std::string extension;
-    };
-    for (const Row& row :
+    using Row = std::tuple<std::string, std::string, std::string, std::string>;
+    for (const auto& [text, folders, name, extension] :
          {Row{"", "", "", ""}, Row{"b.txt", "", "b", ".txt"}, Row{"a/", "a/", "", ""},
           Row{Root() + "a/b.txt", Root() + "a/", "b", ".txt"}, Row{Root() + "a/b", Root() + "a/", "b", ""},
           Row{Root(), Root(), "", ""},
@@ -63,32 +55,28 @@ TEST(PathTests, APathIsCutBehindItsLastSeparatorAndAtItsLastDot)
           Row{"a.b/c", "a.b/", "c", ""}, Row{"x.tar.gz", "", "x.tar", ".gz"}, Row{"a/.profile", "a/", "", ".profile"},
           Row{"a/name.", "a/", "name", "."}, Row{"\xC3\xA9/\xE2\x82\xAC.txt", "\xC3\xA9/", "\xE2\x82\xAC", ".txt"}})
     {
-        SCOPED_TRACE(row.path);
-        const String path = Native(row.path);
-        EXPECT_EQ(Native(row.folders), Path::GetDirectoryName(path));
-        EXPECT_EQ(row.name + row.extension, Path::GetFileName(path).Utf8());
-        EXPECT_EQ(row.name, Path::GetFileNameWithoutExtension(path).Utf8());
-        EXPECT_EQ(row.extension, Path::GetExtension(path).Utf8());
-        EXPECT_EQ(!row.extension.empty(), Path::HasExtension(path));
-        EXPECT_EQ(row.path.starts_with(Root()), Path::IsPathRooted(path));
+        SCOPED_TRACE(text);
+        const String path = Native(text);
+        EXPECT_EQ(Native(folders), Path::GetDirectoryName(path));
+        EXPECT_EQ(name + extension, Path::GetFileName(path).Utf8());
+        EXPECT_EQ(name, Path::GetFileNameWithoutExtension(path).Utf8());
+        EXPECT_EQ(extension, Path::GetExtension(path).Utf8());
+        EXPECT_EQ(!extension.empty(), Path::HasExtension(path));
+        EXPECT_EQ(text.starts_with(Root()), Path::IsPathRooted(path));
     }
 }
 
 TEST(PathTests, CombinePutsOneSeparatorBetween)
 {
-    struct Row
+    using Row = std::tuple<std::string, std::string, std::string>;
+    for (const auto& [a, b, combined] :
+         {Row{Root() + "a", "b", Root() + "a/b"}, Row{Root() + "a/", "b", Root() + "a/b"}, Row{"", "b", "b"},
+          Row{"a", "", "a"}, Row{"", "", ""}, Row{"a/", "", "a/"}, Row{"a", Root() + "b", Root() + "b"},
+          Row{"a", "b/c.txt", "a/b/c.txt"},
+          // What begins with a separator has a root on Linux only.
+          Row{"a/", "/b", hasDrives ? "a/b" : "/b"}, Row{"a", "/b", hasDrives ? "a//b" : "/b"}})
     {
-        std::string a;
-        std::string b;
-        std::string combined;
-    };
-    for (const Row& row : {Row{Root() + "a", "b", Root() + "a/b"}, Row{Root() + "a/", "b", Root() + "a/b"},
-                           Row{"", "b", "b"}, Row{"a", "", "a"}, Row{"", "", ""}, Row{"a/", "", "a/"},
-                           Row{"a", Root() + "b", Root() + "b"}, Row{"a", "b/c.txt", "a/b/c.txt"},
-                           // What begins with a separator has a root on Linux only.
-                           Row{"a/", "/b", hasDrives ? "a/b" : "/b"}, Row{"a", "/b", hasDrives ? "a//b" : "/b"}})
-    {
-        EXPECT_EQ(Native(row.combined), Path::Combine(Native(row.a), Native(row.b))) << row.a << " and " << row.b;
+        EXPECT_EQ(Native(combined), Path::Combine(Native(a), Native(b))) << a << " and " << b;
     }
     EXPECT_THROW(Path::Combine("a", null), ArgumentException);
 }
@@ -101,6 +89,7 @@ TEST(PathTests, AFullPathBeginsAtTheRootAndHasNoDots)
     EXPECT_EQ(Native(Root() + "a"), Path::GetFullPath(Native(Root() + "a/b/..")));
     EXPECT_EQ(Native(Root() + "a/"), Path::GetFullPath(Native(Root() + "a/b/../")));
     EXPECT_EQ(Native(Root()), Path::GetFullPath(Native(Root() + "a/../..")));
+    EXPECT_EQ(Path::Combine(here, "a"), Path::GetFullPath(String(std::string("a\0b", 3)))); // cut at a zero
     EXPECT_THROW(Path::GetFullPath(String(char32('a'), 2048)), ArgumentException);
 }
 

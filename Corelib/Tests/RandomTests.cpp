@@ -1,10 +1,6 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/Array.h>
-#include <Core/System/Int32.h>
-#include <Core/System/Random.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/Random.h>
 
 #include <algorithm>
 #include <cmath>

@@ -3,49 +3,30 @@
 #include <Core/System/Array.h>
 #include <Core/System/IO/Stream.h>
 
+#include <gmock/gmock.h>
+
 #include <string>
 
-/// Keeps what is written to it, and counts the calls.
-class RecordingStream : public Tesmo::System::IO::Stream
+/// Keeps what is written to it, and counts the calls; everything else answers with zero.
+class WriteRecorder : public Tesmo::System::IO::Stream
 {
 public:
-    bool CanRead() const override
-    {
-        return false;
-    }
-    bool CanSeek() const override
-    {
-        return false;
-    }
+    MOCK_METHOD(bool, CanRead, (), (const, override));
+    MOCK_METHOD(bool, CanSeek, (), (const, override));
+    MOCK_METHOD(void, SetLength, (std::int64_t), (override));
+    MOCK_METHOD(std::int64_t, Length, (), (override));
+    MOCK_METHOD(void, SetPosition, (std::int64_t), (override));
+    MOCK_METHOD(std::int64_t, GetPosition, (), (override));
+    MOCK_METHOD(int, Read, (Tesmo::System::Array<unsigned char>&, int, int), (override));
+    MOCK_METHOD(int, ReadByte, (), (override));
+    MOCK_METHOD(std::int64_t, Seek, (std::int64_t, Tesmo::System::IO::SeekOrigin), (override));
     bool CanWrite() const override
     {
         return true;
     }
-    void SetLength(std::int64_t) override {}
-    std::int64_t Length() override
-    {
-        return 0;
-    }
-    void SetPosition(std::int64_t) override {}
-    std::int64_t GetPosition() override
-    {
-        return 0;
-    }
     void Flush() override
     {
         ++flushes;
-    }
-    int Read(Tesmo::System::Array<unsigned char>&, int, int) override
-    {
-        return 0;
-    }
-    int ReadByte() override
-    {
-        return -1;
-    }
-    std::int64_t Seek(std::int64_t, Tesmo::System::IO::SeekOrigin) override
-    {
-        return 0;
     }
     void Write(const Tesmo::System::Array<unsigned char>& buffer, int offset, int count) override
     {
@@ -61,3 +42,5 @@ public:
     int writes = 0;
     int flushes = 0;
 };
+
+using RecordingStream = testing::NiceMock<WriteRecorder>;

@@ -1,13 +1,7 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/IndexOutOfRangeException.h>
-#include <Core/System/InvalidOperationException.h>
-#include <Core/System/NullReferenceException.h>
-#include <Core/System/ObjectClosedException.h>
+#include "CoreTest.h"
 
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/Net/Sockets/UdpClient.h>
-
-#include <gtest/gtest.h>
 
 #include <cstring>
 #include <functional>
@@ -85,19 +79,15 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     Socket& socket = *client.Client();
     IPEndPoint sender(IPAddress::Any, 0);
     Sp<EndPoint> none;
-    struct Row
+    using Row = std::tuple<int, int, int>;
+    for (const auto& [length, offset, size] :
+         {Row{0, 0, 0}, Row{Room, Room, 0}, Row{Room, -1, 1}, Row{Room, 1, Room}, Row{Room, 0, -1}})
     {
-        int length;
-        int offset;
-        int size;
-    };
-    for (const Row& row : {Row{0, 0, 0}, Row{Room, Room, 0}, Row{Room, -1, 1}, Row{Room, 1, Room}, Row{Room, 0, -1}})
-    {
-        SCOPED_TRACE(row.offset);
+        SCOPED_TRACE(offset);
         const auto buffer = Bytes();
-        EXPECT_THROW(socket.SendTo(buffer, row.length, row.offset, row.size, SocketFlags::None, Loopback()),
+        EXPECT_THROW(socket.SendTo(buffer, length, offset, size, SocketFlags::None, Loopback()),
                      IndexOutOfRangeException);
-        EXPECT_THROW(socket.ReceiveFrom(buffer, row.length, row.offset, row.size, SocketFlags::None, sender),
+        EXPECT_THROW(socket.ReceiveFrom(buffer, length, offset, size, SocketFlags::None, sender),
                      IndexOutOfRangeException);
     }
     EXPECT_THROW(socket.SendTo(null, 1, 0, 1, SocketFlags::None, Loopback()), ArgumentNullException);
@@ -205,14 +195,5 @@ TEST(SocketTests, AStreamConnectsAndIsSelected)
     LingerOption linger(false, 0);
     server->GetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, linger);
     EXPECT_TRUE(linger.Enabled() && linger.LingerTime() == 3);
-}
-
-TEST(SocketTests, EnumerationsPrintTheirNames)
-{
-    EXPECT_EQ("MessageSize", SocketError(10040).ToString().Utf8());
-    EXPECT_EQ("10099", SocketError(10099).ToString().Utf8());
-    EXPECT_EQ("Peek, OutOfBand", SocketFlags(3).ToString().Utf8());
-    EXPECT_EQ("ReuseAddress", SocketOptionName(SocketOptionName::ReuseAddress).ToString().Utf8());
-    EXPECT_EQ("InterNetwork", AddressFamily(2).ToString().Utf8());
 }
 } // namespace Tesmo::System::Net::Sockets

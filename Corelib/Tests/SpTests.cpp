@@ -1,15 +1,12 @@
+#include "CoreTest.h"
+
 #include <Core/System/Ref.h>
 #include <Core/System/Sp.h>
-#include <Core/System/String.h>
-#include <Core/System/Type.h>
 #include <Core/System/Up.h>
-
-#include <gtest/gtest.h>
 
 #include <future>
 #include <thread>
 #include <typeinfo>
-#include <vector>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

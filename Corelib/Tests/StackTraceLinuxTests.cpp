@@ -1,11 +1,10 @@
 // What a stack looks like where symbols are at hand: every build on Linux has them.
 
-#include <Core/System/ArgumentNullException.h>
+#include "CoreTest.h"
+
 #include <Core/System/Delegate.h>
 #include <Core/System/Diagnostics/StackTrace.h>
-#include <Core/System/FormatException.h>
 
-#include <gtest/gtest.h>
 #include <regex>
 #include <sstream>
 #include <thread>

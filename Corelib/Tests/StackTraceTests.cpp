@@ -1,8 +1,6 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/Diagnostics/StackTrace.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/Diagnostics/StackTrace.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -26,18 +24,13 @@ TEST(StackTraceTests, AFrameOutOfRangeIsEmpty)
 
 TEST(StackTraceTests, AFrameNamesWhatItKnows)
 {
-    struct Row
-    {
-        CallStackEntry entry;
-        bool needFileInfo;
-        std::string text;
-    };
-    const CallStackEntry entry{"a.cpp", 12, "Run()", 48, 3};
-    for (const Row& row :
-         {Row{entry, true, "Run() at 48  in file:line:column a.cpp : 12 : 3"},
-          Row{entry, false, "Run() at <unknown offset>  in file:line:column <filename unknown> : 0 : 0"},
+    using Row = std::tuple<CallStackEntry, bool, std::string>;
+    const CallStackEntry known{"a.cpp", 12, "Run()", 48, 3};
+    for (const auto& [entry, needFileInfo, text] :
+         {Row{known, true, "Run() at 48  in file:line:column a.cpp : 12 : 3"},
+          Row{known, false, "Run() at <unknown offset>  in file:line:column <filename unknown> : 0 : 0"},
           Row{{}, true, "<unknown method> at <unknown offset>  in file:line:column <filename unknown> : 0 : 0"}})
     {
-        EXPECT_EQ(StackFrame(row.entry, row.needFileInfo).ToString().Utf8(), row.text);
+        EXPECT_EQ(StackFrame(entry, needFileInfo).ToString().Utf8(), text);
     }
 }

@@ -1,13 +1,7 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/Array.h>
-#include <Core/System/DateTime.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/Int32.h>
-#include <Core/System/OverflowException.h>
-#include <Core/System/String.h>
-#include <Core/System/Version.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/DateTime.h>
+#include <Core/System/Version.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,15 +1,8 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/Array.h>
+#include "CoreTest.h"
+
 #include <Core/System/Collections/Generic/List.h>
-#include <Core/System/Int32.h>
-#include <Core/System/InvalidOperationException.h>
 #include <Core/System/StringEnumerator.h>
 #include <Core/System/Version.h>
-
-#include <gtest/gtest.h>
-
-#include <vector>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -261,35 +254,20 @@ TEST(StringTests, PadsTrimsAndMapsCase)
 
 TEST(StringTests, SplitsByTheRulesOfItsSteps)
 {
-    struct Row
-    {
-        const char* text;
-        int count;
-        StringSplitOptions options;
-        std::vector<std::string> parts;
-    };
+    using Row = std::tuple<const char*, int, StringSplitOptions, std::vector<std::string>>;
     constexpr auto None = StringSplitOptions::None;
     constexpr auto RemoveEmpty = StringSplitOptions::RemoveEmptyEntries;
-    const Row rows[] = {
-        {"a,b,,c", 2, None, {"a", "b,,c"}},
-        {"a,,b", 9, RemoveEmpty, {"a", "b"}},
-        {"a,,b", 9, None, {"a", "", "b"}},
-        {"a;b,c", 9, None, {"a", "b", "c"}},
-        {"a,b", 0, None, {}},
-        {"a,b", 1, None, {"a,b"}},
-        {"a,b,", 9, None, {"a", "b"}}, // a separator at the very end adds nothing
-        {",a", 9, None, {"", "a"}},
-        {",", 9, None, {""}},
-        {"", 9, None, {}},
-        {",,", 9, RemoveEmpty, {}},
-        {"a,b,", 2, None, {"a", "b,"}},
-        {"a,,b,c", 2, RemoveEmpty, {"a", "b,c"}},
-        {"\xC3\xA4,\xC3\xB6", 9, None, {"\xC3\xA4", "\xC3\xB6"}},
-    };
-    for (const Row& row : rows)
+    // A separator at the very end adds nothing.
+    for (const auto& [text, count, options, parts] :
+         {Row{"a,b,,c", 2, None, {"a", "b,,c"}}, Row{"a,,b", 9, RemoveEmpty, {"a", "b"}},
+          Row{"a,,b", 9, None, {"a", "", "b"}}, Row{"a;b,c", 9, None, {"a", "b", "c"}}, Row{"a,b", 0, None, {}},
+          Row{"a,b", 1, None, {"a,b"}}, Row{"a,b,", 9, None, {"a", "b"}}, Row{",a", 9, None, {"", "a"}},
+          Row{",", 9, None, {""}}, Row{"", 9, None, {}}, Row{",,", 9, RemoveEmpty, {}},
+          Row{"a,b,", 2, None, {"a", "b,"}}, Row{"a,,b,c", 2, RemoveEmpty, {"a", "b,c"}},
+          Row{"\xC3\xA4,\xC3\xB6", 9, None, {"\xC3\xA4", "\xC3\xB6"}}})
     {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(row.parts, Parts(String(row.text).Split(Array<char32>(U',', U';'), row.count, row.options)));
+        SCOPED_TRACE(text);
+        EXPECT_EQ(parts, Parts(String(text).Split(Array<char32>(U',', U';'), count, options)));
     }
     EXPECT_EQ(std::vector<std::string>{"a,b"}, Parts(String("a,b").Split(static_cast<const Array<char32>&>(null))));
     EXPECT_EQ((std::vector<std::string>{"a", "b"}), Parts(String("a b").Split(U' ')));

@@ -1,18 +1,12 @@
+#include "CoreTest.h"
 #include "RecordingStream.h"
 #include "TemporaryFolder.h"
 
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/IO/FileNotFoundException.h>
 #include <Core/System/IO/FileStream.h>
 #include <Core/System/IO/StreamReader.h>
 #include <Core/System/IO/StreamWriter.h>
-#include <Core/System/ObjectClosedException.h>
-
-#include <gtest/gtest.h>
 
 #include <sstream>
-#include <string>
 #include <thread>
 
 using namespace Tesmo;
@@ -21,19 +15,15 @@ using namespace Tesmo::System::IO;
 
 TEST(TextStreamTests, ReadToEndDropsEveryCarriageReturnAndNothingElse)
 {
-    struct Row
-    {
-        std::string bytes;
-        std::string text;
-    };
-    for (const Row& row : {Row{"", ""}, Row{"a\r\nb\r\n", "a\nb\n"}, Row{"a\rb\n\r", "ab\n"},
-                           Row{"\xEF\xBB\xBF{}", "\xEF\xBB\xBF{}"}, // a byte order mark is a character
-                           Row{"\xE2\x82\xAC\xC3\xA9", "\xE2\x82\xAC\xC3\xA9"}, Row{"a\xE2\x82", "a"},
-                           Row{std::string(5000, 'x') + "\xC3\xA9", std::string(5000, 'x') + "\xC3\xA9"}})
+    using Row = std::tuple<std::string, std::string>;
+    for (const auto& [bytes, text] : {Row{"", ""}, Row{"a\r\nb\r\n", "a\nb\n"}, Row{"a\rb\n\r", "ab\n"},
+                                      Row{"\xEF\xBB\xBF{}", "\xEF\xBB\xBF{}"}, // a byte order mark is a character
+                                      Row{"\xE2\x82\xAC\xC3\xA9", "\xE2\x82\xAC\xC3\xA9"}, Row{"a\xE2\x82", "a"},
+                                      Row{std::string(5000, 'x') + "\xC3\xA9", std::string(5000, 'x') + "\xC3\xA9"}})
     {
         const TemporaryFolder folder;
-        folder.Write("f", row.bytes);
-        EXPECT_EQ(row.text, StreamReader(folder.Path("f")).ReadToEnd().Utf8());
+        folder.Write("f", bytes);
+        EXPECT_EQ(text, StreamReader(folder.Path("f")).ReadToEnd().Utf8());
     }
 }
 

@@ -1,11 +1,10 @@
-#include <Core/System/NotSupportedException.h>
+#include "CoreTest.h"
+
 #include <Core/System/Threading/Thread.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
 
 using namespace Tesmo::System;
 using namespace Tesmo::System::Threading;

@@ -1,18 +1,14 @@
+#include "CoreTest.h"
+
 #include <Core/System/Threading/Thread.h>
 
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/OutOfMemoryException.h>
 #include <Core/System/Threading/EventWaitHandle.h>
-#include <Core/System/Threading/ThreadStateException.h>
 #include <Core/System/TimeSpan.h>
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
 #include <memory>
 #include <thread>
-#include <vector>
 
 using Tesmo::null;
 using Tesmo::Up;
@@ -116,13 +112,6 @@ TEST(ThreadTests, StateFollowsTheThreadFromStartToEnd)
     EXPECT_FALSE(thread.IsAlive());
     EXPECT_THROW(thread.Priority(), ThreadStateException);
     EXPECT_THROW(thread.Start(), ThreadStateException);
-}
-
-TEST(ThreadTests, CombinedStatesPrintTheHighestFirst)
-{
-    EXPECT_EQ("WaitSleepJoin, Unstarted", ThreadState(40).ToString());
-    EXPECT_EQ("Running", ThreadState(0).ToString());
-    EXPECT_EQ("BelowNormal", ThreadPriority(1).ToString());
 }
 
 TEST(ThreadTests, NormalPriorityCanBeSetAtEveryMoment)

@@ -1,11 +1,6 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/OverflowException.h>
-#include <Core/System/String.h>
-#include <Core/System/TimeSpan.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/TimeSpan.h>
 
 #include <limits>
 
@@ -80,17 +75,13 @@ TEST(TimeSpanTests, OperatorsWorkOnTicks)
 
 TEST(TimeSpanTests, TextParses)
 {
-    struct Row
-    {
-        const char* text;
-        std::int64_t ticks;
-    };
-    for (const Row& row :
+    using Row = std::tuple<const char*, std::int64_t>;
+    for (const auto& [text, ticks] :
          {Row{"00:00:00", 0}, Row{" 3 ", 3 * TimeSpan::TicksPerDay}, Row{"-1.00:00:00", -TimeSpan::TicksPerDay},
           Row{"00:00:01.5", 15000000}, Row{"00:00:00.0000001", 1}, Row{"12:34", 452400000000},
           Row{"-10675199.02:48:05.4775808", std::numeric_limits<std::int64_t>::min()}})
     {
-        EXPECT_EQ(row.ticks, TimeSpan::Parse(row.text).Ticks()) << row.text;
+        EXPECT_EQ(ticks, TimeSpan::Parse(text).Ticks()) << text;
     }
     TimeSpan result(9LL);
     for (const char* const text :

@@ -1,19 +1,8 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/Array.h>
-#include <Core/System/Char.h>
+#include "CoreTest.h"
+
 #include <Core/System/Collections/Generic/List.h>
-#include <Core/System/Double.h>
 #include <Core/System/EventHandler.h>
-#include <Core/System/Int64.h>
 #include <Core/System/Sp.h>
-#include <Core/System/String.h>
-#include <Core/System/Type.h>
-#include <Core/System/UInt64.h>
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <tuple>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -38,11 +27,7 @@ class Nameless : public Object
 
 TEST(TypeTests, NamesReadAsInTheSource)
 {
-    struct Row
-    {
-        const std::type_info& info;
-        const char* name;
-    };
+    using Row = std::tuple<const std::type_info&, const char*>;
     const Row rows[] = {
         {typeid(String), "Tesmo::System::String"},
         {typeid(Sp<String>), "Tesmo::Sp<Tesmo::System::String>"},
@@ -56,9 +41,9 @@ TEST(TypeTests, NamesReadAsInTheSource)
          "Tesmo::System::Collections::Generic::List<Tesmo::Sp<Tesmo::System::String> >"},
         {typeid(int), "int"},
     };
-    for (const Row& row : rows)
+    for (const auto& [info, name] : rows)
     {
-        EXPECT_EQ(row.name, Type(row.info).ToString().Utf8());
+        EXPECT_EQ(name, Type(info).ToString().Utf8());
     }
     EXPECT_EQ(std::string::npos, Type(typeid(Holder<Colour>)).ToString().Utf8().find("enum "));
     EXPECT_NE(std::string::npos, Type(typeid(Holder<std::nullptr_t>)).ToString().Utf8().find("std::nullptr_t"));
@@ -97,17 +82,4 @@ TEST(ObjectTests, DefaultsAreIdentityAndTheNameOfTheClass)
     EXPECT_FALSE(one.Equals(two));
     EXPECT_FALSE(one.Equals(null));
     EXPECT_EQ("Nameless", one.ToString().Utf8().substr(one.ToString().Utf8().rfind(':') + 1));
-}
-
-TEST(ValueTypeTests, EqualsComparesNumbersOfAnyClassWithTheirSigns)
-{
-    const Int64 minusOne(-1);
-    const UInt64 allOnes(std::numeric_limits<std::uint64_t>::max());
-
-    EXPECT_FALSE(minusOne.Equals(allOnes));
-    EXPECT_FALSE(allOnes.Equals(minusOne));
-    EXPECT_TRUE(Char(U'A').Equals(Int64(65)));
-    EXPECT_TRUE(UInt64(7).Equals(Double(7.0)));
-    EXPECT_FALSE(Int64(0).Equals(static_cast<const ValueType&>(null)));
-    EXPECT_FALSE(Int64(7).Equals(String("7")));
 }

@@ -1,12 +1,9 @@
-#include <Core/System/Array.h>
+#include "CoreTest.h"
+
 #include <Core/System/StringEnumerator.h>
 #include <Core/System/UString.h>
 
-#include <gtest/gtest.h>
-
 #include <random>
-#include <string>
-#include <vector>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -116,11 +113,7 @@ TEST(UStringTests, ReadsAndWritesEveryLengthOfSequence)
 
 TEST(UStringTests, PassesOverBytesThatFormNoSequence)
 {
-    struct Row
-    {
-        const char* bytes;
-        std::vector<std::uint32_t> codePoints;
-    };
+    using Row = std::tuple<const char*, std::vector<std::uint32_t>>;
     const Row rows[] = {
         {"\x80\xBF", {}}, // nothing but continuation bytes
         {"\xE2\x82", {}}, // cut short by the end
@@ -140,14 +133,14 @@ TEST(UStringTests, PassesOverBytesThatFormNoSequence)
          "12345678",
          {'1', '2', '3', '4', '5', '6', '7', '8', '1', '2', '3', '4', '5', '6', '7', '8'}},
     };
-    for (const Row& row : rows)
+    for (const auto& [bytes, codePoints] : rows)
     {
-        SCOPED_TRACE(row.bytes);
-        const ustring text{std::string(row.bytes)};
-        EXPECT_EQ(row.codePoints, Forward(text));
-        EXPECT_EQ(row.codePoints, Backward(text));
-        EXPECT_EQ(static_cast<int>(row.codePoints.size()), text.Length());
-        EXPECT_EQ(row.bytes, text.Bytes());
+        SCOPED_TRACE(bytes);
+        const ustring text{std::string(bytes)};
+        EXPECT_EQ(codePoints, Forward(text));
+        EXPECT_EQ(codePoints, Backward(text));
+        EXPECT_EQ(static_cast<int>(codePoints.size()), text.Length());
+        EXPECT_EQ(bytes, text.Bytes());
     }
 }
 

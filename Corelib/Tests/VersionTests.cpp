@@ -1,13 +1,8 @@
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/Environment.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/OperatingSystem.h>
-#include <Core/System/OverflowException.h>
-#include <Core/System/Version.h>
+#include "CoreTest.h"
 
-#include <gtest/gtest.h>
+#include <Core/System/Environment.h>
+#include <Core/System/OperatingSystem.h>
+#include <Core/System/Version.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

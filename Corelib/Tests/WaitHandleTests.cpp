@@ -1,22 +1,14 @@
-#include <Core/System/ApplicationException.h>
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/IO/IOException.h>
-#include <Core/System/InvalidOperationException.h>
-#include <Core/System/Threading/AbandonedMutexException.h>
+#include "CoreTest.h"
+
 #include <Core/System/Threading/AutoResetEvent.h>
 #include <Core/System/Threading/Mutex.h>
 #include <Core/System/Threading/Semaphore.h>
-#include <Core/System/Threading/SemaphoreFullException.h>
 #include <Core/System/TimeSpan.h>
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <climits>
 #include <future>
 #include <thread>
-#include <vector>
 
 using Tesmo::null;
 using namespace Tesmo::System;

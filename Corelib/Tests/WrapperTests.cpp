@@ -1,27 +1,9 @@
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/Boolean.h>
-#include <Core/System/Byte.h>
-#include <Core/System/Char.h>
+#include "CoreTest.h"
+
 #include <Core/System/Convert.h>
 #include <Core/System/DateTime.h>
-#include <Core/System/Double.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/Int16.h>
-#include <Core/System/Int32.h>
-#include <Core/System/Int64.h>
 #include <Core/System/IntPtr.h>
-#include <Core/System/InvalidCastException.h>
-#include <Core/System/OverflowException.h>
-#include <Core/System/SByte.h>
-#include <Core/System/Single.h>
-#include <Core/System/Type.h>
-#include <Core/System/UInt16.h>
-#include <Core/System/UInt32.h>
-#include <Core/System/UInt64.h>
 #include <Core/System/UIntPtr.h>
-
-#include <gtest/gtest.h>
 
 #include <functional>
 
@@ -30,13 +12,7 @@ using namespace Tesmo::System;
 
 TEST(WrapperTests, EachClassKnowsItsTypeCodeNameAndSign)
 {
-    struct Row
-    {
-        Sp<Object> object;
-        int code;
-        const char* name;
-        bool isSigned;
-    };
+    using Row = std::tuple<Sp<Object>, int, const char*, bool>;
     const Row rows[] = {
         {Sp<Object>(new Boolean(true)), 2, "Boolean", false}, {Sp<Object>(new SByte(1)), 4, "SByte", true},
         {Sp<Object>(new Byte(1)), 5, "Byte", false},          {Sp<Object>(new Int16(1)), 6, "Int16", true},
@@ -45,12 +21,12 @@ TEST(WrapperTests, EachClassKnowsItsTypeCodeNameAndSign)
         {Sp<Object>(new UInt64(1)), 11, "UInt64", false},     {Sp<Object>(new Single(1)), 12, "Single", true},
         {Sp<Object>(new Double(1)), 13, "Double", true},      {Sp<Object>(new DateTime(1)), 14, "DateTime", false},
     };
-    for (const Row& row : rows)
+    for (const auto& [object, code, name, isSigned] : rows)
     {
-        EXPECT_EQ(std::string("Tesmo::System::") + row.name, row.object->GetType().ToString().Utf8());
-        EXPECT_EQ(row.code, static_cast<int>(dynamic_cast<const IConvertible&>(*row.object).GetTypeCode()));
-        EXPECT_EQ(row.isSigned, dynamic_cast<const ValueType&>(*row.object).IsSigned());
-        EXPECT_EQ(1, Convert::ToInt32(dynamic_cast<const IConvertible&>(*row.object)));
+        EXPECT_EQ(std::string("Tesmo::System::") + name, object->GetType().ToString().Utf8());
+        EXPECT_EQ(code, static_cast<int>(dynamic_cast<const IConvertible&>(*object).GetTypeCode()));
+        EXPECT_EQ(isSigned, dynamic_cast<const ValueType&>(*object).IsSigned());
+        EXPECT_EQ(1, Convert::ToInt32(dynamic_cast<const IConvertible&>(*object)));
     }
 }
 
@@ -59,6 +35,8 @@ TEST(WrapperTests, EqualityLooksAtTheNumber)
     EXPECT_FALSE(Int32(-1).Equals(UInt32(4294967295U)));
     EXPECT_FALSE(UInt32(4294967295U).Equals(Int32(-1)));
     EXPECT_TRUE(Int32(7).Equals(UInt64(7)));
+    EXPECT_TRUE(Char(U'A').Equals(Int64(65)));
+    EXPECT_TRUE(UInt64(7).Equals(Double(7.0)));
     EXPECT_TRUE(Double(1.5).Equals(Single(1.5F)));
     EXPECT_FALSE(Double(1.5).Equals(Double(1.25)));
     EXPECT_TRUE(Double(Double::NaN).Equals(Double(Double::NaN)));

@@ -73,14 +73,19 @@ void AppendErrorCode(std::string& text, int errorCode)
     NumericalFormat::Append(text, std::int64_t{errorCode}, 32, "X8");
 }
 
-Sp<StreamWriter> OpenFile(const String& path)
+/// The writer of a file or stream. It is made when all else is in order: a log that is refused opens and takes nothing.
+template <class... Sink>
+Sp<StreamWriter> MakeWriter(const ILogStreamRefTime* source, const String& author, const String& company,
+                            const String& product, const Sink&... sink)
 {
-    return Sp<StreamWriter>(new StreamWriter(path, true));
-}
-
-Sp<StreamWriter> WriterOn(const Sp<IO::Stream>& stream)
-{
-    return Sp<StreamWriter>(new StreamWriter(stream));
+    if (source == nullptr)
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    CheckNull(author);
+    CheckNull(company);
+    CheckNull(product);
+    return Sp<StreamWriter>(new StreamWriter(sink...));
 }
 } // namespace
 
@@ -99,7 +104,8 @@ LogStream::LogStream(const ILogStreamRefTime* source, const String& path, LogStr
 
 LogStream::LogStream(const ILogStreamRefTime* source, const String& path, LogStreamLevel level,
                      const String& usedAuthor, const String& usedCompany, const String& usedProduct)
-    : LogStream(source, OpenFile(path), path, level, usedAuthor, usedCompany, usedProduct)
+    : LogStream(source, MakeWriter(source, usedAuthor, usedCompany, usedProduct, path, true), path, level, usedAuthor,
+                usedCompany, usedProduct)
 {
 }
 
@@ -121,7 +127,8 @@ LogStream::LogStream(const ILogStreamRefTime* source, const Sp<IO::Stream>& stre
 
 LogStream::LogStream(const ILogStreamRefTime* source, const Sp<IO::Stream>& stream, LogStreamLevel level,
                      const String& usedAuthor, const String& usedCompany, const String& usedProduct)
-    : LogStream(source, WriterOn(stream), String(), level, usedAuthor, usedCompany, usedProduct)
+    : LogStream(source, MakeWriter(source, usedAuthor, usedCompany, usedProduct, stream), String(), level, usedAuthor,
+                usedCompany, usedProduct)
 {
 }
 

@@ -68,7 +68,8 @@ std::size_t RootLength(std::string_view path)
 bool FullPath(const std::string& path, std::string& fullPath)
 {
     std::error_code error;
-    fullPath = (std::filesystem::current_path(error) / path).lexically_normal().native();
+    // A zero ends the path, as it does in every call that takes one.
+    fullPath = (std::filesystem::current_path(error) / path.c_str()).lexically_normal().native();
     const bool namesFolder = path.ends_with(DirectorySeparator);
     if (fullPath.size() > 1 && fullPath.ends_with(DirectorySeparator) && !namesFolder)
     {

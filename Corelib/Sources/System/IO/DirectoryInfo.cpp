@@ -2,8 +2,8 @@
 
 #include "Platform/Files.h"
 #include "System/Checks.h"
+#include "System/IO/FailureText.h"
 
-#include <Core/System/IO/IOException.h>
 #include <Core/System/IO/Path.h>
 
 #include <utility>
@@ -35,9 +35,9 @@ void DirectoryInfo::Delete()
 void DirectoryInfo::Create()
 {
     // Asked afterwards: somebody else may have made the folder at the same moment.
-    if (Platform::MakeFolder(FullName().Utf8()) != 0 && !Exists())
+    if (const int code = Platform::MakeFolder(FullName().Utf8()); code != 0 && !Exists())
     {
-        throw IOException(ThrowSite);
+        throw IOException(FailureText(FullName(), code), ThrowSite);
     }
 }
 

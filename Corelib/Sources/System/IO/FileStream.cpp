@@ -2,6 +2,7 @@
 
 #include "Platform/Files.h"
 #include "System/Checks.h"
+#include "System/IO/FailureText.h"
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Array.h>
@@ -240,7 +241,10 @@ void FileStream::Reopen()
 
 void FileStream::OpenHandle(int flags)
 {
-    CheckResult(Platform::OpenFile(name.Utf8(), flags, handle));
+    if (const int code = Platform::OpenFile(name.Utf8(), flags, handle); code != 0)
+    {
+        throw IOException(FailureText(name, code), ThrowSite);
+    }
     if (flags == Platform::OpenAppend)
     {
         Move(0, SeekOrigin::End);

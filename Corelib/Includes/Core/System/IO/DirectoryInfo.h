@@ -20,7 +20,7 @@ public:
     void Delete() override;
 
     /// Makes the folder; its parent must exist. No effect where the folder exists.
-    /// @throws IOException  it cannot be made
+    /// @throws IOException  it cannot be made: names it and says why
     void Create();
 
     /// The files, not the folders, whose names match the pattern, in the order of the file system; none where the folder

@@ -25,7 +25,7 @@ public:
     ///                                     file that exists; Append with anything but writing
     /// @throws FileNotFoundException       Open or Truncate, and there is none
     /// @throws DirectoryNotFoundException  the folder does not exist
-    /// @throws IOException                 CreateNew, and there is one; the file cannot be opened
+    /// @throws IOException                 CreateNew, and there is one; the file cannot be opened: names it and says why
     FileStream(const String& path, FileMode mode, int access, FileShare share);
     ~FileStream() override;
 

@@ -1,0 +1,42 @@
+#pragma once
+
+// What nearly every test of the library or of what stands on it needs: texts, arrays, wrappers, and the failures that
+// the tests expect.
+
+#include <Core/System/ApplicationException.h>
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Array.h>
+#include <Core/System/Boolean.h>
+#include <Core/System/Byte.h>
+#include <Core/System/Char.h>
+#include <Core/System/Double.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/IO/DirectoryNotFoundException.h>
+#include <Core/System/IO/FileNotFoundException.h>
+#include <Core/System/IndexOutOfRangeException.h>
+#include <Core/System/Int16.h>
+#include <Core/System/Int32.h>
+#include <Core/System/Int64.h>
+#include <Core/System/InvalidCastException.h>
+#include <Core/System/NotSupportedException.h>
+#include <Core/System/NullReferenceException.h>
+#include <Core/System/ObjectClosedException.h>
+#include <Core/System/OutOfMemoryException.h>
+#include <Core/System/OverflowException.h>
+#include <Core/System/SByte.h>
+#include <Core/System/Single.h>
+#include <Core/System/String.h>
+#include <Core/System/Threading/AbandonedMutexException.h>
+#include <Core/System/Threading/SemaphoreFullException.h>
+#include <Core/System/Threading/ThreadStateException.h>
+#include <Core/System/Type.h>
+#include <Core/System/UInt16.h>
+#include <Core/System/UInt32.h>
+#include <Core/System/UInt64.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+#include <vector>
