@@ -20,7 +20,8 @@ public:
 
     /// Logs to a file from now on, and makes its folder with all missing parents. A stream that is installed is closed
     /// first. Three backups are kept; at Debug the banners after the first header are 1024 characters wide.
-    /// @throws IO::IOException and others  the folder cannot be made or the file cannot be opened
+    /// @throws Tesmo::System::IO::IOException  the folder cannot be made or the file cannot be opened: names it, says why
+    /// @throws Tesmo::System::ArgumentException  path is not valid
     void Open(const Tesmo::System::String& path, Tesmo::System::LogStreams::LogStreamLevel newLevel);
 
     /// Opens the file of the last Open again, if no stream is installed.

@@ -417,7 +417,11 @@ bool JSONAccess<Document, Key>::TakeValue(Key key, T& value)
     {
         return false;
     }
-    static_cast<Document*>(this)->Detach(item);
+    auto& document = static_cast<Document&>(*this);
+    if (static_cast<const void*>(&value) != static_cast<const Object*>(&document)) // else it is the value now
+    {
+        document.Detach(item);
+    }
     return true;
 }
 

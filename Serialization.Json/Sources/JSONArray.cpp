@@ -2,71 +2,31 @@
 
 #include "CJSONAdapter.h"
 
-#include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/FormatException.h>
 #include <Core/System/OutOfMemoryException.h>
 #include <Core/System/ThrowSite.h>
 
-#include <string>
 #include <utility>
 
 namespace Zelkor::Serialization::Json
 {
-using Tesmo::System::ArgumentNullException;
 using Tesmo::System::ArgumentOutOfRangeException;
-using Tesmo::System::FormatException;
 using Tesmo::System::OutOfMemoryException;
 using Tesmo::System::String;
 
-namespace
-{
-JSONItem ParseArray(const std::string& text)
-{
-    JSONItem root = CJSONAdapter::Parse(text, '[');
-    if (root == nullptr)
-    {
-        throw FormatException(ThrowSite);
-    }
-    return root;
-}
+JSONArray::JSONArray() = default;
 
-template <class T>
-const T& Checked(const T& argument)
-{
-    if (Tesmo::IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return argument;
-}
-} // namespace
+JSONArray::JSONArray(const String& text) : JSONDocument(text) {}
 
-JSONArray::JSONArray() : root(CJSONAdapter::Checked(cJSON_CreateArray())) {}
+JSONArray::JSONArray(const JSONArray& other) : JSONDocument(other), JSONAccess() {}
 
-JSONArray::JSONArray(const String& text) : root(ParseArray(Checked(text).Utf8())) {}
-
-JSONArray::JSONArray(const JSONArray& other) : JSONAllocator(), Object(), JSONAccess()
-{
-    Load(Checked(other).root.get());
-}
-
-JSONArray::JSONArray(const cJSON& item)
-{
-    Load(&item);
-}
+JSONArray::JSONArray(const cJSON& item) : JSONDocument(item) {}
 
 JSONArray& JSONArray::operator=(const JSONArray& other)
 {
-    Load(Checked(other).root.get());
+    lastFound = nullptr;
+    JSONDocument::operator=(other);
     return *this;
-}
-
-String JSONArray::ToString() const
-{
-    std::string text;
-    CJSONAdapter::Print(root.get(), text);
-    return String(std::move(text));
 }
 
 int JSONArray::GetLength() const
@@ -74,14 +34,10 @@ int JSONArray::GetLength() const
     return cJSON_GetArraySize(root.get());
 }
 
-/// A source that is no array leaves this one without a root.
 void JSONArray::Load(const cJSON* item)
 {
-    std::string text;
-    CJSONAdapter::Print(item, text);
     lastFound = nullptr;
-    root.reset();
-    root = ParseArray(text);
+    JSONDocument::Load(item);
 }
 
 const cJSON* JSONArray::Locate(int index) const
@@ -110,12 +66,29 @@ void JSONArray::Attach(int index, JSONItem value)
     {
         throw ArgumentOutOfRangeException(ThrowSite);
     }
+    const cJSON* const next = Locate(index);
     lastFound = nullptr;
-    if (cJSON_InsertItemInArray(root.get(), index, value.get()) == 0)
+    if (next != nullptr)
+    {
+        InsertBefore(const_cast<cJSON*>(next), value.release());
+    }
+    else if (cJSON_AddItemToArray(root.get(), value.get()) != 0)
+    {
+        static_cast<void>(value.release());
+    }
+    else
     {
         throw OutOfMemoryException(ThrowSite);
     }
-    static_cast<void>(value.release());
+}
+
+/// What cJSON_InsertItemInArray is for; that of Debian 12 refuses every place between two elements.
+void JSONArray::InsertBefore(cJSON* next, cJSON* item)
+{
+    item->next = next;
+    item->prev = next->prev; // of the first item: the last one
+    (next == root->child ? root->child : next->prev->next) = item;
+    next->prev = item;
 }
 
 void JSONArray::Detach(const cJSON* item)

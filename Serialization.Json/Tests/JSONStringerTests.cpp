@@ -1,20 +1,10 @@
 #include <Core/LogStream/LogStreamLevel.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/Boolean.h>
-#include <Core/System/Double.h>
 #include <Core/System/EventArgs.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/Int32.h>
-#include <Core/System/Int64.h>
-#include <Core/System/UInt32.h>
-#include <Core/System/UInt64.h>
+#include <Corelib/Tests/CoreTest.h>
 #include <Serialization.Json/JSONStringer.h>
-
-#include <gtest/gtest.h>
 
 #include <functional>
 #include <limits>
-#include <string>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,12 +1,7 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/FormatException.h>
 #include <Core/System/Threading/Thread.h>
+#include <Corelib/Tests/CoreTest.h>
 #include <Serialization.Json/JSONArray.h>
 #include <Serialization.Json/JSONObject.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -15,11 +10,7 @@ using namespace std::string_literals;
 
 namespace
 {
-struct Row
-{
-    std::string text;
-    std::string printed;
-};
+using Row = std::tuple<std::string, std::string>;
 
 std::string Printed(const std::string& text)
 {
@@ -54,64 +45,41 @@ TEST(JSONTextTests, AcceptsWhatSendersWrite)
         {"{\"a\":\"raw\ntab\t\x01 \xFF\xC3\"}", "{\"a\":\"raw\\ntab\\t\\u0001 \xFF\xC3\"}"},
         {R"({"a":"]}[{\"]}"})", R"({"a":"]}[{\"]}"})"},
     };
-    for (const Row& row : rows)
+    for (const auto& [text, printed] : rows)
     {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(row.printed, Printed(row.text));
+        SCOPED_TRACE(text);
+        EXPECT_EQ(printed, Printed(text));
     }
 }
 
 TEST(JSONTextTests, ReadsEscapesOfAnyKind)
 {
-    const Row rows[] = {
-        {R"(\b\f\n\r\t\"\\\/)", R"(\b\f\n\r\t\"\\/)"},
-        {R"(\x\'\ \-)", "x' -"},
-        {R"(\u0041\u00e9\u4E2D\uFFFF)", "A\xC3\xA9\xE4\xB8\xAD\xEF\xBF\xBF"},
-        {R"(\ud83d\ude00)", "\xF0\x9F\x98\x80"},
-        {R"(<\u0000>)", "<>"},
-        {R"(<\uDE00>)", "<>"},
-        {R"(<\ud83d>)", "<>"},
-        {R"(<\ud83d\n>)", R"(<\n>)"},
-        {R"(<\ud83d\u0041>)", "<>"},
-        {R"(<\ud83d\ud83d\ude00>)", R"(<>)"},
-        {R"(<\uZZZZ>)", "<>"},
-        {R"(<\u-012>)", "<>"},
-        {R"(\\u0000\\\x)", R"(\\u0000\\x)"},
-    };
-    for (const Row& row : rows)
+    for (const auto& [text, printed] :
+         {Row{R"(\b\f\n\r\t\"\\\/)", R"(\b\f\n\r\t\"\\/)"}, Row{R"(\x\'\ \-)", "x' -"},
+          Row{R"(\u0041\u00e9\u4E2D\uFFFF)", "A\xC3\xA9\xE4\xB8\xAD\xEF\xBF\xBF"},
+          Row{R"(\ud83d\ude00)", "\xF0\x9F\x98\x80"}, Row{R"(<\u0000>)", "<>"}, Row{R"(<\uDE00>)", "<>"},
+          Row{R"(<\ud83d>)", "<>"}, Row{R"(<\ud83d\n>)", R"(<\n>)"}, Row{R"(<\ud83d\u0041>)", "<>"},
+          Row{R"(<\ud83d\ud83d\ude00>)", R"(<>)"}, Row{R"(<\uZZZZ>)", "<>"}, Row{R"(<\u-012>)", "<>"},
+          Row{R"(\\u0000\\\x)", R"(\\u0000\\x)"}})
     {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(R"({")" + row.printed + R"(":")" + row.printed + R"("})",
-                  Printed(R"({")" + row.text + R"(":")" + row.text + R"("})"));
+        SCOPED_TRACE(text);
+        EXPECT_EQ(R"({")" + printed + R"(":")" + printed + R"("})",
+                  Printed(R"({")" + text + R"(":")" + text + R"("})"));
     }
 }
 
 TEST(JSONTextTests, ReadsNumbersAndPrintsThemByTheirSize)
 {
-    const Row rows[] = {
-        {"0", "0"},
-        {"-0", "0"},
-        {"007", "7"},
-        {"1e3", "1000"},
-        {"1E+3", "1000"},
-        {"-15e-1", "-1.500000"},
-        {"2147483647", "2147483647"},
-        {"-2147483648", "-2147483648"},
-        {"2147483648", "2147483648"},
-        {"9007199254740992", "9007199254740992"},
-        {"1e21", "1000000000000000000000"},
-        {"0.5", "0.500000"},
-        {"0.0000001", "1.000000e-07"},
-        {"1234567890.5", "1.234568e+09"},
-        {"999999999.5", "999999999.500000"},
-        {"1e999", "null"},
-        {"0." + std::string(100, '1'), "0.111111"},
-        {"-1" + std::string(400, '0'), "null"},
-    };
-    for (const Row& row : rows)
+    for (const auto& [text, printed] :
+         {Row{"0", "0"}, Row{"-0", "0"}, Row{"007", "7"}, Row{"1e3", "1000"}, Row{"1E+3", "1000"},
+          Row{"-15e-1", "-1.500000"}, Row{"2147483647", "2147483647"}, Row{"-2147483648", "-2147483648"},
+          Row{"2147483648", "2147483648"}, Row{"9007199254740992", "9007199254740992"},
+          Row{"1e21", "1000000000000000000000"}, Row{"0.5", "0.500000"}, Row{"0.0000001", "1.000000e-07"},
+          Row{"1234567890.5", "1.234568e+09"}, Row{"999999999.5", "999999999.500000"}, Row{"1e999", "null"},
+          Row{"0." + std::string(100, '1'), "0.111111"}, Row{"-1" + std::string(400, '0'), "null"}})
     {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ("{\"n\":[" + row.printed + "]}", Printed("{\"n\":[" + row.text + "]}"));
+        SCOPED_TRACE(text);
+        EXPECT_EQ("{\"n\":[" + printed + "]}", Printed("{\"n\":[" + text + "]}"));
     }
     const JSONArray huge(String("[1" + std::string(308, '0') + "]"));
     EXPECT_EQ(1e308, huge.GetDouble(0));

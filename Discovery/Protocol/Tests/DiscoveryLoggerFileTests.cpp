@@ -1,15 +1,9 @@
 #include "LogRecorder.h"
 
-#include <Core/System/ArgumentException.h>
-#include <Core/System/IO/IOException.h>
 #include <Core/System/IO/Path.h>
-#include <Core/System/InvalidOperationException.h>
+#include <Corelib/Tests/CoreTest.h>
 #include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
@@ -101,11 +95,26 @@ TEST_F(DiscoveryLoggerFileTests, ALargeFileIsSplitAtTheFirstRowAndThreeBackupsSt
     EXPECT_FALSE(folder.Has("DiscoveryClient.bak3"));
 }
 
-TEST_F(DiscoveryLoggerFileTests, AFailedOpenLeavesNoStream)
+TEST_F(DiscoveryLoggerFileTests, AFailedOpenNamesThePlaceAndEndsTheOldLogOnlyWhenTheFolderIsThere)
 {
+    folder.Write("file", "");
     folder.MakeFolder("taken.log");
     logger.Open(folder.Path(name), LogStreamLevel::Standard);
-    EXPECT_THROW(logger.Open(folder.Path("taken.log"), LogStreamLevel::Standard), IO::IOException);
+    using Row = std::tuple<const char*, const char*>;
+    for (const auto& [path, place] : {Row{"file/deep/c.log", "file"}, Row{"taken.log", "taken.log"}})
+    {
+        EXPECT_TRUE(logger.IsOpen());
+        try
+        {
+            logger.Open(folder.Path(path), LogStreamLevel::Standard);
+            ADD_FAILURE() << "opened " << path;
+        }
+        catch (const IO::IOException& failure)
+        {
+            const std::string text = failure.Message().Utf8();
+            EXPECT_TRUE(text.starts_with("I/O error occured. " + folder.Path(place).Utf8())) << text;
+        }
+    }
     EXPECT_FALSE(logger.IsOpen());
     EXPECT_NO_THROW(WriteRow("nobody listens"));
     EXPECT_THROW(logger.Open("a|b", LogStreamLevel::Standard), ArgumentException);

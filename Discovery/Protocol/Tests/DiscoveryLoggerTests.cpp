@@ -25,8 +25,7 @@ TEST(DiscoveryLoggerTests, WritesToTheInstalledStreamAndToNoneWithoutHarm)
     EXPECT_TRUE(logger.IsOpen());
     logger.Write(channel, "text", LogStreamLevel::Debug);
     logger.Write(channel, "Trying", InvalidOperationException("no way", "File.cpp", 7));
-    const std::vector<std::string> expected = {"c|Debug|text",
-                                               "c|Critical|Trying: no way, location: ", "c|Critical|File.cpp:7"};
+    const std::vector<std::string> expected = {"D c: text", "C c: Trying: no way, location: ", "C c: File.cpp:7"};
     EXPECT_EQ(expected, recorder.Take());
 
     logger.Close();

@@ -1,13 +1,9 @@
 #include "LogRecorder.h"
 #include "WireSamples.h"
 
-#include <Core/System/ArgumentException.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/OverflowException.h>
+#include <Corelib/Tests/CoreTest.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
-
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <thread>
@@ -60,16 +56,11 @@ std::string Header(const std::string& type, const std::string& rest)
 
 TEST(DiscoveryMessageDeserializerTests, FindsTheFaultsOfADatagramInOrder)
 {
-    const std::string noType = "DiscoveryMessage|Critical|No message type key !!! => BAD MESSAGE FORMAT !";
-    const std::string noVersion = "DiscoveryMessage|Critical|No version key !!! => BAD MESSAGE FORMAT !";
-    const std::string badBroadcast =
-        "DiscoveryMessage|Critical|No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !";
-    const std::string noBroadcast = "DiscoveryMessage|Debug|No Broadcast key. Assuming broadcast message.";
-    struct Row
-    {
-        std::string text;
-        std::vector<std::string> outcome;
-    };
+    const std::string noType = "C DiscoveryMessage: No message type key !!! => BAD MESSAGE FORMAT !";
+    const std::string noVersion = "C DiscoveryMessage: No version key !!! => BAD MESSAGE FORMAT !";
+    const std::string badBroadcast = "C DiscoveryMessage: No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !";
+    const std::string noBroadcast = "D DiscoveryMessage: No Broadcast key. Assuming broadcast message.";
+    using Row = std::tuple<std::string, std::vector<std::string>>;
     const Row rows[] = {
         {"", {"FormatException"}},
         {std::string(2048, '\0'), {"FormatException"}},
@@ -84,14 +75,13 @@ TEST(DiscoveryMessageDeserializerTests, FindsTheFaultsOfADatagramInOrder)
         {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.0","Broadcast":"yes"})",
          {"FormatException", badBroadcast}},
         {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.0"})",
-         {"FormatException", noBroadcast,
-          "SignatureBroadcastMessage|Critical|No Host key !!! => BAD MESSAGE FORMAT !"}},
+         {"FormatException", noBroadcast, "C SignatureBroadcastMessage: No Host key !!! => BAD MESSAGE FORMAT !"}},
         {R"({"discoverymessagetype":"AllSendYourSignature","DISCOVERYVERSION":"1.0"} rest)", {"none", noBroadcast}},
     };
-    for (const Row& row : rows)
+    for (const auto& [text, outcome] : rows)
     {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(row.outcome, Outcome(row.text));
+        SCOPED_TRACE(text);
+        EXPECT_EQ(outcome, Outcome(text));
     }
 }
 
@@ -105,16 +95,12 @@ TEST(DiscoveryMessageDeserializerTests, EachClassNamesTheKeyThatItMisses)
         std::string row;
     };
     const Row rows[] = {
-        {"SignatureBroadcast", R"(,"Host":[])", "SignatureBroadcastMessage|Critical|No Host key"},
-        {"Bye", "", "SignatureBroadcastMessage|Critical|No Host key"},
-        {"SendYourSignature", R"(,"TargetedMACAddress":1)",
-         "SendYourSignatureMessage|Critical|No targeted MAC address"},
-        {"ChangeYourIPConfig", R"(,"NewNICConfigs":{})",
-         "ChangeYourIPConfigMessage|Critical|No \"New NIC Configs\" key"},
-        {"ChangeYourHostName", R"(,"TargetedMACAddress":"1")",
-         "ChangeYourHostNameMessage|Critical|No \"New HostName\" key"},
-        {"ChangeYourHostName", R"(,"NewHostName":"n")",
-         "ChangeYourHostNameMessage|Critical|No \"Targeted MACAddress\" key"},
+        {"SignatureBroadcast", R"(,"Host":[])", "C SignatureBroadcastMessage: No Host key"},
+        {"Bye", "", "C SignatureBroadcastMessage: No Host key"},
+        {"SendYourSignature", R"(,"TargetedMACAddress":1)", "C SendYourSignatureMessage: No targeted MAC address"},
+        {"ChangeYourIPConfig", R"(,"NewNICConfigs":{})", "C ChangeYourIPConfigMessage: No \"New NIC Configs\" key"},
+        {"ChangeYourHostName", R"(,"TargetedMACAddress":"1")", "C ChangeYourHostNameMessage: No \"New HostName\" key"},
+        {"ChangeYourHostName", R"(,"NewHostName":"n")", "C ChangeYourHostNameMessage: No \"Targeted MACAddress\" key"},
     };
     for (const Row& row : rows)
     {

@@ -1,12 +1,7 @@
 #include "LogRecorder.h"
 #include "WireSamples.h"
 
-#include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/OverflowException.h>
-
-#include <gtest/gtest.h>
+#include <Corelib/Tests/CoreTest.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -131,22 +126,18 @@ TEST(HostRecordTests, AHostIsReadLeniently)
 
 TEST(HostRecordTests, BadFileTransferInfosAreLoggedAndCostTheHostNothing)
 {
-    const std::string line = "DiscoveryMessage|Standard|No FileTransfer infos or failed to parse JSON data";
-    struct Row
+    const std::string line = "S DiscoveryMessage: No FileTransfer infos or failed to parse JSON data";
+    using Row = std::tuple<const char*, std::size_t, int>;
+    for (const auto& [replacement, rows, infos] :
+         {Row{R"({"Port":"21"})", 0, 1}, Row{"{}", 0, 0}, Row{"[1]", 1, 0}, Row{"null", 1, 0},
+          Row{R"({"a":"1","b":2,"c":"3"})", 1, 1}, Row{R"({"a":"1","a":"2"})", 1, 1},
+          Row{R"({"a":"1","A":"2"})", 0, 2}})
     {
-        const char* replacement;
-        std::size_t rows;
-        int infos;
-    };
-    for (const Row& row : {Row{R"({"Port":"21"})", 0, 1}, Row{"{}", 0, 0}, Row{"[1]", 1, 0}, Row{"null", 1, 0},
-                           Row{R"({"a":"1","b":2,"c":"3"})", 1, 1}, Row{R"({"a":"1","a":"2"})", 1, 1},
-                           Row{R"({"a":"1","A":"2"})", 0, 2}})
-    {
-        SCOPED_TRACE(row.replacement);
+        SCOPED_TRACE(replacement);
         LogRecorder log;
-        const DiscoveryHost host = Read<DiscoveryHost>(Replaced(SampleHostText(), R"({"Port":"21"})", row.replacement));
-        EXPECT_EQ(std::vector<std::string>(row.rows, line), log.Take());
-        EXPECT_EQ(row.infos, host.FileTransferInfos->Infos->Count());
+        const DiscoveryHost host = Read<DiscoveryHost>(Replaced(SampleHostText(), R"({"Port":"21"})", replacement));
+        EXPECT_EQ(std::vector<std::string>(rows, line), log.Take());
+        EXPECT_EQ(infos, host.FileTransferInfos->Infos->Count());
     }
 
     LogRecorder log;
@@ -156,7 +147,7 @@ TEST(HostRecordTests, BadFileTransferInfosAreLoggedAndCostTheHostNothing)
     EXPECT_EQ(Replaced(SampleHostText(), R"("Port":"21")", ""), Written(host));
     const std::vector<std::string> rows = log.Take();
     ASSERT_EQ(2u, rows.size());
-    EXPECT_EQ(0u, rows[0].find("DiscoveryMessage|Critical|Exception caught during JSON FileTransfer infos parsing -> "
+    EXPECT_EQ(0u, rows[0].find("C DiscoveryMessage: Exception caught during JSON FileTransfer infos parsing -> "
                                "ignoring.: "));
     host.FileTransferInfos.Reset(nullptr);
     EXPECT_EQ(Replaced(SampleHostText(), R"(,"FileTransferInfos":{"Port":"21"})", ""), Written(DiscoveryHost(host)));

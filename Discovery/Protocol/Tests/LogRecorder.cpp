@@ -2,6 +2,10 @@
 
 #include <Discovery/Protocol/DiscoveryLogger.h>
 
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
 #include <utility>
 
 namespace Zelkor::Discovery
@@ -9,28 +13,39 @@ namespace Zelkor::Discovery
 using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 
-namespace
-{
 class RecordingStream : public ILogStream
 {
 public:
     using ILogStream::Write;
 
-    explicit RecordingStream(std::vector<std::string>& rows) : target(rows) {}
-
+    explicit RecordingStream(ExceptionRows exceptions) : folds(exceptions == ExceptionRows::Folded)
+    {
+        SetLevel(LogStreamLevel::Debug);
+    }
     void Write(const LogStreamChannel& channel, LogStreamLevel level, int, const String& message) override
     {
-        target.push_back(channel.ToString().Utf8() + "|" + level.ToString().Utf8() + "|" + message.Utf8());
+        Add(level.ToString().Utf8().substr(0, 1), channel, message);
+    }
+    void Write(const LogStreamChannel& channel, const String& message, const Exception& exception) override
+    {
+        folds ? Add("E", channel, message) : ILogStream::Write(channel, message, exception);
+    }
+    void Add(const std::string& letter, const LogStreamChannel& channel, const String& message)
+    {
+        const std::lock_guard guard(lock);
+        rows.push_back(letter + " " + channel.ToString().Utf8() + ": " + message.Utf8());
+        added.notify_all();
     }
 
-private:
-    std::vector<std::string>& target;
+    const bool folds;
+    std::mutex lock;
+    std::condition_variable added;
+    Rows rows;
 };
-} // namespace
 
-LogRecorder::LogRecorder()
+LogRecorder::LogRecorder(ExceptionRows exceptions) : stream(new RecordingStream(exceptions))
 {
-    DiscoveryLogger::Instance().SetStream(Tesmo::Sp<ILogStream>(new RecordingStream(rows)));
+    DiscoveryLogger::Instance().SetStream(stream);
 }
 
 LogRecorder::~LogRecorder()
@@ -38,8 +53,17 @@ LogRecorder::~LogRecorder()
     DiscoveryLogger::Instance().SetStream({});
 }
 
-std::vector<std::string> LogRecorder::Take()
+Rows LogRecorder::Take()
 {
-    return std::exchange(rows, {});
+    const std::lock_guard guard(stream->lock);
+    return std::exchange(stream->rows, {});
+}
+
+bool LogRecorder::WaitFor(const std::string& row)
+{
+    std::unique_lock guard(stream->lock);
+    return stream->added.wait_for(
+        guard, std::chrono::seconds(10),
+        [&] { return std::find(stream->rows.begin(), stream->rows.end(), row) != stream->rows.end(); });
 }
 } // namespace Zelkor::Discovery

@@ -1,41 +1,22 @@
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ArgumentOutOfRangeException.h>
-#include <Core/System/IndexOutOfRangeException.h>
-#include <Core/System/NullReferenceException.h>
-#include <Core/System/ObjectClosedException.h>
-
 #include <Core/System/Net/Sockets/SocketException.h>
+#include <Corelib/Tests/CoreTest.h>
 
 #include <Discovery/Transport/DiscoveryPorts.h>
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 #include <Discovery/Transport/DiscoverySocketUdpClientFactory.h>
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <cstring>
 #include <future>
-#include <string>
 
 namespace Zelkor::Discovery
 {
 namespace
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::Up;
-using Tesmo::System::ArgumentNullException;
-using Tesmo::System::ArgumentOutOfRangeException;
-using Tesmo::System::IndexOutOfRangeException;
-using Tesmo::System::NullReferenceException;
-using Tesmo::System::ObjectClosedException;
-using Tesmo::System::Net::IPAddress;
-using Tesmo::System::Net::IPEndPoint;
-using Tesmo::System::Net::Sockets::SocketError;
-using Tesmo::System::Net::Sockets::SocketException;
-using Tesmo::System::Net::Sockets::SocketOptionLevel;
-using Tesmo::System::Net::Sockets::SocketOptionName;
-using Tesmo::System::Net::Sockets::UdpClient;
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Net;
+using namespace Net::Sockets;
 
 const IPAddress& Loopback()
 {

@@ -61,7 +61,8 @@ public:
     JSONObject OptObject(Key key) const; ///< an empty object where it is missing
     JSONObject OptObject(Key key, const JSONObject& defaultValue) const;
 
-    /// Fetch a value and take it out of the document. False, and no change, where it is missing.
+    /// Fetch a value and take it out of the document. False, and no change, where it is missing. A document may take
+    /// a part of its own into itself: it is a copy of that part then.
     bool Take(Key key, std::int32_t& value);
     bool Take(Key key, double& value);
     bool Take(Key key, bool& value);

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <Core/System/Object.h>
 #include <Core/System/String.h>
 #include <Serialization.Json/JSONAccess.h>
-#include <Serialization.Json/JSONAllocator.h>
-#include <Serialization.Json/JSONItem.h>
+#include <Serialization.Json/JSONDocument.h>
 
 namespace Zelkor::Serialization::Json
 {
 /// A JSON array. Used by one thread at a time; copies share nothing.
-class JSONArray : public JSONAllocator, public Tesmo::System::Object, public JSONAccess<JSONArray, int>
+class JSONArray : public JSONDocument<'['>, public JSONAccess<JSONArray, int>
 {
 public:
     /// An empty array.
@@ -28,9 +26,6 @@ public:
 
     ~JSONArray() override = default;
 
-    /// The compact text, without white space.
-    Tesmo::System::String ToString() const override;
-
     /// The number of elements.
     int GetLength() const;
 
@@ -43,10 +38,9 @@ private:
     void Load(const cJSON* item);
     const cJSON* Locate(int index) const;
     void Attach(int index, JSONItem value);
+    void InsertBefore(cJSON* next, cJSON* item);
     void Detach(const cJSON* item);
     [[noreturn]] static void ThrowMissing();
-
-    JSONItem root; ///< empty only after a failed assignment
 
     /// The element found last: elements are a linked list, and a walk by index shall not begin anew at each step.
     mutable const cJSON* lastFound = nullptr;

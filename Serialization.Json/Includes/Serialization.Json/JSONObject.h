@@ -1,24 +1,20 @@
 #pragma once
 
 #include <Core/System/Array.h>
-#include <Core/System/Object.h>
 #include <Core/System/String.h>
 #include <Serialization.Json/JSONAccess.h>
-#include <Serialization.Json/JSONAllocator.h>
-#include <Serialization.Json/JSONItem.h>
+#include <Serialization.Json/JSONDocument.h>
 
 #include <cstdint>
 
 namespace Zelkor::Serialization::Json
 {
 /// A JSON object: members in document order, equal names kept. Used by one thread at a time; copies share nothing.
-class JSONObject : public JSONAllocator,
-                   public Tesmo::System::Object,
-                   public JSONAccess<JSONObject, const Tesmo::System::String&>
+class JSONObject : public JSONDocument<'{'>, public JSONAccess<JSONObject, const Tesmo::System::String&>
 {
 public:
     /// An empty object.
-    JSONObject();
+    JSONObject() = default;
 
     /// Parses the first value of the text, which must be an object; what follows it is not looked at, and a zero byte
     /// ends the text. More lenient than RFC 8259: any byte from 1 to 32 is white space, strings may hold raw control
@@ -27,17 +23,14 @@ public:
     /// deep at most.
     /// @throws ArgumentNullException  text is null
     /// @throws FormatException        text does not begin with a valid object
-    explicit JSONObject(const Tesmo::System::String& text);
+    explicit JSONObject(const Tesmo::System::String& text) : JSONDocument(text) {}
 
     /// Prints the source and parses the text.
     /// @throws ArgumentNullException  other is null
-    JSONObject(const JSONObject& other);
-    JSONObject& operator=(const JSONObject& other);
+    JSONObject(const JSONObject& other) = default;
+    JSONObject& operator=(const JSONObject& other) = default;
 
     ~JSONObject() override = default;
-
-    /// The compact text: no white space, members in document order.
-    Tesmo::System::String ToString() const override;
 
     /// The names in document order.
     Tesmo::System::Array<Tesmo::System::String> GetKeys() const;
@@ -48,14 +41,11 @@ private:
     friend class JSONAccess<JSONObject, const Tesmo::System::String&>;
     friend class JSONAccess<JSONArray, int>;
 
-    explicit JSONObject(const cJSON& item);
+    explicit JSONObject(const cJSON& item) : JSONDocument(item) {}
 
-    void Load(const cJSON* item);
     const cJSON* Locate(const Tesmo::System::String& key) const;
     void Attach(const Tesmo::System::String& key, JSONItem value);
     void Detach(const cJSON* item);
     [[noreturn]] static void ThrowMissing();
-
-    JSONItem root; ///< empty only after a failed assignment
 };
 } // namespace Zelkor::Serialization::Json

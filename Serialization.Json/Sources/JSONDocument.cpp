@@ -1,0 +1,91 @@
+#include <Serialization.Json/JSONDocument.h>
+
+#include "CJSONAdapter.h"
+
+#include <Core/System/ArgumentNullException.h>
+#include <Core/System/FormatException.h>
+#include <Core/System/ThrowSite.h>
+
+#include <string>
+#include <utility>
+
+namespace Zelkor::Serialization::Json
+{
+using Tesmo::System::ArgumentNullException;
+using Tesmo::System::FormatException;
+using Tesmo::System::String;
+
+namespace
+{
+template <class T>
+const T& Checked(const T& argument)
+{
+    if (Tesmo::IsNull(argument))
+    {
+        throw ArgumentNullException(ThrowSite);
+    }
+    return argument;
+}
+
+JSONItem Parse(const std::string& text, char opening)
+{
+    JSONItem root = CJSONAdapter::Parse(text, opening);
+    if (root == nullptr)
+    {
+        throw FormatException(ThrowSite);
+    }
+    return root;
+}
+} // namespace
+
+template <char Opening>
+JSONDocument<Opening>::JSONDocument()
+    : root(CJSONAdapter::Checked(Opening == '{' ? cJSON_CreateObject() : cJSON_CreateArray()))
+{
+}
+
+template <char Opening>
+JSONDocument<Opening>::JSONDocument(const String& text) : root(Parse(Checked(text).Utf8(), Opening))
+{
+}
+
+template <char Opening>
+JSONDocument<Opening>::JSONDocument(const cJSON& item)
+{
+    Load(&item);
+}
+
+template <char Opening>
+JSONDocument<Opening>::JSONDocument(const JSONDocument& other) : JSONAllocator(),
+                                                                 Object()
+{
+    Load(Checked(other).root.get());
+}
+
+template <char Opening>
+JSONDocument<Opening>& JSONDocument<Opening>::operator=(const JSONDocument& other)
+{
+    Load(Checked(other).root.get());
+    return *this;
+}
+
+template <char Opening>
+String JSONDocument<Opening>::ToString() const
+{
+    std::string text;
+    CJSONAdapter::Print(root.get(), text);
+    return String(std::move(text));
+}
+
+template <char Opening>
+void JSONDocument<Opening>::Load(const cJSON* item)
+{
+    std::string text;
+    CJSONAdapter::Print(item, text);
+    root.reset();
+    root = Parse(text, Opening);
+}
+
+template class JSONDocument<'{'>;
+template class JSONDocument<'['>;
+} // namespace Zelkor::Serialization::Json
