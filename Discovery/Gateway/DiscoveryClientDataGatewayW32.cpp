@@ -4,18 +4,24 @@
 #include <Core/System/Array.h>
 #include <Core/System/Byte.h>
 #include <Core/System/Exception.h>
+#include <Core/System/IO/FileInfo.h>
+#include <Core/System/IO/IOException.h>
 #include <Core/System/IO/Path.h>
+#include <Core/System/IO/StreamReader.h>
 #include <Core/System/Net/IPAddress.h>
-#include <Core/System/NotSupportedException.h>
+#include <Discovery/Gateway/DiscoveryProductPluginsController.h>
+#include <Discovery/Gateway/Platform/AdapterSettings.h>
 #include <Discovery/Gateway/Platform/Adapters.h>
 #include <Discovery/Gateway/Platform/AddressChange.h>
 #include <Discovery/Gateway/Platform/DeviceType.h>
 #include <Discovery/Gateway/Platform/HostName.h>
 #include <Discovery/Gateway/Platform/IdentityNumber.h>
 #include <Discovery/Gateway/Platform/ProgramRoot.h>
+#include <Discovery/Gateway/Platform/Reboot.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -25,16 +31,21 @@ using Tesmo::Sp;
 using Tesmo::System::Array;
 using Tesmo::System::Byte;
 using Tesmo::System::Exception;
-using Tesmo::System::NotSupportedException;
 using Tesmo::System::String;
 using Tesmo::System::Collections::Generic::List;
+using Tesmo::System::IO::FileInfo;
+using Tesmo::System::IO::IOException;
 using Tesmo::System::IO::Path;
+using Tesmo::System::IO::StreamReader;
 using Tesmo::System::LogStreams::LogStreamChannel;
 using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
 
 namespace
 {
+/// Bytes of a file of infos that may still be announced: what UDP over IPv4 carries at most (RFC 768, RFC 791).
+constexpr std::int64_t LongestInfos = 65507;
+
 using AdapterVisitor = std::function<void(const Platform::Adapter&, const MACAddress&)>;
 
 /// @throws ArgumentException  the address hasn't 6 bytes
@@ -88,6 +99,89 @@ Sp<NICConfig> MakeNICConfig(const Platform::Adapter& adapter, const MACAddress& 
     config->MTU = "Unknown";
     return config;
 }
+
+constexpr int RebootDelay = 30; // seconds: the time that users have to save their work
+
+/// What request asks of an adapter of this host: the adapter's own name counts, not the one in the request.
+Sp<NICConfig> MakeWorkItem(const NICConfig& request, const NICConfig& adapter)
+{
+    return Sp<NICConfig>(new NICConfig(adapter.FriendlyName, request.MACAddress, request.IPAddress, request.SubNetMask,
+                                       request.DefaultGateway, request.MTU));
+}
+
+/// One item for each request and each adapter that it names, unless the adapter is as it shall be.
+Sp<List<Sp<NICConfig>>> MakeWorkItems(const List<Sp<NICConfig>>& requests, const List<Sp<NICConfig>>& adapters)
+{
+    Sp<List<Sp<NICConfig>>> items(new List<Sp<NICConfig>>());
+    for (const Sp<NICConfig>& request : requests)
+    {
+        for (const Sp<NICConfig>& adapter : adapters)
+        {
+            if (request->MACAddress == adapter->MACAddress)
+            {
+                const Sp<NICConfig> item = MakeWorkItem(*request, *adapter);
+                if (!(*item == *adapter))
+                {
+                    items->Add(item);
+                }
+            }
+        }
+    }
+    return items;
+}
+
+/// "address/mask/gateway"
+String AddressTexts(const NICConfig& config)
+{
+    return config.IPAddress.ToString() + "/" + config.SubNetMask.ToString() + "/" + config.DefaultGateway.ToString();
+}
+
+/// @throws Exception  the host refused
+void Apply(const LogStreamChannel& channel, const NICConfig& item)
+{
+    DiscoveryLogger& logger = DiscoveryLogger::Instance();
+    logger.Write(channel,
+                 "Updating IP config of " + item.FriendlyName + " (" + item.MACAddress.ToString() +
+                     "). New IP config : " + AddressTexts(item),
+                 LogStreamLevel::Standard);
+    const Platform::AdapterSettings settings = {
+        item.FriendlyName.Utf8(), item.IPAddress.ToString().Utf8(), item.SubNetMask.ToString().Utf8(),
+        item.HasDefaultGateway ? item.DefaultGateway.ToString().Utf8() : std::string()};
+    Platform::DisableAddressProbes(settings); // an adapter that keeps its probes only takes longer
+    std::string remark;
+    const int error = Platform::ApplyAdapterSettings(settings, remark);
+    if (!remark.empty())
+    {
+        logger.Write(channel, "IP config of " + item.FriendlyName + " : " + String(remark), LogStreamLevel::Critical);
+    }
+    if (error != 0)
+    {
+        throw Exception("W32Gateway::SetIPAddresses failed ! Args : " + item.FriendlyName + "/" + AddressTexts(item),
+                        ThrowSite);
+    }
+}
+
+bool FileExists(const String& path)
+{
+    try
+    {
+        return FileInfo(path).Exists();
+    }
+    catch (const Exception&)
+    {
+        return false;
+    }
+}
+
+String ReadInfosText(const String& path)
+{
+    StreamReader reader(path);
+    if (reader.BaseStream()->Length() > LongestInfos)
+    {
+        throw IOException("The file is longer than a datagram.", ThrowSite);
+    }
+    return reader.ReadToEnd();
+}
 } // namespace
 
 DiscoveryClientDataGatewayW32::DiscoveryClientDataGatewayW32() : channel("ClientDataGateway")
@@ -118,12 +212,34 @@ Sp<List<Sp<NICConfig>>> DiscoveryClientDataGatewayW32::GetNICConfigs()
 
 Sp<List<Sp<DiscoveryHostProduct>>> DiscoveryClientDataGatewayW32::GetProducts()
 {
-    return Sp<List<Sp<DiscoveryHostProduct>>>(new List<Sp<DiscoveryHostProduct>>());
+    try
+    {
+        return DiscoveryProductPluginsController(productIDsFolder).GetProducts();
+    }
+    catch (const Exception& failure)
+    {
+        DiscoveryLogger::Instance().Write(channel, "Aborting GetProducts : exception caught in GetProducts !", failure);
+        return Sp<List<Sp<DiscoveryHostProduct>>>(new List<Sp<DiscoveryHostProduct>>());
+    }
 }
 
 Sp<FileTransferInfos> DiscoveryClientDataGatewayW32::GetFileTransferInfos()
 {
-    return Sp<FileTransferInfos>(new FileTransferInfos());
+    try
+    {
+        Sp<FileTransferInfos> infos(new FileTransferInfos());
+        if (FileExists(fileTransferInfosFile))
+        {
+            infos->ReadJSON(ReadInfosText(fileTransferInfosFile));
+        }
+        return infos;
+    }
+    catch (const Exception& failure)
+    {
+        DiscoveryLogger::Instance().Write(channel, "Aborting GetFileTransferInfos : exception caught in GetFTPInfos !",
+                                          failure);
+        return Sp<FileTransferInfos>(new FileTransferInfos());
+    }
 }
 
 String DiscoveryClientDataGatewayW32::GetHostName()
@@ -176,9 +292,16 @@ void DiscoveryClientDataGatewayW32::ChangeIPConfig(const NICConfig& config)
     ChangeIPConfig(configs);
 }
 
-void DiscoveryClientDataGatewayW32::ChangeHostName(const String&)
+void DiscoveryClientDataGatewayW32::ChangeHostName(const String& newName)
 {
-    throw NotSupportedException(ThrowSite);
+    if (GetHostName() == newName)
+    {
+        return;
+    }
+    if (Platform::WriteHostName(newName.Utf8()) != 0 || Platform::RequestReboot(RebootDelay) != 0)
+    {
+        throw Exception("W32Gateway::SetHostName failed ! Args : " + newName, ThrowSite);
+    }
 }
 
 bool DiscoveryClientDataGatewayW32::IsHostNameReadOnly()
@@ -196,9 +319,19 @@ bool DiscoveryClientDataGatewayW32::RebootRequiredForHostNameChange()
     return true;
 }
 
-void DiscoveryClientDataGatewayW32::ChangeIPConfig(Sp<List<Sp<NICConfig>>>)
+void DiscoveryClientDataGatewayW32::ChangeIPConfig(Sp<List<Sp<NICConfig>>> configs)
 {
-    throw NotSupportedException(ThrowSite);
+    const Sp<List<Sp<NICConfig>>> items = MakeWorkItems(*configs, *GetNICConfigs());
+    if (items->Count() == 0)
+    {
+        DiscoveryLogger::Instance().Write(channel, "No IP configuration to update on this Client.",
+                                          LogStreamLevel::Standard);
+        return;
+    }
+    for (const Sp<NICConfig>& item : *items)
+    {
+        Apply(channel, *item);
+    }
 }
 
 bool DiscoveryClientDataGatewayW32::RunIPChangeWatcher()

@@ -20,7 +20,10 @@ public:
     /// An adapter without an address has 0.0.0.0 as address and mask. The MTU is never measured.
     /// @throws Exception  "W32Gateway::GetAdaptersInfos failed !"
     Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> GetNICConfigs() override;
+    /// Loads, asks and unloads every plug-in anew; a failure is logged and leaves out the product, or all of them.
+    /// @throws std::exception  what a plug-in throws against its contract
     Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() override;
+    /// Reads the file anew. None where there is no such file; a failure is logged and gives none, too.
     Tesmo::Sp<FileTransferInfos> GetFileTransferInfos() override;
     /// @throws Exception  "W32Gateway::GetHostName failed !"
     Tesmo::System::String GetHostName() override;
@@ -29,14 +32,20 @@ public:
     Tesmo::System::String GetSerialNumber() override;
     DiscoveryHost GetHost() override;
 
-    /// @throws NotSupportedException  always, from the list overload
+    /// Hands a copy of config to the list overload.
     void ChangeIPConfig(const NICConfig& config) override;
-    /// @throws NotSupportedException  always
+    /// Renames the host and has it restarted in 30 seconds; the present name, in the same case, does nothing. Blocks for
+    /// 60 s at most on Linux. A name stays changed when the restart is refused.
+    /// @throws Exception  "W32Gateway::SetHostName failed ! Args : " and the name
     void ChangeHostName(const Tesmo::System::String& newName) override;
     bool IsHostNameReadOnly() override;
     bool RebootRequiredForIPConfigChange() override;
     bool RebootRequiredForHostNameChange() override;
-    /// @throws NotSupportedException  always
+    /// Applies each configuration to every adapter of this host with its hardware address, unless the adapter has that
+    /// configuration already. An adapter without gateway, and an MTU other than the host's, always count as different.
+    /// Blocks for 30 s an adapter at most on Linux. There is no way back: what was applied before a failure stays.
+    /// @throws Exception  "W32Gateway::SetIPAddresses failed ! Args : " and the first adapter that refused, with the
+    ///                    wanted values; "W32Gateway::GetAdaptersInfos failed !"
     void ChangeIPConfig(Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> configs) override;
 
     bool RunIPChangeWatcher() override;

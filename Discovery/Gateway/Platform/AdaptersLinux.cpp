@@ -8,6 +8,8 @@
 #include <memory>
 #include <net/if.h>
 #include <netlink/cache.h>
+#include <netlink/errno.h>
+#include <netlink/msg.h>
 #include <netlink/route/addr.h>
 #include <netlink/route/link.h>
 #include <netlink/route/route.h>
@@ -147,20 +149,39 @@ void TakeGateway(rtnl_nexthop* hop, std::uint32_t metric, Entries& entries)
     }
 }
 
-void TakeGateways(const Cache& routes, Entries& entries)
+void TakeGateways(rtnl_route* route, Entries& entries)
 {
-    ForEach<rtnl_route>(routes,
-                        [&](rtnl_route* route)
-                        {
-                            if (!IsDefaultRoute(route))
-                            {
-                                return;
-                            }
-                            for (int i = 0; i < rtnl_route_get_nnexthops(route); ++i)
-                            {
-                                TakeGateway(rtnl_route_nexthop_n(route, i), rtnl_route_get_priority(route), entries);
-                            }
-                        });
+    if (!IsDefaultRoute(route))
+    {
+        return;
+    }
+    for (int i = 0; i < rtnl_route_get_nnexthops(route); ++i)
+    {
+        TakeGateway(rtnl_route_nexthop_n(route, i), rtnl_route_get_priority(route), entries);
+    }
+}
+
+/// Routes are taken as they come: a cache would drop the default route of a second adapter that has the same metric.
+/// @returns 0, or libnl's negative code
+int FetchGateways(nl_sock* socket, Snapshot& snapshot)
+{
+    const auto take = [](nl_msg* message, void* entries)
+    {
+        rtnl_route* route = nullptr;
+        if (rtnl_route_parse(nlmsg_hdr(message), &route) == 0)
+        {
+            TakeGateways(route, *static_cast<Entries*>(entries));
+            rtnl_route_put(route);
+        }
+        return static_cast<int>(NL_OK);
+    };
+    rtmsg request = {};
+    request.rtm_family = AF_INET;
+    nl_socket_modify_cb(socket, NL_CB_VALID, NL_CB_CUSTOM, take, &snapshot.entries);
+    const int sent = nl_send_simple(socket, RTM_GETROUTE, NLM_F_DUMP, &request, sizeof(request));
+    const int result = sent < 0 ? sent : nl_recvmsgs_default(socket);
+    snapshot.hasDuplicates |= result == -NLE_DUMP_INTR; // changed meanwhile
+    return result == -NLE_DUMP_INTR ? 0 : result;
 }
 
 /// @returns 0, or libnl's code (netlink/errno.h), a positive number
@@ -177,15 +198,9 @@ int Fetch(nl_sock* socket, Snapshot& snapshot)
         return -result;
     }
     const Cache addresses(raw, nl_cache_free);
-    if (const int result = rtnl_route_alloc_cache(socket, AF_INET, 0, &raw); result < 0)
-    {
-        return -result;
-    }
-    const Cache routes(raw, nl_cache_free);
     TakeLinks(links, snapshot);
     TakeAddresses(addresses, snapshot);
-    TakeGateways(routes, snapshot.entries);
-    return 0;
+    return -FetchGateways(socket, snapshot);
 }
 
 } // namespace

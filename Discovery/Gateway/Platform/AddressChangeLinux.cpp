@@ -1,5 +1,7 @@
 #include "AddressChange.h"
 
+#include "Linux/AddressNotice.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
@@ -89,27 +91,38 @@ int CancelEvent()
     return descriptor;
 }
 
-Outcome ReadEvents(short socketEvents, short cancelEvents, AddressSocket* changes)
+/// The event of changes that the kernel does not tell.
+int NoticeEvent()
 {
-    std::uint64_t cancels = 0;
-    if (cancelEvents != 0)
-    {
-        return read(CancelEvent(), &cancels, sizeof(cancels)) == sizeof(cancels) ? Outcome::Cancelled : Outcome::Failed;
-    }
-    return socketEvents != 0 ? changes->Drain() : Outcome::TimedOut;
+    static const int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    return descriptor;
+}
+
+/// Takes what an event has counted.
+Outcome Take(int event, Outcome outcome)
+{
+    std::uint64_t count = 0;
+    return read(event, &count, sizeof(count)) == sizeof(count) ? outcome : Outcome::Failed;
 }
 
 /// @param changes  null: waits for a cancel alone
 /// @param timeout  negative: no limit
 Outcome Wait(AddressSocket* changes, milliseconds timeout)
 {
-    pollfd sources[] = {{CancelEvent(), POLLIN, 0}, {changes == nullptr ? -1 : changes->Descriptor(), POLLIN, 0}};
+    const bool all = changes != nullptr;
+    pollfd sources[] = {{CancelEvent(), POLLIN, 0},
+                        {all ? NoticeEvent() : -1, POLLIN, 0},
+                        {all ? changes->Descriptor() : -1, POLLIN, 0}};
     int ready = 0;
     do
     {
-        ready = poll(sources, 2, static_cast<int>(timeout.count()));
+        ready = poll(sources, std::size(sources), static_cast<int>(timeout.count()));
     } while (ready < 0 && errno == EINTR);
-    return ready < 0 ? Outcome::Failed : ReadEvents(sources[1].revents, sources[0].revents, changes);
+    return ready < 0                 ? Outcome::Failed
+           : sources[0].revents != 0 ? Take(CancelEvent(), Outcome::Cancelled)
+           : sources[1].revents != 0 ? Take(NoticeEvent(), Outcome::Changed)
+           : sources[2].revents != 0 ? changes->Drain()
+                                     : Outcome::TimedOut;
 }
 
 Outcome Settle(AddressSocket& changes)
@@ -145,6 +158,13 @@ bool WaitForAddressChange()
         std::this_thread::sleep_for(FailurePause);
     }
     return outcome == Outcome::Changed;
+}
+
+void NoteAddressChange()
+{
+    const std::uint64_t one = 1;
+    // Only a full counter refuses, and then the next wait ends in any case.
+    [[maybe_unused]] const ssize_t written = write(NoticeEvent(), &one, sizeof(one));
 }
 
 int CancelAddressChangeWait()

@@ -39,6 +39,12 @@ bool IsPending(DWORD result)
 bool WaitForAddressChange()
 {
     const HANDLE event = ChangeEvent();
+    if (WaitForSingleObject(event, 0) ==
+        WAIT_OBJECT_0) // a cancel came before: no notification is left pending behind it
+    {
+        WSAResetEvent(event);
+        return false;
+    }
     overlapped.hEvent = event;
     WSASetLastError(0); // an earlier wait left 997 there, which must not hide a failure of this one
     if (!IsPending(NotifyAddrChange(&notification, &overlapped)))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace Zelkor::Discovery::Platform
 {
 
@@ -9,5 +11,11 @@ constexpr int HostNameSize = 1024; ///< bytes with the closing zero; Linux needs
 /// @param name  receives zero-terminated text, defined only on success
 /// @returns 0, or the platform's code: errno on Linux, GetLastError on Win32
 int ReadHostName(char (&name)[HostNameSize]);
+
+/// Gives the host a new name that outlasts a restart. Linux: it holds at once, blocks for 30 s at most; Win32: it holds
+/// from the next start on. Task thread.
+/// @param name  the new name; the platform decides what it accepts, a refused one changes nothing
+/// @returns 0, or a failure: the platform's code where it gives one
+int WriteHostName(const std::string& name);
 
 } // namespace Zelkor::Discovery::Platform

@@ -132,7 +132,9 @@ TEST_F(AdaptersTests, TheGatewayIsThatOfTheBestUnicastDefaultRouteInTheMainTable
         "ip route add default via 10.1.0.50 dev a1 table 50; ip route add 0.0.0.0/1 via 10.1.0.40 dev a1 metric 1;"
         "ip route add blackhole default metric 5;"
         "ip route add default metric 300 nexthop via 10.2.0.254 dev a2 nexthop via 10.3.0.254 dev a3;"
-        "ip route add default dev a4 metric 10");
+        "ip route add default dev a4 metric 10;"
+        "ip link add a5 type veth peer name b5; ip link set a5 up; ip link set b5 up; ip addr add 10.5.0.1/24 dev a5;"
+        "ip route append default via 10.5.0.254 dev a5 metric 100");
 
     const auto adapters = ReadByName();
 
@@ -140,4 +142,5 @@ TEST_F(AdaptersTests, TheGatewayIsThatOfTheBestUnicastDefaultRouteInTheMainTable
     EXPECT_STREQ("10.2.0.254", adapters.at("a2").gatewayText);
     EXPECT_STREQ("10.3.0.254", adapters.at("a3").gatewayText);
     EXPECT_STREQ("", adapters.at("a4").gatewayText);
+    EXPECT_STREQ("10.5.0.254", adapters.at("a5").gatewayText) << "the metric of a1's";
 }

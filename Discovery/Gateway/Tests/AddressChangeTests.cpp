@@ -1,6 +1,7 @@
 #include "NetworkNamespace.h"
 
 #include <Discovery/Gateway/Platform/AddressChange.h>
+#include <Discovery/Gateway/Platform/Linux/AddressNotice.h>
 #include <atomic>
 #include <chrono>
 #include <fstream>
@@ -11,6 +12,7 @@
 
 using namespace std::chrono_literals;
 using Zelkor::Discovery::Platform::CancelAddressChangeWait;
+using Zelkor::Discovery::Platform::NoteAddressChange;
 using Zelkor::Discovery::Platform::WaitForAddressChange;
 
 namespace
@@ -107,8 +109,13 @@ TEST_F(AddressChangeTests, ABurstOfChangesIsOneChange)
 
     std::future<bool> second = StartWait();
     EXPECT_EQ(std::future_status::timeout, second.wait_for(300ms)) << "nothing of the burst is left";
+    NoteAddressChange();
+    EXPECT_TRUE(second.get()) << "a change that the kernel does not tell";
+
+    std::future<bool> third = StartWait();
+    EXPECT_EQ(std::future_status::timeout, third.wait_for(300ms)) << "nothing of the notice is left";
     CancelAddressChangeWait();
-    EXPECT_FALSE(second.get());
+    EXPECT_FALSE(third.get());
 }
 
 TEST_F(AddressChangeTests, ChangesWithoutAnEndDoNotHoldTheWait)

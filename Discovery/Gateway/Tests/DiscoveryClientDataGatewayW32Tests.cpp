@@ -1,55 +1,31 @@
 #include "HostFake.h"
 
-#include <Core/LogStream/ILogStream.h>
 #include <Core/System/Exception.h>
-#include <Core/System/NotSupportedException.h>
+#include <Core/System/Net/IPAddress.h>
+#include <Corelib/Tests/CoreTest.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 using namespace Zelkor::Discovery;
 using namespace Zelkor::Discovery::Client;
 using Tesmo::Sp;
 using Tesmo::System::Exception;
-using Tesmo::System::NotSupportedException;
 using Tesmo::System::String;
 using Tesmo::System::Collections::Generic::List;
-using namespace Tesmo::System::LogStreams;
 
 namespace
 {
-std::vector<std::string> rows;
-
-class RecordingLogStream : public ILogStream
-{
-public:
-    using ILogStream::Write;
-    void Write(const LogStreamChannel& channel, LogStreamLevel level, int, const String& message) override
-    {
-        rows.push_back(channel.ToString().Utf8() + " " + level.ToString().Utf8() + " " + message.Utf8());
-    }
-};
-
-class DiscoveryClientDataGatewayW32Tests : public testing::Test
+class DiscoveryClientDataGatewayW32Tests : public LogTest
 {
 protected:
     void SetUp() override
     {
         host = HostFake();
         host.hostName = "node-7";
-        rows.clear();
-        DiscoveryLogger::Instance().SetStream(Sp<ILogStream>(new RecordingLogStream()));
-    }
-
-    void TearDown() override
-    {
-        DiscoveryLogger::Instance().Close();
     }
 };
 
@@ -81,6 +57,11 @@ std::string MessageOf(const std::function<void()>& action)
     return "no failure";
 }
 
+Tesmo::System::Net::IPAddress Address(const char* text)
+{
+    return Tesmo::System::Net::IPAddress::Parse(text);
+}
+
 std::string Describe(const NICConfig& config)
 {
     return config.FriendlyName.Utf8() + " " + config.MACAddress.ToString().Utf8() + " " +
@@ -104,7 +85,7 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, EachAdapterBecomesARecordInTheHostsOr
     EXPECT_EQ("first A0:A1:A2:A3:A4:A5 10.2.2.3/255.0.0.0/255.255.255.255 none Unknown", Describe(*(*configs)[1]));
     EXPECT_EQ(" A0:A1:A2:A3:A4:A5 0.0.0.0/0.0.0.0/255.255.255.255 none Unknown", Describe(*(*configs)[2]));
     EXPECT_EQ(3, gateway.GetMACAddress()->Count());
-    EXPECT_TRUE(rows.empty());
+    EXPECT_TRUE(log.Take().empty());
 }
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, AnAdapterWhoseAddressHasNotSixBytesIsLoggedAndLeftOut)
@@ -113,22 +94,19 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, AnAdapterWhoseAddressHasNotSixBytesIs
     {
         SCOPED_TRACE(length);
         host.adapters.clear();
-        rows.clear();
         AddAdapter("tunnel", length, "10.0.0.1", "255.0.0.0", "");
         AddAdapter("lan", 6, "10.0.0.2", "255.0.0.0", "");
-        const std::vector<std::string> expected = {
-            "ClientDataGateway Critical Unexpected MAC Address length for tunnel: " + std::to_string(length) +
-            " -> NIC ignored"};
+        const std::vector<std::string> expected = {"C ClientDataGateway: Unexpected MAC Address length for tunnel: " +
+                                                   std::to_string(length) + " -> NIC ignored"};
 
         DiscoveryClientDataGatewayW32 gateway;
 
         const Sp<List<Sp<NICConfig>>> configs = gateway.GetNICConfigs();
         ASSERT_EQ(1, configs->Count());
         EXPECT_EQ("lan", (*configs)[0]->FriendlyName.Utf8());
-        EXPECT_EQ(expected, rows);
-        rows.clear();
+        EXPECT_EQ(expected, log.Take());
         EXPECT_EQ(1, gateway.GetMACAddress()->Count());
-        EXPECT_EQ(expected, rows);
+        EXPECT_EQ(expected, log.Take());
     }
 }
 
@@ -210,30 +188,129 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, OneConfigurationGoesTheRoadOfAList)
     EXPECT_EQ("lan", (*gateway.received)[0]->FriendlyName.Utf8());
 }
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesAreNotSupported)
+TEST_F(DiscoveryClientDataGatewayW32Tests, OnlyADifferentConfigurationOfAnOwnAdapterIsApplied)
 {
-    DiscoveryClientDataGatewayW32 gateway;
-    EXPECT_THROW(gateway.ChangeIPConfig(NICConfig()), NotSupportedException);
-    EXPECT_THROW(gateway.ChangeHostName("node-8"), NotSupportedException);
+    AddAdapter("lan", 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
+    AddAdapter("bare", 6, "10.9.2.3", "255.255.0.0", "");
+    host.adapters[1].macBytes[0] = 1;
+    NICConfig same = *(*DiscoveryClientDataGatewayW32().GetNICConfigs())[0];
+    same.FriendlyName = "the requester's name for it";
+    NICConfig moved = same;
+    moved.IPAddress = Address("10.1.2.4");
+    NICConfig otherMTU = same;
+    otherMTU.MTU = "1500";
+    NICConfig foreign = moved;
+    foreign.MACAddress = MACAddress("01:02:03:04:05:06");
+    const NICConfig withoutGateway = *(*DiscoveryClientDataGatewayW32().GetNICConfigs())[1];
+    using Row = std::tuple<const char*, NICConfig, std::vector<std::string>>;
+    for (const auto& [description, request, changes] :
+         {Row{"as it is", same, {}}, Row{"another host's", foreign, {}},
+          Row{"moved", moved, {"probes lan", "set lan 10.1.2.4 255.255.0.0 10.1.0.1"}},
+          Row{"other MTU", otherMTU, {"probes lan", "set lan 10.1.2.3 255.255.0.0 10.1.0.1"}},
+          Row{"unset gateway", withoutGateway, {"probes bare", "set bare 10.9.2.3 255.255.0.0 255.255.255.255"}}})
+    {
+        SCOPED_TRACE(description);
+        host.changes.clear();
+
+        DiscoveryClientDataGatewayW32().ChangeIPConfig(request);
+
+        EXPECT_EQ(changes, host.changes);
+        const Rows rows = log.Take();
+        ASSERT_EQ(1u, rows.size());
+        EXPECT_EQ(changes.empty(), rows[0] == "S ClientDataGateway: No IP configuration to update on this Client.");
+    }
+}
+
+TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesStopAtTheFirstAdapterThatRefuses)
+{
+    Sp<List<Sp<NICConfig>>> requests(new List<Sp<NICConfig>>());
+    for (const char* const name : {"first", "second", "third"})
+    {
+        AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
+        host.adapters.back().macBytes[0] = static_cast<unsigned char>(host.adapters.size());
+    }
+    const Sp<List<Sp<NICConfig>>> owns = DiscoveryClientDataGatewayW32().GetNICConfigs();
+    for (const Sp<NICConfig>& own : *owns)
+    {
+        own->IPAddress = Address("10.1.2.4");
+        requests->Add(own);
+    }
+    host.probesResult = 1; // without any effect
+    host.settingsResult = 1;
+    host.refusingAdapter = "second";
+    host.remark = "a reason";
+
+    EXPECT_EQ("W32Gateway::SetIPAddresses failed ! Args : second/10.1.2.4/255.255.0.0/10.1.0.1",
+              MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeIPConfig(requests); }));
+
+    EXPECT_EQ((std::vector<std::string>{"probes first", "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes second",
+                                        "set second 10.1.2.4 255.255.0.0 10.1.0.1"}),
+              host.changes);
+    const Rows rows = log.Take();
+    ASSERT_EQ(4u, rows.size());
+    EXPECT_EQ("S ClientDataGateway: Updating IP config of first (01:A1:A2:A3:A4:A5). New IP config : "
+              "10.1.2.4/255.255.0.0/10.1.0.1",
+              rows[0]);
+    EXPECT_EQ("C ClientDataGateway: IP config of second : a reason", rows[3]);
+}
+
+TEST_F(DiscoveryClientDataGatewayW32Tests, ARequestForAnAddressThatTwoAdaptersHaveChangesBothEachTimeItIsNamed)
+{
+    AddAdapter("lan", 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
+    AddAdapter("twin", 6, "10.1.2.4", "255.255.0.0", "10.1.0.1");
+    Sp<List<Sp<NICConfig>>> requests(new List<Sp<NICConfig>>());
+    const Sp<NICConfig> request = (*DiscoveryClientDataGatewayW32().GetNICConfigs())[0];
+    request->IPAddress = Address("10.1.2.5");
+    requests->Add(request);
+    requests->Add(request);
+
+    DiscoveryClientDataGatewayW32().ChangeIPConfig(requests);
+
+    EXPECT_EQ(8u, host.changes.size());
+}
+
+TEST_F(DiscoveryClientDataGatewayW32Tests, ANewHostNameIsSetAndTheHostRestarted)
+{
+    struct Row
+    {
+        const char* name;
+        int nameResult;
+        int rebootResult;
+        std::vector<std::string> changes;
+        std::string message;
+    };
+    const std::string failed = "W32Gateway::SetHostName failed ! Args : ";
+    for (const Row& row :
+         {Row{"node-7", 1, 1, {}, "no failure"}, Row{"Node-7", 0, 0, {"name Node-7", "reboot 30"}, "no failure"},
+          Row{"a b", 1, 0, {"name a b"}, failed + "a b"},
+          Row{"node-8", 0, 1, {"name node-8", "reboot 30"}, failed + "node-8"}})
+    {
+        SCOPED_TRACE(row.name);
+        host.changes.clear();
+        host.nameResult = row.nameResult;
+        host.rebootResult = row.rebootResult;
+        EXPECT_EQ(row.message, MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeHostName(row.name); }));
+        EXPECT_EQ(row.changes, host.changes);
+    }
+    host.hostName.reset();
+    EXPECT_EQ("W32Gateway::GetHostName failed !",
+              MessageOf([] { DiscoveryClientDataGatewayW32().ChangeHostName("node-9"); }));
 }
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, SharedFilesLieUnderTheProgramRoot)
 {
-    struct Row
+    using Row = std::tuple<const char*, std::string>;
+    for (const auto& [root, folder] :
+         {Row{"", "Zelkor/Common/Discovery/"}, Row{"/opt", "/opt/Zelkor/Common/Discovery/"},
+          Row{"/C d/", "/C d/Zelkor/Common/Discovery/"}})
     {
-        const char* root;
-        std::string folder;
-    };
-    for (const Row& row : {Row{"", "Zelkor/Common/Discovery/"}, Row{"/opt", "/opt/Zelkor/Common/Discovery/"},
-                           Row{"/C d/", "/C d/Zelkor/Common/Discovery/"}})
-    {
-        SCOPED_TRACE(row.root);
-        host.programRoot = row.root;
+        SCOPED_TRACE(root);
+        host.programRoot = root;
         const DiscoveryClientDataGatewayW32 gateway;
         const auto normal = [](const String& path)
         { return std::filesystem::path(path.Utf8()).lexically_normal().generic_string(); };
-        EXPECT_EQ(row.folder + "ProductIDs", normal(gateway.ProductIDsFolder()));
-        EXPECT_EQ(row.folder + "FileTransferInfos.json", normal(gateway.FileTransferInfosFile()));
+        EXPECT_EQ(folder + "ProductIDs", normal(gateway.ProductIDsFolder()));
+        EXPECT_EQ(folder + "FileTransferInfos.json", normal(gateway.FileTransferInfosFile()));
     }
 }
 

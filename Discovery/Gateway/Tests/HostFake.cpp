@@ -1,10 +1,12 @@
 #include "HostFake.h"
 
+#include <Discovery/Gateway/Platform/AdapterSettings.h>
 #include <Discovery/Gateway/Platform/AddressChange.h>
 #include <Discovery/Gateway/Platform/DeviceType.h>
 #include <Discovery/Gateway/Platform/HostName.h>
 #include <Discovery/Gateway/Platform/IdentityNumber.h>
 #include <Discovery/Gateway/Platform/ProgramRoot.h>
+#include <Discovery/Gateway/Platform/Reboot.h>
 
 HostFake host;
 
@@ -24,6 +26,33 @@ bool WaitForAddressChange()
 int CancelAddressChangeWait()
 {
     return host.cancelResult;
+}
+
+int DisableAddressProbes(const AdapterSettings& settings)
+{
+    host.changes.push_back("probes " + settings.adapterName);
+    return host.probesResult;
+}
+
+int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark)
+{
+    host.changes.push_back("set " + settings.adapterName + " " + settings.ipAddressText + " " + settings.ipMaskText +
+                           " " + settings.gatewayText);
+    remark = host.remark;
+    const bool refuses = host.refusingAdapter.empty() || host.refusingAdapter == settings.adapterName;
+    return refuses ? host.settingsResult : 0;
+}
+
+int WriteHostName(const std::string& name)
+{
+    host.changes.push_back("name " + name);
+    return host.nameResult;
+}
+
+int RequestReboot(int seconds)
+{
+    host.changes.push_back("reboot " + std::to_string(seconds));
+    return host.rebootResult;
 }
 
 const char* DeviceType()

@@ -15,6 +15,14 @@ struct HostFake
     std::string programRoot;
     bool addressChange = false;
     int cancelResult = 0;
+
+    int probesResult = 0;
+    int settingsResult = 0; ///< of the adapter that refuses, or of all while refusingAdapter is empty
+    std::string refusingAdapter;
+    std::string remark; ///< told of every setting
+    int nameResult = 0;
+    int rebootResult = 0;
+    std::vector<std::string> changes; ///< what was asked of the host, in order
 };
 
 /// The one that the raw layer shows; each test sets it up anew.

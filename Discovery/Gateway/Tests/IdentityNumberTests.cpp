@@ -3,16 +3,13 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <string>
+#include <tuple>
 
 using Zelkor::Discovery::Platform::ReadIdentityNumber;
 
 TEST(IdentityNumberTests, OneNumberInTheFileIsTheIdentityAllElseIsNone)
 {
-    struct Row
-    {
-        std::string text;
-        std::optional<std::uint32_t> number;
-    };
+    using Row = std::tuple<std::string, std::optional<std::uint32_t>>;
     const Row rows[] = {
         {"0", 0},
         {"4294967294\n", 4294967294u},
@@ -29,11 +26,11 @@ TEST(IdentityNumberTests, OneNumberInTheFileIsTheIdentityAllElseIsNone)
         {std::string("1\0", 2), std::nullopt},
         {"7" + std::string(1000, ' '), std::nullopt},
     };
-    for (const Row& row : rows)
+    for (const auto& [text, number] : rows)
     {
-        SCOPED_TRACE(row.text);
-        std::ofstream(ZELKOR_IDENTITY_FILE, std::ios::binary | std::ios::trunc) << row.text;
-        EXPECT_EQ(row.number, ReadIdentityNumber());
+        SCOPED_TRACE(text);
+        std::ofstream(ZELKOR_IDENTITY_FILE, std::ios::binary | std::ios::trunc) << text;
+        EXPECT_EQ(number, ReadIdentityNumber());
     }
     std::remove(ZELKOR_IDENTITY_FILE);
     EXPECT_EQ(std::nullopt, ReadIdentityNumber());

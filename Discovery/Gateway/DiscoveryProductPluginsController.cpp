@@ -1,0 +1,160 @@
+#include "DiscoveryProductPluginsController.h"
+
+#include "IDiscoveryProductPlugin.h"
+
+#include <Core/LogStream/LogStreamLevel.h>
+#include <Core/System/Array.h>
+#include <Core/System/BadImageFormatException.h>
+#include <Core/System/EntryPointNotFoundException.h>
+#include <Core/System/IO/DirectoryInfo.h>
+#include <Core/System/IO/FileInfo.h>
+#include <Core/System/IO/Path.h>
+#include <Core/System/ThrowSite.h>
+#include <Discovery/Gateway/Platform/DynamicLibrary.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <new>
+#include <string>
+
+namespace Zelkor::Discovery::Client
+{
+using Tesmo::null;
+using Tesmo::Sp;
+using Tesmo::System::Array;
+using Tesmo::System::BadImageFormatException;
+using Tesmo::System::EntryPointNotFoundException;
+using Tesmo::System::Exception;
+using Tesmo::System::String;
+using Tesmo::System::Collections::Generic::List;
+using Tesmo::System::IO::DirectoryInfo;
+using Tesmo::System::IO::FileInfo;
+using Tesmo::System::IO::Path;
+using Tesmo::System::LogStreams::LogStreamLevel;
+
+namespace
+{
+using EntryPoint = decltype(&GetDiscoveryProductPlugin);
+constexpr char EntryPointName[] = "GetDiscoveryProductPlugin";
+
+using Question = std::int32_t (IDiscoveryProductPlugin::*)(std::string&);
+constexpr Question Questions[] = {
+    &IDiscoveryProductPlugin::GetProductType, &IDiscoveryProductPlugin::GetProductSerialNumber,
+    &IDiscoveryProductPlugin::GetProductVersion, &IDiscoveryProductPlugin::GetProductName};
+
+/// In the order of the questions.
+using Answers = std::array<std::string, std::size(Questions)>;
+
+/// Takes back plain memory, as the contract says: no destructor runs.
+struct MemoryRelease
+{
+    void operator()(IDiscoveryProductPlugin* plugin) const
+    {
+        ::operator delete(plugin);
+    }
+};
+
+/// Asks up to the first question that is refused.
+/// @returns true where none was
+bool Ask(EntryPoint entryPoint, Answers& answers)
+{
+    const std::unique_ptr<IDiscoveryProductPlugin, MemoryRelease> plugin(entryPoint());
+    for (std::size_t i = 0; i < answers.size(); ++i)
+    {
+        if ((*plugin.*Questions[i])(answers[i]) != 0)
+        {
+            return false;
+        }
+    }
+    return true;
+}
+} // namespace
+
+DiscoveryProductPluginsController::DiscoveryProductPluginsController(const String& pluginsFolder)
+    : folder(pluginsFolder),
+      channel("ProductPluginsController")
+{
+}
+
+Sp<List<Sp<DiscoveryHostProduct>>> DiscoveryProductPluginsController::GetProducts() const
+{
+    Sp<List<Sp<DiscoveryHostProduct>>> products(new List<Sp<DiscoveryHostProduct>>());
+    DiscoveryLogger& log = DiscoveryLogger::Instance();
+    const DirectoryInfo directory(folder);
+    if (!directory.Exists())
+    {
+        log.Write(channel, "The product identifiers folder doesn't exist.", LogStreamLevel::Critical);
+        return products;
+    }
+    const Array<FileInfo> files = directory.GetFiles(Platform::LibraryPattern);
+    if (files.Length() == 0)
+    {
+        return products;
+    }
+    log.Write(channel, String("Found " + std::to_string(files.Length()) + " ProductInfos plugins."),
+              LogStreamLevel::Standard);
+    for (const FileInfo& file : files)
+    {
+        AddProduct(file.Name(), *products);
+    }
+    return products;
+}
+
+void DiscoveryProductPluginsController::AddProduct(const String& name, List<Sp<DiscoveryHostProduct>>& products) const
+{
+    DiscoveryLogger& log = DiscoveryLogger::Instance();
+    try
+    {
+        const Sp<DiscoveryHostProduct> product = LoadProduct(Path::Combine(folder, name));
+        if (product == null)
+        {
+            log.Write(channel, "Product infos DLL returned an error, product will be ignored. File : " + name,
+                      LogStreamLevel::Critical);
+            return;
+        }
+        products.Add(product);
+    }
+    catch (const Exception& failure)
+    {
+        log.Write(channel, "Exception caught in while getting product infos in DLL : " + name, failure);
+    }
+}
+
+/// @returns null where the plug-in refused a question
+Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const String& path) const
+{
+    const Platform::Library library = Platform::OpenLibrary(path.Utf8());
+    if (library == nullptr)
+    {
+        LogLastError();
+        throw BadImageFormatException("Could not load: " + path, ThrowSite);
+    }
+    const auto entryPoint = reinterpret_cast<EntryPoint>(Platform::FindFunction(library, EntryPointName));
+    if (entryPoint == nullptr)
+    {
+        LogLastError();
+        Platform::CloseLibrary(library);
+        throw EntryPointNotFoundException(String("Entry point not found: ") + EntryPointName, ThrowSite);
+    }
+    Answers answers; // outlive the library
+    const bool hasAnswered = Ask(entryPoint, answers);
+    Platform::CloseLibrary(library); // not if a plug-in throws: its exception is code and data of the library
+    if (!hasAnswered)
+    {
+        return {};
+    }
+    const auto& [type, serialNumber, version, name] = answers;
+    return Sp<DiscoveryHostProduct>(
+        new DiscoveryHostProduct(String(type), String(serialNumber), String(version), String(name)));
+}
+
+void DiscoveryProductPluginsController::LogLastError() const
+{
+    DiscoveryLogger::Instance().Write(channel, String("GetLastError : " + Platform::LastLibraryError()),
+                                      LogStreamLevel::Critical);
+}
+} // namespace Zelkor::Discovery::Client

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <Core/LogStream/LogStreamChannel.h>
+#include <Core/System/Collections/Generic/List.h>
+#include <Core/System/Object.h>
+#include <Core/System/Sp.h>
+#include <Core/System/String.h>
+#include <Discovery/Protocol/DiscoveryHostProduct.h>
+
+namespace Zelkor::Discovery::Client
+{
+/// Asks the plug-ins in a folder which products are installed on this host. IDiscoveryProductPlugin.h tells the contract
+/// with them. Nothing is kept between two calls, neither of the plug-ins nor of their answers. It takes no lock: several
+/// objects may load the same libraries on several threads at once.
+class DiscoveryProductPluginsController : public Tesmo::System::Object
+{
+public:
+    /// @param pluginsFolder  the folder of the plug-ins; it need not exist
+    explicit DiscoveryProductPluginsController(const Tesmo::System::String& pluginsFolder);
+
+    /// Loads each plug-in, asks it and unloads it, in the order of the file system. One that fails is logged and left
+    /// out.
+    /// @returns one record a plug-in that answered all questions, never null
+    /// @throws Exception       from the scan of the folder, for instance ArgumentException because its path is empty
+    /// @throws std::exception  what a plug-in throws against its contract; the library stays loaded then
+    Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() const;
+
+private:
+    void AddProduct(const Tesmo::System::String& name,
+                    Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>& products) const;
+    Tesmo::Sp<DiscoveryHostProduct> LoadProduct(const Tesmo::System::String& path) const;
+    void LogLastError() const;
+
+    Tesmo::System::String folder;
+    Tesmo::System::LogStreams::LogStreamChannel channel;
+};
+} // namespace Zelkor::Discovery::Client

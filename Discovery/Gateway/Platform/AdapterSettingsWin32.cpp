@@ -1,0 +1,42 @@
+#include "AdapterSettings.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+constexpr int CommandSize = 256; ///< bytes of a command with its closing zero
+
+/// Runs a command by the command interpreter and waits for its end. The adapter's name goes in as it is: one with a
+/// double quote in it breaks the quoting.
+/// @returns its exit code, or -1 for a command that is too long
+[[gnu::format(printf, 1, 2)]] int Run(const char* format, ...)
+{
+    char command[CommandSize];
+    std::va_list arguments;
+    va_start(arguments, format);
+    const int length = std::vsnprintf(command, sizeof(command), format, arguments);
+    va_end(arguments);
+    return length >= 0 && length < CommandSize ? std::system(command) : -1;
+}
+
+} // namespace
+
+int DisableAddressProbes(const AdapterSettings& settings)
+{
+    return Run("netsh interface ip set interface \"%s\" dadtransmits=0 store=active", settings.adapterName.c_str());
+}
+
+int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark)
+{
+    remark.clear();
+    return Run("netsh interface ip set address \"%s\" static %s %s %s", settings.adapterName.c_str(),
+               settings.ipAddressText.c_str(), settings.ipMaskText.c_str(), settings.gatewayText.c_str());
+}
+
+} // namespace Zelkor::Discovery::Platform

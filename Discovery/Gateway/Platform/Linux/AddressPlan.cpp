@@ -1,0 +1,84 @@
+#include "AddressPlan.h"
+
+#include <arpa/inet.h>
+#include <bit>
+#include <cstdint>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+/// An address as a number in the host's byte order.
+bool Parse(const std::string& text, std::uint32_t& number)
+{
+    in_addr address = {};
+    const bool parsed = inet_pton(AF_INET, text.c_str(), &address) == 1;
+    number = ntohl(address.s_addr);
+    return parsed;
+}
+
+std::string Text(std::uint32_t number)
+{
+    const in_addr address = {htonl(number)};
+    char text[INET_ADDRSTRLEN] = {};
+    inet_ntop(AF_INET, &address, text, sizeof(text));
+    return text;
+}
+
+/// Ones, then zeros, at least one of each: a host without a neighbour is cut off.
+bool IsMask(std::uint32_t mask)
+{
+    const int ones = std::countl_one(mask);
+    return ones > 0 && ones < 32 && (mask << ones) == 0;
+}
+
+/// Of an address that belongs to one host (RFC 1122, section 3.2.1.3).
+bool IsUnicast(std::uint32_t address)
+{
+    const std::uint32_t first = address >> 24;
+    return first != 0 && first != 127 && first < 224;
+}
+
+/// Neither the subnet's own address nor its broadcast address; a subnet of two hosts has neither (RFC 3021).
+bool IsHostIn(std::uint32_t address, std::uint32_t mask)
+{
+    const std::uint32_t host = address & ~mask;
+    return ~mask == 1 || (host != 0 && host != ~mask);
+}
+
+bool IsNeighbour(std::uint32_t gateway, std::uint32_t address, std::uint32_t mask)
+{
+    return gateway != address && ((gateway ^ address) & mask) == 0 && IsHostIn(gateway, mask);
+}
+
+} // namespace
+
+std::string MakePlan(const AdapterSettings& settings, AddressPlan& plan)
+{
+    std::uint32_t address = 0;
+    std::uint32_t mask = 0;
+    std::uint32_t gateway = 0;
+    if (settings.adapterName.empty() || settings.adapterName.front() == '-')
+    {
+        return "the adapter's name would be taken for an option";
+    }
+    if (!Parse(settings.ipMaskText, mask) || !IsMask(mask))
+    {
+        return "not a mask with neighbours: " + settings.ipMaskText;
+    }
+    if (!Parse(settings.ipAddressText, address) || !IsUnicast(address) || !IsHostIn(address, mask))
+    {
+        return "not the address of a host in its subnet: " + settings.ipAddressText;
+    }
+    const bool hasText = !settings.gatewayText.empty();
+    if (hasText && (!Parse(settings.gatewayText, gateway) || (gateway != 0 && !IsNeighbour(gateway, address, mask))))
+    {
+        return "the gateway is no neighbour in the subnet: " + settings.gatewayText;
+    }
+    plan = {settings.adapterName, Text(address), Text(mask), gateway == 0 ? "" : Text(gateway), std::countl_one(mask)};
+    return {};
+}
+
+} // namespace Zelkor::Discovery::Platform

@@ -1,0 +1,38 @@
+#include "HostNameRule.h"
+
+#include <algorithm>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+constexpr std::size_t MaximumLength = 64;
+
+bool IsLetterOrDigit(char character)
+{
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
+           (character >= '0' && character <= '9');
+}
+
+bool IsLabel(std::string_view label)
+{
+    return !label.empty() && label.front() != '-' && label.back() != '-' &&
+           std::all_of(label.begin(), label.end(),
+                       [](char character) { return character == '-' || IsLetterOrDigit(character); });
+}
+
+} // namespace
+
+bool IsHostName(std::string_view name)
+{
+    if (name.size() > MaximumLength)
+    {
+        return false;
+    }
+    const std::size_t dot = name.find('.');
+    return IsLabel(name.substr(0, dot)) && (dot == std::string_view::npos || IsHostName(name.substr(dot + 1)));
+}
+
+} // namespace Zelkor::Discovery::Platform

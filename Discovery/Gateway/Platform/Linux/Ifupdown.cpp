@@ -1,0 +1,259 @@
+#include "Ifupdown.h"
+
+#include "../Adapters.h"
+#include "KernelAddresses.h"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <net/if.h>
+#include <unistd.h>
+#include <wordexp.h>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+constexpr const char* Interfaces = "/etc/network/interfaces";
+constexpr const char* Program = "/sbin/ifup";
+constexpr std::size_t MaximumFiles = 256;
+constexpr unsigned int FirstMetric = 1000; // of a second default route, before the adapter's index
+
+bool IsLetterOrDigit(char c)
+{
+    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+/// ifup puts the name into shell commands without quotes, and takes what follows '=' for another name.
+bool IsPlainName(const std::string& adapter)
+{
+    return std::all_of(adapter.begin(), adapter.end(),
+                       [](char c) { return IsLetterOrDigit(c) || std::strchr("._-+@", c) != nullptr; });
+}
+
+/// The kernel takes two default routes only with different metrics.
+bool HasOtherGateway(const std::string& adapter)
+{
+    std::vector<Adapter> adapters;
+    ReadAdapters(adapters);
+    return std::any_of(adapters.begin(), adapters.end(),
+                       [&adapter](const Adapter& other)
+                       { return other.friendlyName != adapter && other.gatewayText[0] != '\0'; });
+}
+
+std::vector<std::string> Expand(const std::string& pattern)
+{
+    std::vector<std::string> paths;
+    wordexp_t words = {};
+    if (wordexp(pattern.c_str(), &words, WRDE_NOCMD) == 0)
+    {
+        paths.assign(words.we_wordv, words.we_wordv + words.we_wordc);
+        wordfree(&words);
+    }
+    return paths;
+}
+
+/// The files of a folder that source-directory takes: names of letters, digits, '_' and '-'.
+std::vector<std::string> FilesIn(const std::string& folder)
+{
+    std::vector<std::string> paths;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder, error))
+    {
+        const std::string name = entry.path().filename();
+        if (std::all_of(name.begin(), name.end(), [](char c) { return IsLetterOrDigit(c) || c == '_' || c == '-'; }))
+        {
+            paths.push_back(entry.path());
+        }
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+std::vector<std::string> Included(const InterfacesText::Inclusion& inclusion, const std::string& folder)
+{
+    const bool isAbsolute = inclusion.pattern.starts_with('/');
+    std::vector<std::string> files;
+    for (const std::string& path : Expand(isAbsolute ? inclusion.pattern : folder + inclusion.pattern))
+    {
+        const std::vector<std::string> found = inclusion.isFolder ? FilesIn(path) : std::vector{path};
+        files.insert(files.end(), found.begin(), found.end());
+    }
+    return files;
+}
+
+/// What /run/network/ifstate tells behind the adapter's name, empty for one that ifup has not configured.
+std::string ReadLogicalName(const std::string& adapter)
+{
+    for (const LogicalLine& line : SplitLines(ReadConfiguration("/run/network/ifstate")))
+    {
+        if (line.text.starts_with(adapter + "="))
+        {
+            return line.text.substr(adapter.size() + 1);
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::string Ifupdown::Name() const
+{
+    return "ifupdown";
+}
+
+Ownership Ifupdown::Owns(const std::string& adapter, Deadline)
+{
+    if (access(Program, X_OK) != 0)
+    {
+        return Ownership::No;
+    }
+    Load(Interfaces);
+    const bool named =
+        std::any_of(files.begin(), files.end(), [&](const File& file) { return file.text.HasStanza(adapter); });
+    logicalName = ReadLogicalName(adapter);
+    const bool mapped = !logicalName.empty() && logicalName != adapter;
+    return named || mapped ? Ownership::Yes : Ownership::No;
+}
+
+void Ifupdown::Load(const std::string& path)
+{
+    const bool known = std::any_of(files.begin(), files.end(), [&](const File& file) { return file.path == path; });
+    if (known || files.size() >= MaximumFiles)
+    {
+        return;
+    }
+    files.push_back({path, InterfacesText(ReadConfiguration(path))});
+    const std::string folder = path.substr(0, path.rfind('/') + 1);
+    for (const InterfacesText::Inclusion& inclusion : files.back().text.Inclusions())
+    {
+        for (const std::string& file : Included(inclusion, folder))
+        {
+            Load(file);
+        }
+    }
+}
+
+Failure Ifupdown::Obstacle(const std::string& adapter) const
+{
+    if (!IsPlainName(adapter))
+    {
+        return "ifup would read more than a name in the adapter's name";
+    }
+    if (logicalName != adapter && !logicalName.empty())
+    {
+        return "the adapter is configured by the shared name " + logicalName;
+    }
+    for (const File& file : files)
+    {
+        if (const std::string obstacle = file.text.Obstacle(adapter); !obstacle.empty())
+        {
+            return file.path + ": " + obstacle;
+        }
+    }
+    return {};
+}
+
+/// All IPv4 stanzas of the adapter become one, where the first one stands.
+Failure Ifupdown::Prepare(const AddressPlan& plan)
+{
+    const auto has = [&](const char* family)
+    { return [&plan, family](const File& file) { return file.text.HasStanza(plan.adapter, family); }; };
+    auto target = std::find_if(files.begin(), files.end(), has("inet"));
+    target = target != files.end() ? target : std::find_if(files.begin(), files.end(), has(""));
+    std::vector<LogicalLine> options = target->text.TakeStanzas(plan.adapter, true);
+    std::vector<const File*> changed = {&*target};
+    for (auto file = std::next(target); file != files.end(); ++file)
+    {
+        if (file->text.HasStanza(plan.adapter, "inet"))
+        {
+            const std::vector<LogicalLine> taken = file->text.TakeStanzas(plan.adapter, false);
+            options.insert(options.end(), taken.begin(), taken.end());
+            changed.push_back(&*file);
+        }
+    }
+    if (!plan.gateway.empty() && HasOtherGateway(plan.adapter))
+    {
+        const std::string metric = "metric " + std::to_string(FirstMetric + if_nametoindex(plan.adapter.c_str()));
+        options.push_back({"    " + metric + "\n", metric});
+    }
+    target->text.WriteStanza(plan, options);
+    Failure failure;
+    for (auto file = changed.begin(); file != changed.end() && failure.empty(); ++file)
+    {
+        failure = Stage(**file);
+    }
+    return failure;
+}
+
+Failure Ifupdown::Stage(const File& file)
+{
+    staged.push_back(std::make_unique<StagedFile>(file.path));
+    const int error = staged.back()->Prepare(file.text.Text());
+    return error == 0 ? "" : file.path + ": " + std::strerror(error);
+}
+
+Failure Ifupdown::Commit()
+{
+    for (const auto& file : staged)
+    {
+        if (const int error = file->Commit(); error != 0)
+        {
+            return std::string("can't replace the file: ") + std::strerror(error);
+        }
+    }
+    return {};
+}
+
+Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
+{
+    Failure failure = Obstacle(plan.adapter);
+    if (failure.empty())
+    {
+        failure = Prepare(plan);
+    }
+    if (!failure.empty())
+    {
+        return failure;
+    }
+    wentDown = true;
+    RunOnHost({"ifdown", "--force", plan.adapter},
+              deadline); // by the old stanza; a hook that fails does not stop the change
+    failure = DropAddresses(plan.adapter, deadline);
+    if (failure.empty())
+    {
+        failure = Commit();
+    }
+    return failure.empty() ? RunOnHost({"ifup", plan.adapter}, deadline) : failure;
+}
+
+Failure Ifupdown::Keep(const AddressPlan&, Deadline)
+{
+    for (const auto& file : staged)
+    {
+        file->Keep();
+    }
+    return {};
+}
+
+Failure Ifupdown::Withdraw(const AddressPlan& plan, Deadline deadline)
+{
+    Failure failure;
+    for (const auto& file : staged)
+    {
+        const int error = file->Restore();
+        failure = error == 0 ? failure : std::strerror(error);
+    }
+    if (!wentDown)
+    {
+        return failure;
+    }
+    RunOnHost({"ifdown", "--force", plan.adapter}, deadline);
+    DropAddresses(plan.adapter, deadline);
+    const Failure up = RunOnHost({"ifup", plan.adapter}, deadline);
+    return failure.empty() ? up : failure;
+}
+
+} // namespace Zelkor::Discovery::Platform

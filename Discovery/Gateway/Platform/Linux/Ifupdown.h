@@ -1,0 +1,42 @@
+#pragma once
+
+#include "AddressManager.h"
+#include "InterfacesText.h"
+#include "StagedFile.h"
+
+#include <memory>
+
+namespace Zelkor::Discovery::Platform
+{
+
+/// ifupdown, the server default of Debian: rewrites the adapter's stanza in /etc/network/interfaces or a file that it
+/// pulls in, and takes the adapter down by the old one and up by the new one.
+class Ifupdown : public AddressManager
+{
+public:
+    std::string Name() const override;
+    Ownership Owns(const std::string& adapter, Deadline deadline) override;
+    Failure Apply(const AddressPlan& plan, Deadline deadline) override;
+    Failure Keep(const AddressPlan& plan, Deadline deadline) override;
+    Failure Withdraw(const AddressPlan& plan, Deadline deadline) override;
+
+private:
+    struct File
+    {
+        std::string path;
+        InterfacesText text;
+    };
+
+    void Load(const std::string& path);
+    Failure Obstacle(const std::string& adapter) const;
+    Failure Prepare(const AddressPlan& plan);
+    Failure Stage(const File& file);
+    Failure Commit();
+
+    std::vector<File> files; ///< in the order of reading
+    std::vector<std::unique_ptr<StagedFile>> staged;
+    std::string logicalName; ///< by which the adapter is configured now, empty if it isn't
+    bool wentDown = false;
+};
+
+} // namespace Zelkor::Discovery::Platform

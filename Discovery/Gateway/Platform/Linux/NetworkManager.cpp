@@ -1,0 +1,236 @@
+#include "NetworkManager.h"
+
+#include <cstring>
+#include <sstream>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+constexpr const char* Service = "org.freedesktop.NetworkManager"; // also an interface
+constexpr const char* ServicePath = "/org/freedesktop/NetworkManager";
+constexpr const char* DeviceInterface = "org.freedesktop.NetworkManager.Device";
+constexpr const char* ActiveInterface = "org.freedesktop.NetworkManager.Connection.Active";
+
+constexpr std::uint32_t EthernetType = 1;      // nm-dbus-interface.h: NM_DEVICE_TYPE_ETHERNET
+constexpr std::uint32_t VethType = 20;         // NM_DEVICE_TYPE_VETH
+constexpr std::uint32_t UnavailableState = 20; // NM_DEVICE_STATE_UNAVAILABLE: without carrier
+
+constexpr std::size_t UuidLength = 36; // characters
+
+using Words = std::vector<std::string>;
+
+/// A call of nmcli that answers with the bare values.
+Words Nmcli(Words arguments, const Words& more = {})
+{
+    arguments.insert(arguments.begin(), {"nmcli", "--escape", "no"});
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+}
+
+/// What the profile says of IPv4 while the system runs. Its former addresses and gateway are replaced.
+Words Settings(const AddressPlan& plan)
+{
+    return {
+        "ipv4.method",      "manual",     "ipv4.addresses",     plan.address + "/" + std::to_string(plan.prefixLength),
+        "ipv4.gateway",     plan.gateway, "ipv4.never-default", "no",
+        "ipv4.dad-timeout", "0"};
+}
+
+bool IsUuid(const std::string& line)
+{
+    return line.size() == UuidLength && line.find_first_not_of("0123456789abcdef-") == std::string::npos;
+}
+
+Words SplitOutput(const std::string& output)
+{
+    std::istringstream stream(output);
+    Words lines;
+    for (std::string line; std::getline(stream, line);)
+    {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+} // namespace
+
+std::string NetworkManager::Name() const
+{
+    return "NetworkManager";
+}
+
+bool NetworkManager::NeedsCarrier() const
+{
+    return true;
+}
+
+Ownership NetworkManager::Owns(const std::string& adapter, Deadline deadline)
+{
+    SystemBus bus(deadline);
+    if (const Ownership runs = Runs(bus, Service); runs != Ownership::Yes)
+    {
+        return runs;
+    }
+    BusMessage reply;
+    BusMessage property;
+    const char* path = nullptr;
+    int isManaged = 0;
+    if (bus.Call(Service, ServicePath, Service, "GetDeviceByIpIface", reply, "s", adapter.c_str()) != 0)
+    {
+        const bool isStranger = bus.LastErrorName() == "org.freedesktop.NetworkManager.UnknownDevice";
+        return isStranger ? Ownership::No : Ownership::Unknown;
+    }
+    if (sd_bus_message_read(reply.get(), "o", &path) < 0 ||
+        bus.ReadProperty(Service, path, DeviceInterface, "Managed", "b", property) != 0 ||
+        sd_bus_message_read(property.get(), "b", &isManaged) < 0)
+    {
+        return Ownership::Unknown;
+    }
+    ReadDevice(bus, path);
+    return isManaged != 0 ? Ownership::Yes : Ownership::No;
+}
+
+void NetworkManager::ReadDevice(SystemBus& bus, const char* path)
+{
+    BusMessage reply;
+    const char* active = nullptr;
+    const char* uuid = nullptr;
+    if (bus.ReadProperty(Service, path, DeviceInterface, "DeviceType", "u", reply) == 0)
+    {
+        sd_bus_message_read(reply.get(), "u", &type);
+    }
+    if (bus.ReadProperty(Service, path, DeviceInterface, "State", "u", reply) == 0)
+    {
+        sd_bus_message_read(reply.get(), "u", &state);
+    }
+    BusMessage profileReply;
+    if (bus.ReadProperty(Service, path, DeviceInterface, "ActiveConnection", "o", reply) == 0 &&
+        sd_bus_message_read(reply.get(), "o", &active) >= 0 && std::strcmp(active, "/") != 0 &&
+        bus.ReadProperty(Service, active, ActiveInterface, "Uuid", "s", profileReply) == 0 &&
+        sd_bus_message_read(profileReply.get(), "s", &uuid) >= 0)
+    {
+        profile = uuid;
+        isActive = true;
+    }
+}
+
+Failure NetworkManager::DisableProbes(const std::string& adapter, Deadline deadline)
+{
+    return isActive ? Run(Nmcli({"device", "modify", adapter, "ipv4.dad-timeout", "0"}), deadline) : "";
+}
+
+/// The first profile that names the adapter.
+Failure NetworkManager::FindProfile(const std::string& adapter, Deadline deadline)
+{
+    Words request = Nmcli({"-g", "connection.uuid,connection.interface-name", "connection", "show"});
+    for (const std::string& line :
+         SplitOutput(RunCommand(Nmcli({"-g", "UUID", "connection", "show"}), deadline).output))
+    {
+        if (IsUuid(line))
+        {
+            request.insert(request.end(), {"uuid", line});
+        }
+    }
+    if (request.back() == "show")
+    {
+        return {};
+    }
+    const CommandResult profiles = RunCommand(request, deadline);
+    const Words lines = SplitOutput(profiles.output);
+    for (std::size_t i = 1; i < lines.size() && profile.empty(); ++i)
+    {
+        profile = lines[i] == adapter && IsUuid(lines[i - 1]) ? lines[i - 1] : "";
+    }
+    return profiles.code == 0 ? "" : "nmcli does not list the profiles: " + OneLine(profiles.output);
+}
+
+Failure NetworkManager::AddProfile(const AddressPlan& plan, Deadline deadline)
+{
+    if (type != EthernetType && type != VethType)
+    {
+        return "the adapter has no profile and is no Ethernet adapter";
+    }
+    Failure failure = Run(Nmcli({"connection", "add", "save", "no", "type", "ethernet", "ifname", plan.adapter,
+                                 "con-name", "Zelkor " + plan.adapter},
+                                Settings(plan)),
+                          deadline);
+    isAdded = failure.empty();
+    probeTime = "-1"; // the default
+    return isAdded ? FindProfile(plan.adapter, deadline) : failure;
+}
+
+/// What the profile says before the change, as nmcli takes it back.
+Failure NetworkManager::ReadProfile(const AddressPlan& plan, Deadline deadline)
+{
+    const Words settings = Settings(plan);
+    std::string properties;
+    for (std::size_t i = 0; i < settings.size(); i += 2)
+    {
+        properties += (i == 0 ? "" : ",") + settings[i];
+    }
+    const CommandResult shown = RunCommand(Nmcli({"-g", properties, "connection", "show", "uuid", profile}), deadline);
+    Words values = SplitOutput(shown.output);
+    std::erase_if(values, [](const std::string& line) { return line.starts_with("Warning"); });
+    if (shown.code != 0 || values.size() * 2 != settings.size())
+    {
+        return "nmcli does not show the profile: " + OneLine(shown.output);
+    }
+    for (std::size_t i = 0; i < values.size(); ++i)
+    {
+        former.insert(former.end(), {settings[2 * i], values[i]});
+    }
+    former.back() = former.back().substr(0, former.back().find(' ')); // "-1 (default)"
+    probeTime = former.back();
+    return {};
+}
+
+Failure NetworkManager::ChangeProfile(const AddressPlan& plan, Deadline deadline)
+{
+    const Failure failure = ReadProfile(plan, deadline);
+    return failure.empty()
+               ? Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile}, Settings(plan)), deadline)
+               : failure;
+}
+
+Failure NetworkManager::Apply(const AddressPlan& plan, Deadline deadline)
+{
+    Failure failure = isActive ? "" : FindProfile(plan.adapter, deadline);
+    if (failure.empty())
+    {
+        failure = profile.empty() ? AddProfile(plan, deadline) : ChangeProfile(plan, deadline);
+    }
+    if (!failure.empty() || (!isActive && state == UnavailableState))
+    {
+        return failure;
+    }
+    return isActive ? Run(Nmcli({"device", "reapply", plan.adapter}), deadline)
+                    : Run(Nmcli({"connection", "up", "uuid", profile, "ifname", plan.adapter}), deadline);
+}
+
+/// Probes come back with the next restart: they are to be off for the running system only.
+Failure NetworkManager::Keep(const AddressPlan& plan, Deadline deadline)
+{
+    return Run(
+        Nmcli({"connection", "modify", "uuid", profile}, {"connection.autoconnect", "yes", "connection.interface-name",
+                                                          plan.adapter, "ipv4.dad-timeout", probeTime}),
+        deadline);
+}
+
+Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
+{
+    if (isAdded && !profile.empty())
+    {
+        return Run(Nmcli({"connection", "delete", "uuid", profile}), deadline);
+    }
+    if (former.empty())
+    {
+        return {};
+    }
+    const Failure failure = Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile}, former), deadline);
+    return failure.empty() && isActive ? Run(Nmcli({"device", "reapply", plan.adapter}), deadline) : failure;
+}
+
+} // namespace Zelkor::Discovery::Platform

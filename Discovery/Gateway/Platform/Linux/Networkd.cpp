@@ -1,0 +1,156 @@
+#include "Networkd.h"
+
+#include "NetworkText.h"
+
+#include <cjson/cJSON.h>
+#include <cstring>
+#include <filesystem>
+#include <map>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+constexpr const char* Service = "org.freedesktop.network1";
+constexpr const char* ManagerPath = "/org/freedesktop/network1";
+constexpr const char* ManagerInterface = "org.freedesktop.network1.Manager";
+constexpr const char* LinkInterface = "org.freedesktop.network1.Link";
+
+constexpr const char* OwnFolder = "/etc/systemd/network/";
+
+/// The name decides: of the files that match an adapter, the first in the order of their names counts.
+std::string OwnName(const std::string& adapter)
+{
+    return "00-zelkor-discovery-" + adapter + ".network";
+}
+
+/// The texts of the drop-ins of a .network file, in the order of their names; of equal names the first folder's counts
+/// (systemd.network(5)).
+std::string ReadDropIns(const std::string& name)
+{
+    std::map<std::string, std::filesystem::path> found;
+    for (const char* const folder :
+         {OwnFolder, "/run/systemd/network/", "/usr/local/lib/systemd/network/", "/usr/lib/systemd/network/"})
+    {
+        std::error_code error;
+        for (const auto& entry : std::filesystem::directory_iterator(folder + name + ".d", error))
+        {
+            if (entry.path().extension() == ".conf")
+            {
+                found.emplace(entry.path().filename(), entry.path());
+            }
+        }
+    }
+    std::string text;
+    for (const auto& [dropIn, path] : found)
+    {
+        text += "\n" + ReadConfiguration(path);
+    }
+    return text;
+}
+
+} // namespace
+
+std::string Networkd::Name() const
+{
+    return "systemd-networkd";
+}
+
+bool Networkd::NeedsCarrier() const
+{
+    return true;
+}
+
+Ownership Networkd::Owns(const std::string& adapter, Deadline deadline)
+{
+    SystemBus bus(deadline);
+    if (const Ownership runs = Runs(bus, Service); runs != Ownership::Yes)
+    {
+        return runs;
+    }
+    BusMessage reply;
+    int index = 0;
+    const char* path = nullptr;
+    const char* state = nullptr;
+    BusMessage property;
+    if (bus.Call(Service, ManagerPath, ManagerInterface, "GetLinkByName", reply, "s", adapter.c_str()) != 0 ||
+        sd_bus_message_read(reply.get(), "io", &index, &path) < 0 ||
+        bus.ReadProperty(Service, path, LinkInterface, "AdministrativeState", "s", property) != 0 ||
+        sd_bus_message_read(property.get(), "s", &state) < 0)
+    {
+        return Ownership::Unknown;
+    }
+    linkPath = path;
+    return std::strcmp(state, "unmanaged") == 0 ? Ownership::No : Ownership::Yes;
+}
+
+Failure Networkd::FindFile(Deadline deadline)
+{
+    SystemBus bus(deadline);
+    BusMessage reply;
+    const char* description = nullptr;
+    if (bus.Call(Service, linkPath.c_str(), LinkInterface, "Describe", reply, "") != 0 ||
+        sd_bus_message_read(reply.get(), "s", &description) < 0)
+    {
+        return "does not describe the adapter: " + bus.LastError();
+    }
+    const std::unique_ptr<cJSON, decltype(&cJSON_Delete)> json(cJSON_Parse(description), cJSON_Delete);
+    const char* const file = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(json.get(), "NetworkFile"));
+    usedFile = file == nullptr ? "" : file;
+    return {};
+}
+
+Failure Networkd::Reload(Deadline deadline)
+{
+    SystemBus bus(deadline);
+    BusMessage reply;
+    const int error = bus.Call(Service, ManagerPath, ManagerInterface, "Reload", reply, "");
+    return error == 0 ? "" : "does not reload: " + (bus.LastError().empty() ? std::strerror(error) : bus.LastError());
+}
+
+Failure Networkd::Apply(const AddressPlan& plan, Deadline deadline)
+{
+    const std::string match = MatchOf(plan.adapter);
+    if (match.empty())
+    {
+        return "no pattern matches the adapter's name alone";
+    }
+    if (Failure failure = FindFile(deadline); !failure.empty())
+    {
+        return failure;
+    }
+    const std::string usedName = usedFile.substr(usedFile.rfind('/') + 1);
+    const std::string ownName = OwnName(plan.adapter);
+    if (!usedName.empty() && usedName < ownName)
+    {
+        return usedFile + " comes before every file of ours";
+    }
+    const std::string used = usedFile.empty() ? "" : ReadConfiguration(usedFile);
+    if (used.empty() && !usedFile.empty())
+    {
+        return usedFile + " can't be read"; // what else it says would be lost
+    }
+    const std::string text = used.empty() ? "" : used + ReadDropIns(usedName);
+    staged = std::make_unique<StagedFile>(OwnFolder + ownName);
+    int error = staged->Prepare(MakeNetworkText(text, match, plan));
+    error = error == 0 ? staged->Commit() : error;
+    return error == 0 ? Reload(deadline) : OwnFolder + ownName + ": " + std::strerror(error);
+}
+
+Failure Networkd::Keep(const AddressPlan&, Deadline)
+{
+    staged->Keep();
+    return {};
+}
+
+Failure Networkd::Withdraw(const AddressPlan&, Deadline deadline)
+{
+    const int error = staged == nullptr ? 0 : staged->Restore();
+    const Failure failure = staged == nullptr ? "" : Reload(deadline);
+    staged.reset();
+    return error != 0 ? std::strerror(error) : failure;
+}
+
+} // namespace Zelkor::Discovery::Platform

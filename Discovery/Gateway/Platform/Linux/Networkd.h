@@ -1,0 +1,32 @@
+#pragma once
+
+#include "AddressManager.h"
+#include "StagedFile.h"
+
+#include <memory>
+
+namespace Zelkor::Discovery::Platform
+{
+
+/// systemd-networkd: writes a .network file for the adapter alone that comes before the one that has configured it, since
+/// drop-ins can't take addresses back and a file may stand for many adapters.
+class Networkd : public AddressManager
+{
+public:
+    std::string Name() const override;
+    Ownership Owns(const std::string& adapter, Deadline deadline) override;
+    Failure Apply(const AddressPlan& plan, Deadline deadline) override;
+    Failure Keep(const AddressPlan& plan, Deadline deadline) override;
+    Failure Withdraw(const AddressPlan& plan, Deadline deadline) override;
+    bool NeedsCarrier() const override;
+
+private:
+    Failure FindFile(Deadline deadline);
+    static Failure Reload(Deadline deadline);
+
+    std::string linkPath; ///< the adapter's object on the bus
+    std::string usedFile; ///< the .network file that configures the adapter now, may be empty
+    std::unique_ptr<StagedFile> staged;
+};
+
+} // namespace Zelkor::Discovery::Platform

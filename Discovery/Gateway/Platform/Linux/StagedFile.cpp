@@ -1,0 +1,152 @@
+#include "StagedFile.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Zelkor::Discovery::Platform
+{
+
+namespace
+{
+
+constexpr mode_t ReadableByAll = 0644;
+
+std::string Resolve(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path real = std::filesystem::weakly_canonical(path, error);
+    return error ? path : real.string();
+}
+
+/// @returns 0, or errno
+int WriteAll(int file, const std::string& text)
+{
+    for (std::size_t done = 0; done < text.size();)
+    {
+        const ssize_t count = write(file, text.data() + done, text.size() - done);
+        if (count < 0 && errno != EINTR)
+        {
+            return errno;
+        }
+        done += count > 0 ? static_cast<std::size_t>(count) : 0;
+    }
+    return fsync(file) == 0 ? 0 : errno;
+}
+
+/// Owner and mode as model has them. A file of root's own needs no right to change the owner.
+int Assimilate(int file, const struct stat& model)
+{
+    struct stat own = {};
+    fstat(file, &own);
+    const bool sameOwner = own.st_uid == model.st_uid && own.st_gid == model.st_gid;
+    const bool done =
+        (sameOwner || fchown(file, model.st_uid, model.st_gid) == 0) && fchmod(file, model.st_mode & ALLPERMS) == 0;
+    return done ? 0 : errno;
+}
+
+/// A rename is on the disk only when its folder is.
+void FlushFolder(const std::string& path)
+{
+    const int folder = open(path.substr(0, path.rfind('/') + 1).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    fsync(folder);
+    close(folder);
+}
+
+} // namespace
+
+StagedFile::StagedFile(const std::string& name) : path(Resolve(name)) {}
+
+StagedFile::~StagedFile()
+{
+    if (!staged.empty())
+    {
+        unlink(staged.c_str());
+    }
+    Keep();
+}
+
+int StagedFile::Prepare(const std::string& text)
+{
+    struct stat model = {};
+    isNew = stat(path.c_str(), &model) != 0;
+    model.st_mode = isNew ? ReadableByAll : model.st_mode;
+    model.st_uid = isNew ? geteuid() : model.st_uid;
+    model.st_gid = isNew ? getegid() : model.st_gid;
+    const std::size_t nameAt = path.rfind('/') + 1;
+    staged = path.substr(0, nameAt) + "." + path.substr(nameAt) + ".XXXXXX";
+    const int file = mkostemp(staged.data(), O_CLOEXEC);
+    if (file < 0)
+    {
+        staged.clear();
+        return errno;
+    }
+    int error = WriteAll(file, text);
+    error = error != 0 ? error : Assimilate(file, model);
+    close(file);
+    return error;
+}
+
+int StagedFile::Commit()
+{
+    if (!isNew)
+    {
+        if (link(path.c_str(), (staged + "~").c_str()) != 0)
+        {
+            return errno;
+        }
+        former = staged + "~";
+    }
+    if (rename(staged.c_str(), path.c_str()) != 0)
+    {
+        return errno;
+    }
+    staged.clear();
+    isCommitted = true;
+    FlushFolder(path);
+    return 0;
+}
+
+void StagedFile::Keep()
+{
+    if (!former.empty())
+    {
+        unlink(former.c_str());
+        former.clear();
+    }
+    isCommitted = false;
+}
+
+int StagedFile::Restore()
+{
+    if (!isCommitted)
+    {
+        return 0;
+    }
+    const int result = isNew ? unlink(path.c_str()) : rename(former.c_str(), path.c_str());
+    const int error = result == 0 ? 0 : errno;
+    former.clear();
+    isCommitted = false;
+    FlushFolder(path);
+    return error;
+}
+
+std::string ReadConfiguration(const std::string& path)
+{
+    constexpr std::uintmax_t MaximumSize = 1 << 20; // bytes
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error) || std::filesystem::file_size(path, error) > MaximumSize ||
+        error)
+    {
+        return {};
+    }
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+} // namespace Zelkor::Discovery::Platform

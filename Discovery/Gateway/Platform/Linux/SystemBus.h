@@ -1,0 +1,111 @@
+#pragma once
+
+#include "Command.h"
+
+#include <cerrno>
+#include <memory>
+#include <string>
+#include <systemd/sd-bus.h>
+
+namespace Zelkor::Discovery::Platform
+{
+
+/// Releases a message of the bus.
+struct BusMessageRelease
+{
+    void operator()(sd_bus_message* message) const
+    {
+        sd_bus_message_unref(message);
+    }
+};
+
+using BusMessage = std::unique_ptr<sd_bus_message, BusMessageRelease>;
+
+/// A connection to the system bus for one operation on the host. Every call ends by the deadline.
+class SystemBus
+{
+public:
+    /// Connects; where that fails or takes too long, the connection counts as closed.
+    explicit SystemBus(Deadline deadline);
+
+    bool IsOpen() const
+    {
+        return connection != nullptr;
+    }
+
+    /// True if this host has no bus now, as opposed to one that does not answer.
+    bool IsAbsent() const
+    {
+        return isAbsent;
+    }
+
+    /// Whether a process stands behind name now. Asked before a call that must not start a service.
+    /// False as well where the bus did not tell: then LastCode is not 0.
+    bool HasOwner(const char* name);
+
+    /// Calls a method.
+    /// @param types      the D-Bus signature of the arguments that follow, as sd_bus_call_method takes them
+    /// @param reply      receives the answer
+    /// @returns 0, or errno; the reason is in LastError
+    template <class... Arguments>
+    int Call(const char* service, const char* path, const char* interface, const char* method, BusMessage& reply,
+             const char* types, Arguments... arguments)
+    {
+        sd_bus_message* made = nullptr;
+        int result = IsOpen()
+                         ? sd_bus_message_new_method_call(connection.get(), &made, service, path, interface, method)
+                         : -ENOTCONN;
+        const BusMessage call(made);
+        if (result >= 0 && *types != '\0')
+        {
+            result = sd_bus_message_append(call.get(), types, arguments...);
+        }
+        return result < 0 ? Note(-result) : Send(call.get(), reply);
+    }
+
+    /// Fetches a property.
+    /// @param type   its D-Bus signature
+    /// @param reply  receives the answer, to be read from by that signature; texts lie within it
+    /// @returns 0, or errno; the reason is in LastError
+    int ReadProperty(const char* service, const char* path, const char* interface, const char* property,
+                     const char* type, BusMessage& reply);
+
+    /// 0, or errno of the last operation, that of connecting if there was none since.
+    int LastCode() const
+    {
+        return lastCode;
+    }
+
+    /// Why the last call failed, as the service told it; empty if it told nothing.
+    const std::string& LastError() const
+    {
+        return lastError;
+    }
+
+    /// The name of the D-Bus error that the last call gave, empty if it gave none.
+    const std::string& LastErrorName() const
+    {
+        return lastErrorName;
+    }
+
+private:
+    struct Close
+    {
+        void operator()(sd_bus* bus) const
+        {
+            sd_bus_close_unref(bus);
+        }
+    };
+
+    int Note(int code);
+    int Send(sd_bus_message* call, BusMessage& reply);
+
+    std::unique_ptr<sd_bus, Close> connection;
+    Deadline deadline;
+    bool isAbsent = false;
+    int lastCode = 0;
+    std::string lastError;
+    std::string lastErrorName;
+};
+
+} // namespace Zelkor::Discovery::Platform

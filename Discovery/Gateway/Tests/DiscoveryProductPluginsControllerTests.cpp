@@ -1,0 +1,208 @@
+#include <Corelib/Tests/CoreTest.h>
+#include <Corelib/Tests/TemporaryFolder.h>
+#include <Discovery/Gateway/DiscoveryProductPluginsController.h>
+#include <Discovery/Gateway/Platform/DynamicLibrary.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
+
+#include <filesystem>
+#include <fstream>
+#include <future>
+#include <map>
+#include <sstream>
+#include <stdexcept>
+
+using namespace Zelkor::Discovery;
+using namespace Zelkor::Discovery::Client;
+using Tesmo::System::String;
+
+namespace
+{
+namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
+
+const std::string extension = std::string(Platform::LibraryPattern).substr(1);
+const std::string longName = "St\xC3\xB6re, with a name that is longer than what a text keeps within itself";
+const std::string store = "Server|88|2.1|" + longName;
+const std::string updatedStore = "Server|88|2.2|" + longName;
+const std::string sample = "Sample|4711|1.0|Sample product";
+
+class DiscoveryProductPluginsControllerTests : public testing::Test
+{
+protected:
+    std::string File(const std::string& name) const
+    {
+        return folder.Path(name + extension).Utf8();
+    }
+
+    /// Installs or updates a plug-in as a product does: at no moment there is half a file.
+    void Install(const std::string& plugin, const std::string& name) const
+    {
+        fs::copy_file(fs::path(PRODUCT_PLUGINS) / (plugin + extension), folder.Path("new").Utf8());
+        fs::rename(folder.Path("new").Utf8(), File(name));
+    }
+
+    Texts Products() const
+    {
+        const auto products = DiscoveryProductPluginsController(folder.Path()).GetProducts();
+        Texts texts;
+        for (int i = 0; i < products->Count(); ++i)
+        {
+            const DiscoveryHostProduct& product = *(*products)[i];
+            texts.push_back(product.ProductType.Utf8() + "|" + product.ProductSerialNumber.Utf8() + "|" +
+                            product.ProductVersion.Utf8() + "|" + product.ProductName.Utf8());
+        }
+        return texts;
+    }
+
+    /// True where this process still holds a plug-in, as far as the system tells.
+    bool IsLoaded(const std::string& name) const
+    {
+        std::ostringstream maps;
+        maps << std::ifstream("/proc/self/maps").rdbuf();
+        return maps.str().find(File(name)) != std::string::npos;
+    }
+
+    const TemporaryFolder folder;
+};
+
+std::string Found(int count)
+{
+    return "S ProductPluginsController: Found " + std::to_string(count) + " ProductInfos plugins.";
+}
+
+std::string Critical(const std::string& text)
+{
+    return "C ProductPluginsController: " + text;
+}
+
+} // namespace
+
+TEST_F(DiscoveryProductPluginsControllerTests, AFolderWithoutPluginsGivesNoProducts)
+{
+    folder.Write("readme.txt", "no plug-in");
+    fs::create_directory(File("folder"));
+    LogRecorder log;
+
+    EXPECT_EQ(Texts(), Products());
+    EXPECT_EQ(Texts(), log.Take());
+
+    fs::remove_all(folder.Path().Utf8());
+    EXPECT_EQ(Texts(), Products());
+    EXPECT_EQ(Texts{Critical("The product identifiers folder doesn't exist.")}, log.Take());
+}
+
+TEST_F(DiscoveryProductPluginsControllerTests, EachPluginBecomesAProductInTheOrderOfTheFolder)
+{
+    std::map<std::string, std::string> answers;
+    const auto install = [&](const std::string& name, const std::string& plugin, const std::string& answer)
+    {
+        Install(plugin, name);
+        answers[name + extension] = answer;
+    };
+    install("m", "StorePlugin", store);
+    install("b", "SampleProductPlugin", sample);
+    install("z", "NoSerialNumberPlugin", "Server||2.1|" + longName);
+    install("k", "UpdatedStorePlugin", updatedStore);
+    install("a", "StorePlugin", store);
+    Texts expected;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder.Path().Utf8()))
+    {
+        expected.push_back(answers[entry.path().filename().string()]);
+    }
+    LogRecorder log;
+
+    EXPECT_EQ(expected, Products());
+    EXPECT_EQ(Texts{Found(5)}, log.Take());
+}
+
+TEST_F(DiscoveryProductPluginsControllerTests, ARefusedQuestionLeavesTheProductOutAndIsTheLast)
+{
+    Install("StorePlugin", "store");
+    for (const char* const question : {"1", "2", "3", "4"})
+    {
+        SCOPED_TRACE(question);
+        Install(std::string("RefusingPlugin") + question, "refusing");
+        LogRecorder log;
+
+        EXPECT_EQ(Texts{store}, Products());
+        EXPECT_EQ((Texts{Found(2), Critical("Product infos DLL returned an error, product will be ignored. File : "
+                                            "refusing" +
+                                            extension)}),
+                  log.Take());
+        EXPECT_FALSE(IsLoaded("refusing"));
+    }
+}
+
+TEST_F(DiscoveryProductPluginsControllerTests, WhatIsNoPluginIsLoggedAndLeftOut)
+{
+    Install("StorePlugin", "store");
+    const auto expectFailure = [this](const std::string& name, const std::string& failure)
+    {
+        SCOPED_TRACE(name);
+        LogRecorder log;
+        EXPECT_EQ(Texts{store}, Products());
+        const Texts rows = log.Take();
+        ASSERT_EQ(4u, rows.size());
+        EXPECT_EQ(Found(2), rows[0]);
+        const std::string reason = Critical("GetLastError : ");
+        EXPECT_TRUE(rows[1].starts_with(reason) && rows[1] != reason) << rows[1];
+        EXPECT_EQ(Critical("Exception caught in while getting product infos in DLL : " + name + extension + ": " +
+                           failure + ", location: "),
+                  rows[2]);
+        EXPECT_FALSE(IsLoaded(name));
+        fs::remove(File(name));
+    };
+    folder.Write("empty" + extension, "");
+    expectFailure("empty", "Could not load: " + File("empty"));
+    folder.Write("text" + extension, std::string(1000, 'x'));
+    expectFailure("text", "Could not load: " + File("text"));
+    Install("NoEntryPointPlugin", "other");
+    expectFailure("other", "Entry point not found: GetDiscoveryProductPlugin");
+}
+
+TEST_F(DiscoveryProductPluginsControllerTests, AProductShowsAsSoonAsItIsInstalledUpdatedOrRemoved)
+{
+    EXPECT_EQ(Texts(), Products());
+    Install("StorePlugin", "store");
+    EXPECT_EQ(Texts{store}, Products());
+    Install("UpdatedStorePlugin", "store");
+    EXPECT_EQ(Texts{updatedStore}, Products());
+    fs::remove(File("store"));
+    EXPECT_EQ(Texts(), Products());
+}
+
+TEST_F(DiscoveryProductPluginsControllerTests, TwoThreadsAskTheSamePluginsAndLeaveNothingBehind)
+{
+    Install("StorePlugin", "store");
+    Install("RefusingPlugin3", "refusing");
+    const auto ask = [this]
+    {
+        int wrong = 0;
+        for (int round = 0; round < 100; ++round)
+        {
+            wrong += Products() == Texts{store} ? 0 : 1;
+        }
+        return wrong;
+    };
+
+    std::future<int> other = std::async(std::launch::async, ask);
+    EXPECT_EQ(0, ask());
+    EXPECT_EQ(0, other.get());
+
+    EXPECT_FALSE(IsLoaded("store"));
+    EXPECT_FALSE(IsLoaded("refusing"));
+}
+
+TEST_F(DiscoveryProductPluginsControllerTests, WhatAPluginThrowsPassesThroughAndCanBeRead)
+{
+    Install("ThrowingPlugin", "throwing");
+    try
+    {
+        Products();
+        FAIL() << "nothing was thrown";
+    }
+    catch (const std::runtime_error& failure)
+    {
+        EXPECT_STREQ("thrown by a plug-in", failure.what());
+    }
+}

@@ -1,0 +1,161 @@
+#include "PrivateHost.h"
+
+#include <Discovery/Gateway/Platform/HostName.h>
+#include <Discovery/Gateway/Platform/Linux/HostNameRule.h>
+#include <Discovery/Gateway/Platform/Linux/SystemBus.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <random>
+#include <tuple>
+
+using namespace Zelkor::Discovery::Platform;
+using namespace std::chrono_literals;
+
+namespace
+{
+
+class HostNameTests : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!host.IsEntered())
+        {
+            GTEST_SKIP() << "the system refuses namespaces";
+        }
+        Shell("hostname old-node; echo old-node >/etc/hostname");
+    }
+
+    void StartHostNameService(const std::vector<std::string>& arguments = {"/usr/lib/systemd/systemd-hostnamed"})
+    {
+        host.StartBus();
+        host.StartService("org.freedesktop.hostname1", arguments);
+    }
+
+    static void ExpectName(const std::string& name)
+    {
+        char now[HostNameSize];
+        ASSERT_EQ(0, ReadHostName(now));
+        EXPECT_EQ(name, now);
+        EXPECT_EQ(name + "\n", ReadText("/etc/hostname"));
+    }
+
+    PrivateHost host;
+};
+
+/// Names that no host may bear: every byte that is not allowed, and what shells, paths and labels would choke on.
+std::vector<std::string> HostileNames()
+{
+    std::vector<std::string> names = {"",
+                                      ".",
+                                      "-",
+                                      "a.",
+                                      ".a",
+                                      "a..b",
+                                      "-a",
+                                      "a-",
+                                      "a.-b",
+                                      "a-.b",
+                                      "../x",
+                                      "$(reboot)",
+                                      "a;reboot",
+                                      "--help",
+                                      std::string(65, 'a'),
+                                      std::string(60000, 'a')};
+    for (int byte = 0; byte < 256; ++byte)
+    {
+        const std::string name = {'a', static_cast<char>(byte), 'b'};
+        if (!IsHostName(name))
+        {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+TEST_F(HostNameTests, TheHostsOwnServiceStoresTheNameForACallerWithoutCapabilities)
+{
+    StartHostNameService();
+
+    WithoutCapabilities([] { EXPECT_EQ(0, WriteHostName("new-node.lan")); }); // it can't set the name by itself
+
+    ExpectName("new-node.lan");
+}
+
+TEST_F(HostNameTests, WhatTheServiceRefusesIsNotDoneInAnotherWay)
+{
+    StartHostNameService(
+        {"unshare", "--mount", "sh", "-c", "mount -o remount,bind,ro /etc && exec /usr/lib/systemd/systemd-hostnamed"});
+
+    EXPECT_NE(0, WriteHostName("new-node"));
+
+    ExpectName("old-node");
+}
+
+TEST_F(HostNameTests, OurRuleIsTheRuleOfTheHostsOwnService)
+{
+    StartHostNameService();
+    SystemBus bus(std::chrono::steady_clock::now() + 30s);
+    std::mt19937 random(1);
+    const std::string characters = "aZ5--.._ /\xC3";
+    int accepted = 0;
+    for (int round = 0; round < 1200; ++round)
+    {
+        std::string name(round % 100 == 0 ? 60 + random() % 10 : 1 + random() % 6, 'x');
+        for (std::size_t i = 0; i < name.size() && round % 100 != 0; ++i)
+        {
+            name[i] = characters[random() % characters.size()];
+        }
+        BusMessage reply;
+        const int error = bus.Call("org.freedesktop.hostname1", "/org/freedesktop/hostname1",
+                                   "org.freedesktop.hostname1", "SetStaticHostname", reply, "sb", name.c_str(), 0);
+        EXPECT_EQ(error == 0, IsHostName(name)) << name << ": " << bus.LastError();
+        accepted += error == 0 ? 1 : 0;
+    }
+    EXPECT_GT(accepted, 60);
+}
+
+TEST_F(HostNameTests, WithoutTheServiceTheNameIsSetAndStoredWholeOrNotAtAll)
+{
+    // A command that changes the host, and whether a name can then be written.
+    using Row = std::tuple<const char*, bool>;
+    for (const auto& [before, works] : {Row{"", true}, Row{"rm /etc/hostname", true},
+                                        Row{"cp /etc/hostname /run/h; mount --bind /run/h /etc/hostname", true},
+                                        Row{"mount -o remount,ro /etc", true}, // all but the file that is mounted there
+                                        Row{"umount /etc/hostname", false},
+                                        Row{"mount -t tmpfs -o nr_inodes=2 t /etc; echo name-3 >/etc/hostname", false}})
+    {
+        SCOPED_TRACE(before);
+        static int count = 0;
+        const std::string name = "name-" + std::to_string(count++);
+        Shell(before);
+        char old[HostNameSize];
+        ASSERT_EQ(0, ReadHostName(old));
+        const std::string oldText = ReadText("/etc/hostname");
+
+        EXPECT_EQ(works, WriteHostName(name) == 0);
+
+        char now[HostNameSize];
+        ASSERT_EQ(0, ReadHostName(now));
+        EXPECT_EQ(works ? name : old, now);
+        EXPECT_EQ(works ? name + "\n" : oldText, ReadText("/etc/hostname"));
+        Shell("! ls -A /etc | grep -E '^.?hostname[.]'");
+    }
+}
+
+TEST_F(HostNameTests, ANameThatNoHostMayBearReachesNothing)
+{
+    pollfd bus{host.StartSilentBus(), POLLIN, 0};
+    const std::vector<std::string> names = HostileNames();
+    ASSERT_GE(names.size(), 200U);
+
+    for (const std::string& name : names)
+    {
+        EXPECT_NE(0, WriteHostName(name)) << name;
+    }
+
+    EXPECT_EQ(0, poll(&bus, 1, 0)) << "somebody connected";
+    ExpectName("old-node");
+}

@@ -1,0 +1,193 @@
+#include "ManagedHost.h"
+
+#include "NetworkNamespace.h"
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <fstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+/// How a manager is run in a test. The shell commands find an adapter in $N, its addresses in $A, its gateway in $G.
+struct Recipe
+{
+    const char* program;
+    std::vector<std::string> daemon; ///< empty if there is none
+    const char* prepare;
+    const char* configure;
+    const char* isReady; ///< of the daemon
+    const char* up;      ///< for each adapter
+    const char* down;    ///< for each adapter
+    const char* forget;
+};
+
+namespace
+{
+
+// What the daemons set comes a moment after they answer.
+constexpr const char* UntilConfigured =
+    R"(n=0; until ip -4 addr show dev "$N" | grep -q inet; do n=$((n + 1)); [ $n -lt 500 ]; sleep .02; done)";
+
+const std::array<Recipe, 4> Recipes = {{
+    {"/bin/sh",
+     {},
+     "",
+     "echo \"$A $G\" >\"/run/$N.addresses\"",
+     "",
+     R"(read -r A <"/run/$N.addresses"; ip link set dev "$N" up; ip -6 addr replace fd00::1/64 dev "$N" nodad
+for a in $A; do case $a in */*) ip addr add "$a" dev "$N";; *) ip route add default via "$a" dev "$N";; esac; done)",
+     "ip -4 addr flush dev \"$N\"",
+     ""},
+    {"/usr/sbin/NetworkManager",
+     {"NetworkManager", "--no-daemon"},
+     R"(mount -t tmpfs tmpfs /var/lib/NetworkManager
+mkdir -p /etc/NetworkManager/conf.d; rm -rf /etc/NetworkManager/dispatcher.d
+printf '[main]\nplugins=keyfile\ndns=none\nauth-polkit=false\nno-auto-default=*\n[keyfile]\nunmanaged-devices=interface-name:end\n' >/etc/NetworkManager/conf.d/test.conf)",
+     R"(f="/etc/NetworkManager/system-connections/$N.nmconnection"; i=0
+{ printf '[connection]\nid=%s\ntype=ethernet\ninterface-name=%s\n' "$N" "$N"
+  printf '[ipv6]\nmethod=manual\naddress1=fd00::1/64\n[ipv4]\nmethod=manual\n'
+  for a in $A; do i=$((i + 1)); echo "address$i=$a${G:+,$G}"; G=; done; } >"$f"
+chmod 600 "$f")",
+     "nm-online -s -q -t 10",
+     UntilConfigured,
+     "ip addr flush dev \"$N\"",
+     "rm -rf /run/NetworkManager"},
+    {"/usr/lib/systemd/systemd-networkd",
+     {"setpriv", "--reuid=systemd-network", "--regid=systemd-network", "--init-groups",
+      "--inh-caps=+net_admin,+net_raw,+net_bind_service,+net_broadcast",
+      "--ambient-caps=+net_admin,+net_raw,+net_bind_service,+net_broadcast", "/usr/lib/systemd/systemd-networkd"},
+     "mkdir -p /run/systemd/netif/links /run/systemd/netif/leases /run/systemd/netif/lldp\n"
+     "chown -R systemd-network: /run/systemd/netif",
+     R"({ printf '[Match]\nName=%s\n[Network]\nAddress=fd00::1/64\n' "$N"
+  for a in $A; do echo "Address=$a"; done; echo "${G:+Gateway=$G}"; } >"/etc/systemd/network/10-$N.network")",
+     "busctl call org.freedesktop.DBus / org.freedesktop.DBus GetNameOwner s org.freedesktop.network1",
+     UntilConfigured,
+     "ip addr flush dev \"$N\"",
+     "rm -f /run/systemd/netif/*/*"},
+    {"/sbin/ifup",
+     {},
+     "printf 'auto lo\\niface lo inet loopback\\nsource interfaces.d/*\\n' >/etc/network/interfaces; mkdir -p "
+     "/run/network",
+     R"({ echo "auto $N"
+  for a in $A; do printf 'iface %s inet static\n  address %s\n' "$N" "$a"; echo "${G:+  gateway $G}"; G=; done
+  printf 'iface %s inet6 static\n  address fd00::1/64\n  dad-attempts 0\n' "$N"; } >"/etc/network/interfaces.d/$N")",
+     "",
+     "ifup \"$N\"",
+     "ifdown --force \"$N\"",
+     "rm -rf /run/network/*"},
+}};
+
+// No service is started by its name: what the daemons would like to have must not run on after the test.
+constexpr const char* BusConfiguration = R"(<busconfig>
+  <type>system</type>
+  <listen>unix:path=/run/dbus/system_bus_socket</listen>
+  <policy context="default">
+    <allow user="*"/>
+    <allow own="*"/>
+    <allow send_destination="*"/>
+    <allow receive_sender="*"/>
+  </policy>
+</busconfig>)";
+
+void WaitFor(const std::string& command)
+{
+    Shell("n=0; until " + command + " >/dev/null 2>&1; do n=$((n + 1)); [ $n -lt 500 ]; sleep .02; done");
+}
+
+pid_t Launch(const std::vector<std::string>& arguments)
+{
+    std::vector<char*> words;
+    for (const std::string& argument : arguments)
+    {
+        words.push_back(const_cast<char*>(argument.c_str()));
+    }
+    words.push_back(nullptr);
+    const pid_t process = fork();
+    if (process == 0)
+    {
+        const int log = open("/run/daemons.log", O_WRONLY | O_CREAT | O_APPEND, 0666);
+        dup2(log, STDOUT_FILENO);
+        dup2(log, STDERR_FILENO);
+        execvp(words[0], words.data());
+        _exit(127);
+    }
+    return process;
+}
+
+void End(pid_t& process)
+{
+    if (process > 0)
+    {
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0);
+    }
+    process = -1;
+}
+
+} // namespace
+
+ManagedHost::ManagedHost(Manager manager) : recipe(Recipes.at(static_cast<std::size_t>(manager)))
+{
+    if (IsInstalled())
+    {
+        Shell("mount -t sysfs -o ro sysfs /sys"); // read-only: the daemons then do without udev
+        Shell(recipe.prepare);
+    }
+}
+
+ManagedHost::~ManagedHost()
+{
+    End(daemon);
+    End(bus);
+}
+
+bool ManagedHost::IsInstalled() const
+{
+    return access(recipe.program, X_OK) == 0 && (recipe.daemon.empty() || access("/usr/bin/dbus-daemon", X_OK) == 0);
+}
+
+void ManagedHost::ForEachAdapter(const std::string& commands) const
+{
+    for (const std::string& adapter : adapters)
+    {
+        Shell("N='" + adapter + "'; " + commands);
+    }
+}
+
+void ManagedHost::Configure(const std::string& adapter, const std::string& addresses, const std::string& gateway)
+{
+    adapters.insert(adapter);
+    Shell("N='" + adapter + "'; A='" + addresses + "'; G='" + gateway + "'; " + recipe.configure);
+}
+
+void ManagedHost::Start()
+{
+    if (bus < 0 && !recipe.daemon.empty())
+    {
+        std::ofstream("/run/dbus/test.conf") << BusConfiguration;
+        bus = Launch({"dbus-daemon", "--config-file=/run/dbus/test.conf", "--nofork", "--nopidfile"});
+        WaitFor("busctl list");
+    }
+    if (!recipe.daemon.empty())
+    {
+        daemon = Launch(recipe.daemon);
+        WaitFor(recipe.isReady);
+    }
+    ForEachAdapter(recipe.up);
+}
+
+void ManagedHost::Stop()
+{
+    End(daemon);
+    ForEachAdapter(recipe.down);
+    Shell(recipe.forget);
+}
+
+void ManagedHost::Freeze() const
+{
+    if (daemon > 0) // -1 would mean every process of the machine
+    {
+        kill(daemon, SIGSTOP);
+    }
+}

@@ -1,0 +1,5 @@
+/// A library that is no plug-in.
+extern "C" [[gnu::used]] int GetSomethingElse()
+{
+    return 0;
+}

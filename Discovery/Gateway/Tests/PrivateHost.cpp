@@ -1,0 +1,121 @@
+#include "PrivateHost.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <linux/capability.h>
+#include <sched.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace
+{
+
+// What a test does must not reach the machine: the namespaces count as entered only when all of this worked.
+constexpr const char* Mounts = R"(set -e
+mount --make-rprivate /
+mount -t tmpfs tmpfs /run
+mkdir /run/dbus
+for folder in etc usr/sbin
+do
+    mkdir -p /run/over/$folder/upper /run/over/$folder/work
+    mount -t overlay overlay /$folder \
+        -o lowerdir=/$folder,upperdir=/run/over/$folder/upper,workdir=/run/over/$folder/work
+done)";
+
+} // namespace
+
+PrivateHost::PrivateHost()
+    : oldMounts(open("/proc/thread-self/ns/mnt", O_RDONLY | O_CLOEXEC)),
+      left(network.IsEntered() && unshare(CLONE_NEWNS) == 0),
+      entered(left && std::system(Mounts) == 0)
+{
+    unsetenv("DBUS_SYSTEM_BUS_ADDRESS");
+}
+
+PrivateHost::~PrivateHost()
+{
+    for (const pid_t program : programs)
+    {
+        kill(program, SIGKILL);
+        waitpid(program, nullptr, 0);
+    }
+    if (left)
+    {
+        EXPECT_EQ(0, unshare(CLONE_FS)); // a thread of a sanitizer's own may share what the return needs alone
+        EXPECT_EQ(0, setns(oldMounts, CLONE_NEWNS));
+    }
+    close(oldMounts);
+    close(silentBus);
+}
+
+bool PrivateHost::IsEntered() const
+{
+    return entered;
+}
+
+void PrivateHost::Start(const std::vector<std::string>& arguments)
+{
+    std::vector<char*> words;
+    for (const std::string& argument : arguments)
+    {
+        words.push_back(const_cast<char*>(argument.c_str()));
+    }
+    words.push_back(nullptr);
+    const pid_t program = fork();
+    if (program == 0)
+    {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        execvp(words[0], words.data());
+        _exit(127);
+    }
+    ASSERT_GT(program, 0); // -1 would later mean every process of the machine
+    programs.push_back(program);
+}
+
+void PrivateHost::StartBus()
+{
+    StartService("org.freedesktop.DBus", {"dbus-daemon", "--system", "--nofork", "--nopidfile"});
+}
+
+int PrivateHost::StartSilentBus()
+{
+    const sockaddr_un address{AF_UNIX, "/run/dbus/system_bus_socket"};
+    silentBus = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    EXPECT_EQ(0, bind(silentBus, reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
+    EXPECT_EQ(0, listen(silentBus, SOMAXCONN));
+    return silentBus;
+}
+
+void PrivateHost::StartService(const std::string& name, const std::vector<std::string>& arguments)
+{
+    Start(arguments);
+    Shell("n=0; until busctl status " + name + " >/dev/null 2>&1; do n=$((n + 1)); [ $n -lt 500 ]; sleep .02; done");
+}
+
+void WithoutCapabilities(const std::function<void()>& action)
+{
+    std::thread(
+        [&action]
+        {
+            __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+            __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
+            ASSERT_EQ(0, syscall(SYS_capset, &header, none));
+            action();
+        })
+        .join();
+}
+
+std::string ReadText(const std::string& path)
+{
+    std::ifstream stream(path);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "NetworkNamespace.h"
+
+#include <functional>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+/// A host of the calling thread's own: network, host name and mounts. What is written to /etc and /usr/sbin goes with
+/// the object, and so do the programs that it started. /run is empty: there is no bus until one is started.
+class PrivateHost
+{
+public:
+    PrivateHost();
+    ~PrivateHost();
+    PrivateHost(const PrivateHost&) = delete;
+    PrivateHost& operator=(const PrivateHost&) = delete;
+
+    /// False where the system refuses namespaces: the test is to be skipped.
+    bool IsEntered() const;
+
+    /// Starts a program that runs until the end of the scope.
+    void Start(const std::vector<std::string>& arguments);
+
+    /// Starts the system bus and waits for it.
+    void StartBus();
+
+    /// Puts a bus there that takes connections and never answers.
+    /// @returns its listening socket, closed at the end of the scope
+    int StartSilentBus();
+
+    /// Starts a program and waits until it has the given name on the bus.
+    void StartService(const std::string& name, const std::vector<std::string>& arguments);
+
+private:
+    NetworkNamespace network;
+    int oldMounts;
+    bool left; ///< the old mounts
+    bool entered;
+    int silentBus = -1;
+    std::vector<pid_t> programs;
+};
+
+/// Runs action on a thread that has no capability left, as a confined service of root's has none.
+void WithoutCapabilities(const std::function<void()>& action);
+
+/// The content of a file, empty if there is none.
+std::string ReadText(const std::string& path);
