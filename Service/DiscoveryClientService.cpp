@@ -1,8 +1,9 @@
 #include "DiscoveryClientService.h"
 
+#include "Platform/LogRoot.h"
 #include "Platform/ServiceControl.h"
-#include "StandardErrorLogStream.h"
 
+#include <Core/System/IO/Path.h>
 #include <Core/System/Sp.h>
 #include <Discovery/Client/DiscoveryClient.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
@@ -13,7 +14,9 @@
 namespace Zelkor::Discovery::Client
 {
 using Tesmo::Sp;
-using Tesmo::System::LogStreams::ILogStream;
+using Tesmo::System::String;
+using Tesmo::System::IO::Path;
+using Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
@@ -38,6 +41,16 @@ constexpr Platform::ServiceStatus NoStopEvent(int error)
             0,
             1,
             0};
+}
+
+String LogPath()
+{
+    String path(Platform::LogRoot());
+    for (const char* const name : {"Discovery", "DiscoveryClient", "DiscoveryClient.log"})
+    {
+        path = Path::Combine(path, name);
+    }
+    return path;
 }
 
 /// The state last reported, 0 before the first report: written by the entry point and, while it waits, by the handler.
@@ -80,7 +93,7 @@ void DiscoveryClientService::ServiceEntryPoint()
         Report(NoStopEvent(error));
         return;
     }
-    DiscoveryLogger::Instance().SetStream(Sp<ILogStream>(new StandardErrorLogStream()));
+    DiscoveryLogger::Instance().Open(LogPath(), LogStreamLevel::Standard);
     Sp<DiscoveryClientDataGatewayW32> gateway(new DiscoveryClientDataGatewayW32());
     Sp<DiscoveryClient> client(new DiscoveryClient(gateway));
     client->Start();

@@ -11,6 +11,7 @@
 #include <Discovery/Transport/DiscoveryPorts.h>
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 
+#include <atomic>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -53,32 +54,7 @@ String Decode(const unsigned char* bytes, int count)
     return Text::Encoding::GetEncoding(437)->GetString(Array<unsigned char>(bytes, count));
 }
 
-/// Prints each datagram until the socket is shut down.
-void Listen(IDiscoverySocket& socket, bool json)
-{
-    const Up<unsigned char[]> buffer(new unsigned char[largestDatagram]);
-    IPEndPoint sender(IPAddress::Any, 0);
-    try
-    {
-        for (;;)
-        {
-            const int count = socket.Receive(buffer, largestDatagram, sender);
-            const String text = Decode(buffer.Get(), count);
-            const std::string report = json ? ReportForPrograms(text, sender) : ReportForPeople(text, sender);
-            std::fwrite(report.data(), 1, report.size(), stdout);
-            std::fflush(stdout);
-        }
-    }
-    catch (const Sockets::SocketException&)
-    {
-        if (!socket.IsShutDown())
-        {
-            throw;
-        }
-    }
-}
-
-/// Listens for a number of seconds, or for ever.
+/// Prints each datagram that comes in, for a number of seconds or for ever.
 class TimedListener : public Object
 {
 public:
@@ -91,19 +67,45 @@ public:
         {
             clock.Start();
         }
-        Listen(*socket, json);
+        Listen(json);
         clock.Join();
     }
 
 private:
+    void Listen(bool json)
+    {
+        const Up<unsigned char[]> buffer(new unsigned char[largestDatagram]);
+        IPEndPoint sender(IPAddress::Any, 0);
+        try
+        {
+            for (;;)
+            {
+                const int count = socket->Receive(buffer, largestDatagram, sender);
+                const String text = Decode(buffer.Get(), count);
+                const std::string report = json ? ReportForPrograms(text, sender) : ReportForPeople(text, sender);
+                std::fwrite(report.data(), 1, report.size(), stdout);
+                std::fflush(stdout);
+            }
+        }
+        catch (const Sockets::SocketException&)
+        {
+            if (!isOver)
+            {
+                throw;
+            }
+        }
+    }
+
     void ShutDownInTime()
     {
         Threading::Thread::Sleep(seconds * 1000);
+        isOver = true; // first: the listener wakes before the socket says that it is shut down
         socket->Shutdown();
     }
 
     Sp<IDiscoverySocket> socket;
     int seconds;
+    std::atomic<bool> isOver = false;
 };
 
 void Run(const ProbeOptions& options)

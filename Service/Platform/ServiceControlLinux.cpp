@@ -89,6 +89,7 @@ void DeliverControls(int signals)
 int RunService(const char*, void (*entry)())
 {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGCHLD, SIG_DFL); // ignored by some starters, and then the exit codes of programs can't be read
     sigset_t stopSignals;
     sigemptyset(&stopSignals);
     sigaddset(&stopSignals, SIGTERM);

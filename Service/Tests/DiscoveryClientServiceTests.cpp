@@ -1,9 +1,12 @@
-#include "ServiceControlFake.h"
+#include "PlatformFake.h"
 
 #include <Discovery/Gateway/Tests/NetworkNamespace.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Service/DiscoveryClientService.h>
+#include <Tests/Support/HostFolders.h>
 #include <gtest/gtest.h>
 
+using Zelkor::Discovery::DiscoveryLogger;
 using Zelkor::Discovery::Client::DiscoveryClientService;
 
 namespace
@@ -27,7 +30,18 @@ protected:
         }
         control = ServiceControlFake();
         control.whileWaits = [] { control.handler(1); };
+        logRoot = folders.LogFile().parent_path().parent_path().parent_path();
     }
+
+    void TearDown() override
+    {
+        if (DiscoveryLogger::Instance().IsOpen())
+        {
+            DiscoveryLogger::Instance().Close(); // the service leaves it open
+        }
+    }
+
+    HostFolders folders;
 
 private:
     NetworkNamespace network;
@@ -87,6 +101,7 @@ TEST_F(DiscoveryClientServiceTests, ARefusedHandlerOrEventEndsTheServiceBeforeTh
     control.refusesHandler = true;
     DiscoveryClientService::Run();
     EXPECT_TRUE(control.reports.empty());
+    EXPECT_FALSE(std::filesystem::exists(folders.LogFile()));
 }
 
 TEST_F(DiscoveryClientServiceTests, AFailedReportIsToldToTheDebuggerAndTheRunGoesOn)

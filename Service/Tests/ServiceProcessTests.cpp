@@ -1,4 +1,5 @@
 #include <Discovery/Gateway/Tests/NetworkNamespace.h>
+#include <Tests/Support/HostFolders.h>
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -9,6 +10,7 @@
 #include <optional>
 #include <poll.h>
 #include <string>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -57,19 +59,22 @@ private:
     std::string name = "discovery-client-tests-" + std::to_string(getpid());
 };
 
-/// The program in the calling thread's namespaces, killed at the end of the scope if it still runs.
+/// The program in the calling thread's network, with folders of its own, killed at the end of the scope if it still runs.
 class ServiceProcess
 {
 public:
     /// @param errors  becomes its standard error
-    ServiceProcess(const NotifySocket& notify, int errors) : process(fork())
+    ServiceProcess(const NotifySocket& notify, const HostFolders& folders, int errors = STDERR_FILENO) : process(fork())
     {
         if (process == 0)
         {
             std::signal(SIGPIPE, SIG_DFL);
             setenv("NOTIFY_SOCKET", notify.Name().c_str(), 1);
             dup2(errors, STDERR_FILENO);
-            execl(DISCOVERY_CLIENT, DISCOVERY_CLIENT, static_cast<char*>(nullptr));
+            if (folders.Enter())
+            {
+                execl(DISCOVERY_CLIENT, DISCOVERY_CLIENT, static_cast<char*>(nullptr));
+            }
             _exit(127);
         }
     }
@@ -86,7 +91,10 @@ public:
 
     void Signal(int number) const
     {
-        kill(process, number);
+        if (process > 0) // -1 would mean every process of the machine
+        {
+            kill(process, number);
+        }
     }
 
     /// True once the program holds the stop signals back: it may still be at its start. An ignored SIGPIPE tells its
@@ -96,7 +104,7 @@ public:
         return HasSignal("SigIgn:", SIGPIPE) && HasSignal("SigBlk:", SIGTERM);
     }
 
-    /// The exit code; none if a signal ended it or it runs on after the limit.
+    /// The exit code, or 128 + the signal that ended it; none if it runs on after the limit.
     std::optional<int> ExitCode()
     {
         int status = 0;
@@ -110,7 +118,7 @@ public:
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
         process = -1;
-        return WIFEXITED(status) ? std::optional(WEXITSTATUS(status)) : std::nullopt;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     }
 
 private:
@@ -146,6 +154,7 @@ protected:
     }
 
     NotifySocket notify;
+    HostFolders folders;
 };
 } // namespace
 
@@ -154,7 +163,7 @@ TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
     for (const int number : {SIGTERM, SIGINT})
     {
         SCOPED_TRACE(number);
-        ServiceProcess service(notify, STDERR_FILENO);
+        ServiceProcess service(notify, folders);
         ASSERT_EQ("READY=1", notify.Hear());
 
         service.Signal(number);
@@ -167,7 +176,7 @@ TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
 
 TEST_F(ServiceProcessTests, AStopSignalDuringTheStartWaitsForItsEnd)
 {
-    ServiceProcess service(notify, STDERR_FILENO);
+    ServiceProcess service(notify, folders);
     for (int waited = 0; !service.HoldsSignalsBack() && waited < Limit; ++waited)
     {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -180,16 +189,18 @@ TEST_F(ServiceProcessTests, AStopSignalDuringTheStartWaitsForItsEnd)
     EXPECT_EQ(0, service.ExitCode());
 }
 
-TEST_F(ServiceProcessTests, ALogThatNobodyReadsDoesNotEndTheService)
+TEST_F(ServiceProcessTests, AnUnusableLogFolderEndsTheStartAndSaysWhere)
 {
-    std::array<int, 2> ends = {};
-    ASSERT_EQ(0, pipe2(ends.data(), O_CLOEXEC));
-    close(ends[0]);
-    ServiceProcess service(notify, ends[1]);
-    close(ends[1]);
-    ASSERT_EQ("READY=1", notify.Hear());
+    const int errors = memfd_create("standard error", MFD_CLOEXEC);
+    const auto root = folders.LogFile().parent_path().parent_path().parent_path();
+    std::ofstream(root) << "a file in the folder's place";
 
-    service.Signal(SIGTERM);
+    ServiceProcess service(notify, folders, errors);
 
-    EXPECT_EQ(0, service.ExitCode());
+    EXPECT_EQ(128 + SIGABRT, service.ExitCode());
+    std::array<char, 8192> text = {};
+    EXPECT_LT(0, pread(errors, text.data(), text.size() - 1, 0));
+    close(errors);
+    EXPECT_NE(nullptr, std::strstr(text.data(), "Tesmo::System::IO::IOException: I/O error occured.")) << text.data();
+    EXPECT_NE(nullptr, std::strstr(text.data(), "DirectoryInfo::Create")) << text.data();
 }

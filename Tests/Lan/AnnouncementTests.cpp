@@ -76,8 +76,8 @@ TEST_F(AnnouncementTests, AnAddressChangeIsAnnouncedOnce)
 {
     StartAndHearHello();
 
-    host->Ip("addr flush dev lan0");
-    host->Ip("addr add 10.77.0.9/24 dev lan0");
+    // In one go, as a manager does it: a pause of 100 ms between the two would make two changes of it.
+    host->Run({"sh", "-c", "printf 'addr flush dev lan0\naddr add 10.77.0.9/24 dev lan0\n' | ip -batch -"});
 
     Adapter moved = lan0;
     moved.address = "10.77.0.9";

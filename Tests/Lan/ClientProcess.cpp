@@ -1,10 +1,9 @@
 #include "ClientProcess.h"
 
 #include <csignal>
-#include <fcntl.h>
 #include <sched.h>
-#include <stdexcept>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace Lan
@@ -13,34 +12,25 @@ namespace
 {
 using namespace std::chrono_literals;
 
-void ReplaceBy(const NetworkNamespace& network, const std::string& hostName, int output)
+void ReplaceByProgram(const NetworkNamespace& network, const std::string& hostName, const HostFolders& folders)
 {
     network.Enter();
-    if (unshare(CLONE_NEWUTS) == 0 && sethostname(hostName.data(), hostName.size()) == 0)
+    if (unshare(CLONE_NEWUTS) == 0 && sethostname(hostName.data(), hostName.size()) == 0 && folders.Enter())
     {
-        dup2(output, STDERR_FILENO);
-        dup2(output, STDOUT_FILENO);
         execl(DISCOVERY_CLIENT, DISCOVERY_CLIENT, static_cast<char*>(nullptr));
     }
     _exit(127);
 }
 } // namespace
 
-ClientProcess::ClientProcess(const NetworkNamespace& network, const std::string& hostName)
+ClientProcess::ClientProcess(const NetworkNamespace& network, const std::string& hostName, const HostFolders& places)
+    : folders(places),
+      process(fork())
 {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0)
-    {
-        throw std::runtime_error("no pipe");
-    }
-    output = Descriptor(ends[0]);
-    const Descriptor input(ends[1]);
-    process = fork();
     if (process == 0)
     {
-        ReplaceBy(network, hostName, input.Number());
+        ReplaceByProgram(network, hostName, folders);
     }
-    reader = std::thread(&ClientProcess::ReadLog, this);
 }
 
 ClientProcess::~ClientProcess()
@@ -50,28 +40,17 @@ ClientProcess::~ClientProcess()
         kill(process, SIGKILL);
         waitpid(process, nullptr, 0);
     }
-    reader.join();
-}
-
-void ClientProcess::ReadLog()
-{
-    char block[4096];
-    for (ssize_t count = 0; (count = read(output.Number(), block, sizeof(block))) > 0;)
-    {
-        const std::lock_guard guard(lock);
-        log.append(block, static_cast<std::size_t>(count));
-    }
 }
 
 std::string ClientProcess::Log() const
 {
-    const std::lock_guard guard(lock);
+    const std::string log = folders.Log();
     return log.size() < 4000 ? log : log.substr(log.size() - 4000);
 }
 
 int ClientProcess::Logged(const std::string& text) const
 {
-    const std::lock_guard guard(lock);
+    const std::string log = folders.Log();
     int count = 0;
     for (std::size_t at = log.find(text); at != std::string::npos; at = log.find(text, at + text.size()))
     {
@@ -96,7 +75,10 @@ bool ClientProcess::WaitForLog(const std::string& text, int count, int milliseco
 
 void ClientProcess::Signal(int number) const
 {
-    kill(process, number);
+    if (process > 0) // -1 would mean every process of the machine
+    {
+        kill(process, number);
+    }
 }
 
 int ClientProcess::ExitCode(std::chrono::milliseconds limit)
@@ -112,6 +94,6 @@ int ClientProcess::ExitCode(std::chrono::milliseconds limit)
         std::this_thread::sleep_for(5ms);
     }
     process = -1;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 } // namespace Lan

@@ -2,20 +2,21 @@
 
 #include "NetworkNamespace.h"
 
+#include <Tests/Support/HostFolders.h>
+
 #include <chrono>
-#include <mutex>
 #include <string>
 #include <sys/types.h>
-#include <thread>
 
 namespace Lan
 {
-/// The real program, running in a network namespace under a host name of its own. It is killed with the object if it
-/// still runs.
+/// The real program, running in a network namespace under a host name and in folders of its own. It is killed with the
+/// object if it still runs.
 class ClientProcess
 {
 public:
-    ClientProcess(const NetworkNamespace& network, const std::string& hostName);
+    /// The folders must outlive the object.
+    ClientProcess(const NetworkNamespace& network, const std::string& hostName, const HostFolders& folders);
     ~ClientProcess();
 
     pid_t Id() const
@@ -23,10 +24,10 @@ public:
         return process;
     }
 
-    /// The end of what the program has logged so far, 4000 bytes at most.
+    /// The end of the log file, 4000 bytes at most.
     std::string Log() const;
 
-    /// How often a text stands in the log.
+    /// How often a text stands in the log file.
     int Logged(const std::string& text) const;
 
     /// Waits until the log holds text count times.
@@ -34,16 +35,11 @@ public:
 
     void Signal(int number) const;
 
-    /// Waits for the end of the program. The exit code, or -1 when it still runs or was ended by a signal.
+    /// Waits for the end of the program. The exit code, or 128 + the signal that ended it, or -1 while it runs.
     int ExitCode(std::chrono::milliseconds limit);
 
 private:
-    void ReadLog();
-
+    const HostFolders& folders;
     pid_t process = -1;
-    Descriptor output;
-    mutable std::mutex lock;
-    std::string log;
-    std::thread reader;
 };
 } // namespace Lan

@@ -4,6 +4,7 @@
 #include "NetworkNamespace.h"
 #include "Station.h"
 
+#include <Discovery/Gateway/Tests/PrivateHost.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -37,6 +38,10 @@ std::string Request(const std::string& type, const std::string& broadcast, const
 /// A LAN of two hosts: the client's, where adapter lan0 has 10.77.0.2, and the administration's with 10.77.0.1.
 class LanTest : public testing::Test
 {
+private:
+    /// The client's host. First: no request may reach the bus or the files of the machine that runs the test.
+    PrivateHost machine;
+
 protected:
     void SetUp() override;
 
@@ -53,6 +58,7 @@ protected:
     std::unique_ptr<NetworkNamespace> host;
     std::unique_ptr<NetworkNamespace> office;
     std::unique_ptr<Station> station;
+    const HostFolders folders;
     std::unique_ptr<ClientProcess> client;
 };
 } // namespace Lan

@@ -14,18 +14,15 @@ namespace Lan
 {
 namespace
 {
-int OpenOwnNamespace()
+int OpenOfThisThread()
+{
+    return open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC);
+}
+
+int OpenNew()
 {
     int number = -1;
-    std::thread(
-        [&number]
-        {
-            if (unshare(CLONE_NEWNET) == 0)
-            {
-                number = open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC);
-            }
-        })
-        .join();
+    std::thread([&number] { number = unshare(CLONE_NEWNET) == 0 ? OpenOfThisThread() : -1; }).join();
     return number;
 }
 } // namespace
@@ -46,18 +43,22 @@ Descriptor::~Descriptor()
     }
 }
 
-bool NetworkNamespace::Supported()
+NetworkNamespace::NetworkNamespace() : NetworkNamespace(Descriptor(OpenNew()))
 {
-    return Descriptor(OpenOwnNamespace()).Number() >= 0;
+    Ip("link set lo up");
 }
 
-NetworkNamespace::NetworkNamespace() : descriptor(OpenOwnNamespace())
+NetworkNamespace::NetworkNamespace(Descriptor&& opened) : descriptor(std::move(opened))
 {
     if (descriptor.Number() < 0)
     {
         throw std::runtime_error("no network namespace");
     }
-    Ip("link set lo up");
+}
+
+NetworkNamespace NetworkNamespace::OfThisThread()
+{
+    return NetworkNamespace(Descriptor(OpenOfThisThread()));
 }
 
 void NetworkNamespace::Within(const std::function<void()>& action) const

@@ -29,10 +29,10 @@ private:
 class NetworkNamespace
 {
 public:
-    /// True where this process may make namespaces (as root); the tests are skipped elsewhere.
-    static bool Supported();
-
     NetworkNamespace();
+
+    /// The calling thread's own, which is as it is.
+    static NetworkNamespace OfThisThread();
 
     /// Runs action on a thread that lives in this namespace; sockets that it opens stay there.
     void Within(const std::function<void()>& action) const;
@@ -51,6 +51,8 @@ public:
     std::string Path() const;
 
 private:
+    explicit NetworkNamespace(Descriptor&& opened);
+
     Descriptor descriptor;
 };
 

@@ -1,15 +1,13 @@
 #include "FakeGateway.h"
-#include "LogCapture.h"
 
 #include <Discovery/Client/DiscoveryClientIPChangeWatcher.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
-using Tesmo::System::EventHandler;
-using Tesmo::System::Object;
-using Tesmo::System::Threading::Semaphore;
+using namespace Tesmo;
+using namespace Tesmo::System;
+using Threading::Semaphore;
 
 class DiscoveryClientIPChangeWatcherTests : public LogTest
 {
@@ -46,7 +44,7 @@ TEST_F(DiscoveryClientIPChangeWatcherTests, EachChangeRaisesTheEventAndACancelle
                     "S IPChangeWatcher: IP change detected ! Triggering action...",
                     "S IPChangeWatcher: IP change detected ! Triggering action...",
                     "C IPChangeWatcher: Stopping IPChangeWatcher", "C IPChangeWatcher: ---IPChangeWatcher stopped---"}),
-              log->Take());
+              log.Take());
 }
 
 TEST_F(DiscoveryClientIPChangeWatcherTests, AWaitWithoutAChangeIsRepeatedAtOnce)
@@ -67,8 +65,8 @@ TEST_F(DiscoveryClientIPChangeWatcherTests, AGatewayThatFailsEndsTheWatcherAlone
     gateway->failing = "RunIPChangeWatcher";
     watcher.Start();
     gateway->changes.Release();
-    ASSERT_TRUE(log->WaitFor("E IPChangeWatcher: Aborting : Exception caught in "
-                             "IDiscoveryClientDataGateway::RunIPChangeWatcher !"));
+    ASSERT_TRUE(log.WaitFor("E IPChangeWatcher: Aborting : Exception caught in "
+                            "IDiscoveryClientDataGateway::RunIPChangeWatcher !"));
     watcher.Stop();
     EXPECT_EQ(1, gateway->watching.Release()); // one wait had begun, and no second one
     EXPECT_FALSE(raised.WaitOne(0));
@@ -79,12 +77,12 @@ TEST_F(DiscoveryClientIPChangeWatcherTests, AFailingCancelIsLoggedAndTheStopGoes
     gateway->failing = "CancelWaitForIPChange"; // the fake ends the wait all the same
     watcher.Start();
     ASSERT_TRUE(gateway->watching.WaitOne(10000));
-    log->Take();
+    log.Take();
     watcher.Stop();
     EXPECT_EQ((Rows{"C IPChangeWatcher: Stopping IPChangeWatcher",
                     "E IPChangeWatcher: Exception caught during call to "
                     "IDiscoveryClientDataGateway::CancelWaitForIPChange !",
                     "C IPChangeWatcher: ---IPChangeWatcher stopped---"}),
-              log->Take());
+              log.Take());
 }
 } // namespace Zelkor::Discovery::Client

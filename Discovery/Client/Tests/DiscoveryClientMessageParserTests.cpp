@@ -1,20 +1,18 @@
 #include "FakeGateway.h"
-#include "LogCapture.h"
 
 #include <Discovery/Client/ChangeYourHostNameAction.h>
 #include <Discovery/Client/ChangeYourIPConfigAction.h>
 #include <Discovery/Client/ClientActionArgs.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
+
+#include <tuple>
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
-using Tesmo::System::EventHandler;
-using Tesmo::System::Object;
-using Tesmo::System::String;
-using Tesmo::System::Net::IPAddress;
+using namespace Tesmo;
+using namespace Tesmo::System;
+using Net::IPAddress;
 
 namespace
 {
@@ -82,12 +80,7 @@ TEST_F(DiscoveryClientMessageParserTests, TypeTargetAndKindOfDeliveryDecideWhatI
 {
     const std::string alone = R"(,"Broadcast":"False","NewHostName":"X")";
     const std::string host = R"(,"Host":{"HostName":"","DeviceType":"","NICs":[],"Products":[]})";
-    struct Row
-    {
-        std::string text;
-        const char* task;
-        const char* lastRow;
-    };
+    using Row = std::tuple<std::string, const char*, const char*>;
     const Row rows[] = {
         {Text("AllSendYourSignature", ""), "0 255.255.255.255", "S MessageParser: Message type : SendYourSignature"},
         {Text("AllSendYourSignature", alone), "0 10.0.0.9", "S MessageParser: Message type : SendYourSignature"},
@@ -111,11 +104,11 @@ TEST_F(DiscoveryClientMessageParserTests, TypeTargetAndKindOfDeliveryDecideWhatI
         {Text("Unknown", ""), "", "E MessageParser: Message dropped : bad format !"},
         {Text("SendYourSignature", "", "1.x"), "", "E MessageParser: Message dropped : bad format !"},
     };
-    for (const Row& row : rows)
+    for (const auto& [text, task, lastRow] : rows)
     {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(row.task, parser.Take(row.text));
-        EXPECT_EQ(row.lastRow, log->Take().back());
+        SCOPED_TRACE(text);
+        EXPECT_EQ(task, parser.Take(text));
+        EXPECT_EQ(lastRow, log.Take().back());
     }
 }
 
@@ -133,7 +126,7 @@ TEST_F(DiscoveryClientMessageParserTests, AnotherVersionIsLoggedAndAnswered)
     EXPECT_EQ((Rows{"S MessageParser: Version mismatch with received message ! [1.0.23] <> [2.5] -> Received data "
                     "maybe inconsistent.",
                     "S MessageParser: Message type : SendYourSignature"}),
-              log->Take());
+              log.Take());
 }
 
 TEST_F(DiscoveryClientMessageParserTests, AHostThatCannotTellItsAddressesIsNotMeant)
@@ -147,7 +140,7 @@ TEST_F(DiscoveryClientMessageParserTests, AHostThatCannotTellItsAddressesIsNotMe
         EXPECT_EQ((Rows{"E MessageParser: Message ignored : exception caught during call to "
                         "IDiscoveryClientDataGateway::GetMACAddress !",
                         "D MessageParser: Message not for me : ignoring"}),
-                  log->Take());
+                  log.Take());
     }
 }
 

@@ -1,22 +1,20 @@
 #include "FakeGateway.h"
 #include "FakeSocket.h"
-#include "LogCapture.h"
 
 #include <Discovery/Client/ChangeYourHostNameAction.h>
 #include <Discovery/Client/ChangeYourIPConfigAction.h>
 #include <Discovery/Client/DiscoveryClientTaskProcessor.h>
 #include <Discovery/Client/HelloAction.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
 
+#include <tuple>
 #include <typeinfo>
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::Sp;
-using Tesmo::Up;
-using Tesmo::System::EventArgs;
-using Tesmo::System::EventHandler;
-using Tesmo::System::Object;
-using Tesmo::System::Net::IPAddress;
+using namespace Tesmo;
+using namespace Tesmo::System;
+using Net::IPAddress;
 
 namespace
 {
@@ -36,15 +34,10 @@ public:
     {
         EnqueueTask(*this, ClientActionArgs(Sp<ClientAction>(action), address));
     }
-    void EnqueueSignature(const IPAddress& address = IPAddress::Broadcast)
+    void Run(ClientAction* action, const IPAddress& address = IPAddress::Broadcast)
     {
-        Enqueue(new ClientAction(ClientActionType::BroadcastSignature), address);
-    }
-    void EnqueueConfig(const Sp<NICConfig>& config, const IPAddress& address)
-    {
-        Sp<NICList> configs(new NICList);
-        configs->Add(config);
-        Enqueue(new ChangeYourIPConfigAction(configs), address);
+        Enqueue(action, address);
+        ProcessTask();
     }
     using DiscoveryClientTaskProcessor::ProcessTask;
 
@@ -68,6 +61,18 @@ public:
     int sent = 0;
 };
 
+ClientAction* Signature()
+{
+    return new ClientAction(ClientActionType::BroadcastSignature);
+}
+
+ClientAction* Config(const char* address)
+{
+    Sp<FakeGateway::NICList> configs(new FakeGateway::NICList);
+    configs->Add(FakeGateway::MakeNIC("1", address));
+    return new ChangeYourIPConfigAction(configs);
+}
+
 bool Contains(const std::string& text, const std::string& part)
 {
     return text.find(part) != std::string::npos;
@@ -89,11 +94,17 @@ protected:
         gateway->host.AddNIC(FakeGateway::MakeNIC("00:00:00:00:00:01", address));
     }
 
-    /// The log without its rows with the JSON text.
+    /// The log without its rows with the JSON text, and without the channel, which all rows have.
     Rows TakeLog()
     {
-        Rows rows = log->Take();
+        const std::string channel = " ClientTaskProcessor: ";
+        Rows rows = log.Take();
         std::erase_if(rows, [](const std::string& row) { return Contains(row, "(JSON)"); });
+        for (std::string& row : rows)
+        {
+            EXPECT_EQ(channel, row.substr(1, channel.size()));
+            row.replace(1, channel.size(), " ");
+        }
         return rows;
     }
 
@@ -107,12 +118,9 @@ TEST_F(DiscoveryClientTaskProcessorTests, AHostWithOneInterfaceSendsOnTheSharedS
 {
     AddNIC("10.0.0.1");
     gateway->host.HostName = "\u00FC\u4E2D"; // code page 437 has the first alone
-    processor.EnqueueSignature(IPAddress(10, 0, 0, 9));
-    processor.ProcessTask();
-    processor.EnqueueSignature();
-    processor.ProcessTask();
-    processor.Enqueue(new HelloAction(gateway->host));
-    processor.ProcessTask();
+    processor.Run(Signature(), IPAddress(10, 0, 0, 9));
+    processor.Run(Signature());
+    processor.Run(new HelloAction(gateway->host));
     processor.ProcessTask(); // nothing is queued: the wake-up of a stop
 
     ASSERT_EQ(3u, socket->sent.size());
@@ -125,11 +133,9 @@ TEST_F(DiscoveryClientTaskProcessorTests, AHostWithOneInterfaceSendsOnTheSharedS
     EXPECT_TRUE(Contains(socket->sent[1].text, R"("Broadcast":"True")"));
     EXPECT_TRUE(Contains(socket->sent[2].text, R"("Hello")"));
     EXPECT_TRUE(factory->sockets.empty());
-    EXPECT_EQ((Rows{"S ClientTaskProcessor: Sending message of type SignatureBroadcast",
-                    "S ClientTaskProcessor: Message sent",
-                    "S ClientTaskProcessor: Sending message of type SignatureBroadcast",
-                    "S ClientTaskProcessor: Message sent", "S ClientTaskProcessor: Sending message of type Hello",
-                    "S ClientTaskProcessor: Message sent"}),
+    EXPECT_EQ((Rows{"S Sending message of type SignatureBroadcast", "S Message sent",
+                    "S Sending message of type SignatureBroadcast", "S Message sent", "S Sending message of type Hello",
+                    "S Message sent"}),
               TakeLog());
 }
 
@@ -138,8 +144,7 @@ TEST_F(DiscoveryClientTaskProcessorTests, SeveralInterfacesSendOneDatagramEach)
     AddNIC("10.0.0.1");
     AddNIC("10.0.0.2");
     factory->refused = "10.0.0.1";
-    processor.EnqueueSignature();
-    processor.ProcessTask();
+    processor.Run(Signature());
 
     EXPECT_TRUE(socket->sent.empty());
     ASSERT_EQ(1u, factory->sockets.size());
@@ -147,17 +152,15 @@ TEST_F(DiscoveryClientTaskProcessorTests, SeveralInterfacesSendOneDatagramEach)
     ASSERT_EQ(1u, carrier.sent.size());
     EXPECT_TRUE(Contains(carrier.sent[0].text.substr(carrier.sent[0].text.find("SourceNIC")), "10.0.0.2"));
     EXPECT_TRUE(carrier.IsClosed());
-    EXPECT_EQ((Rows{"S ClientTaskProcessor: Sending message of type SignatureBroadcast",
-                    "E ClientTaskProcessor: Exception caught while creating socket on address 10.0.0.1 ! (The Socket "
-                    "operation failed.)",
-                    "S ClientTaskProcessor: Message sent"}),
+    EXPECT_EQ((Rows{"S Sending message of type SignatureBroadcast",
+                    "E Exception caught while creating socket on address 10.0.0.1 ! (The Socket operation failed.)",
+                    "S Message sent"}),
               TakeLog());
 }
 
 TEST_F(DiscoveryClientTaskProcessorTests, WithoutAnyInterfaceTheSharedSocketSendsWithoutASource)
 {
-    processor.EnqueueSignature();
-    processor.ProcessTask();
+    processor.Run(Signature());
     ASSERT_EQ(1u, socket->sent.size());
     EXPECT_FALSE(Contains(socket->sent[0].text, "SourceNIC"));
 }
@@ -184,28 +187,22 @@ TEST_F(DiscoveryClientTaskProcessorTests, TheByeUsesSocketsOfItsOwn)
     EXPECT_FALSE(Contains(factory->sockets["0.0.0.0"]->sent[0].text, "SourceNIC"));
 
     factory->refused = "0.0.0.0";
-    log->Take();
+    log.Take();
     processor.SendByeMessage();
     gateway->failing = "GetHost";
     processor.SendByeMessage();
-    EXPECT_EQ((Rows{"S ClientTaskProcessor: Sending message of type Bye",
-                    "E ClientTaskProcessor: Exception caught while creating socket on address 0.0.0.0 ! (The Socket "
-                    "operation failed.)",
-                    "S ClientTaskProcessor: Sending message of type Bye",
-                    "E ClientTaskProcessor: SendByeMessage aborted : exception caught during call to "
-                    "IDiscoveryClientDataGateway::GetHost !"}),
-              TakeLog());
+    EXPECT_EQ(
+        (Rows{"S Sending message of type Bye",
+              "E Exception caught while creating socket on address 0.0.0.0 ! (The Socket operation failed.)",
+              "S Sending message of type Bye",
+              "E SendByeMessage aborted : exception caught during call to IDiscoveryClientDataGateway::GetHost !"}),
+        TakeLog());
     EXPECT_TRUE(socket->sent.empty());
 }
 
 TEST_F(DiscoveryClientTaskProcessorTests, EachFailureOfASendHasItsRowAndMayAskForARestart)
 {
-    struct Row
-    {
-        int code;
-        const char* text;
-        int restarts;
-    };
+    using Row = std::tuple<int, const char*, int>;
     const Row rows[] = {
         {10058, "Message not sent : socket shut down", 1},
         {10004, "Message not sent : socket interrupted", 1},
@@ -217,23 +214,19 @@ TEST_F(DiscoveryClientTaskProcessorTests, EachFailureOfASendHasItsRowAndMayAskFo
         {ClosedObject, "Message not sent : socket closed", 1},
     };
     AddNIC("10.0.0.1");
-    for (const Row& row : rows)
+    for (const auto& [code, text, restarts] : rows)
     {
-        SCOPED_TRACE(row.code);
+        SCOPED_TRACE(code);
         processor.restarts = 0;
-        socket->sendFailure = row.code;
-        processor.Enqueue(new HelloAction(gateway->host));
-        processor.ProcessTask();
-        EXPECT_EQ(row.restarts, processor.restarts);
-        EXPECT_EQ((Rows{"S ClientTaskProcessor: Sending message of type Hello",
-                        std::string("E ClientTaskProcessor: ") + row.text}),
-                  TakeLog());
+        socket->sendFailure = code;
+        processor.Run(new HelloAction(gateway->host));
+        EXPECT_EQ(restarts, processor.restarts);
+        EXPECT_EQ((Rows{"S Sending message of type Hello", std::string("E ") + text}), TakeLog());
     }
     socket->Shutdown();
     socket->Close();
     processor.restarts = 0;
-    processor.Enqueue(new HelloAction(gateway->host));
-    processor.ProcessTask();
+    processor.Run(new HelloAction(gateway->host));
     EXPECT_EQ(0, processor.restarts); // closed on purpose
 }
 
@@ -242,53 +235,35 @@ TEST_F(DiscoveryClientTaskProcessorTests, AProviderTakesOnlyWhatIsForEverybody)
     AddNIC("10.0.0.1");
     const Sp<Provider> provider(new Provider);
     processor.SetBroadcastProvider(provider);
-    processor.EnqueueSignature(IPAddress(10, 0, 0, 9));
-    processor.ProcessTask();
+    processor.Run(Signature(), IPAddress(10, 0, 0, 9));
     EXPECT_EQ(0, provider->sent);
     EXPECT_EQ(1u, socket->sent.size());
-    processor.EnqueueSignature();
-    processor.ProcessTask();
+    processor.Run(Signature());
     EXPECT_EQ(1, provider->sent);
     EXPECT_EQ(1u, socket->sent.size());
-    EXPECT_EQ("E ClientTaskProcessor: Message not sent : network unreachable.", TakeLog().back());
+    EXPECT_EQ("E Message not sent : network unreachable.", TakeLog().back());
     EXPECT_THROW(processor.SetBroadcastProvider(Sp<IBroadcastProvider>()), std::exception);
 }
 
 TEST_F(DiscoveryClientTaskProcessorTests, AddressesAndMasksAreValidated)
 {
-    struct Row
-    {
-        const char* address;
-        const char* mask;
-        bool isValid;
-    };
-    const Row rows[] = {
-        {"10.0.0.1", "255.255.255.0", true},
-        {"10.0.0.1", "255.0.255.0", false},
-        {"10.0.0.1", "255.255.0.255", false},
-        {"10.0.0.1", "0.0.0.0", true},
-        {"10.0.0.1", "128.0.0.0", true},
-        {"10.0.0.1", "127.255.255.255", true},
-        {"10.0.0.1", "255.255.255.255", true},
-        {"10.0.0.1", "0.0.0.1", false},
-        {"10.0.0.1", "64.0.0.0", true},
-        {"0.0.0.1", "255.0.0.0", false},
-        {"127.0.0.1", "255.0.0.0", false},
-        {"126.255.255.255", "255.0.0.0", true},
-        {"255.255.255.255", "255.0.0.0", false},
-        {"255.255.255.254", "255.0.0.0", true},
-        {"1:2:3:4:5:6:7:8", "255.255.0.0", false},
-        {"10.0.0.1", "1:2:3:4:5:6:7:8", false},
-    };
-    for (const Row& row : rows)
+    using Row = std::tuple<const char*, const char*, bool>;
+    for (const auto& [address, mask, isValid] :
+         {Row{"10.0.0.1", "255.255.255.0", true}, Row{"10.0.0.1", "255.0.255.0", false},
+          Row{"10.0.0.1", "255.255.0.255", false}, Row{"10.0.0.1", "0.0.0.0", true}, Row{"10.0.0.1", "128.0.0.0", true},
+          Row{"10.0.0.1", "127.255.255.255", true}, Row{"10.0.0.1", "255.255.255.255", true},
+          Row{"10.0.0.1", "0.0.0.1", false}, Row{"10.0.0.1", "64.0.0.0", true}, Row{"0.0.0.1", "255.0.0.0", false},
+          Row{"127.0.0.1", "255.0.0.0", false}, Row{"126.255.255.255", "255.0.0.0", true},
+          Row{"255.255.255.255", "255.0.0.0", false}, Row{"255.255.255.254", "255.0.0.0", true},
+          Row{"1:2:3:4:5:6:7:8", "255.255.0.0", false}, Row{"10.0.0.1", "1:2:3:4:5:6:7:8", false}})
     {
         DiscoveryClientTaskProcessor::NICList configs;
         configs.Add(FakeGateway::MakeNIC("1", "10.0.0.1"));
-        configs.Add(FakeGateway::MakeNIC("2", row.address, row.mask));
+        configs.Add(FakeGateway::MakeNIC("2", address, mask));
         Sp<NICConfig> offender;
-        EXPECT_EQ(row.isValid, DiscoveryClientTaskProcessor::ValidateIPConfigs(configs, offender))
-            << row.address << '/' << row.mask;
-        EXPECT_TRUE(row.isValid || offender == configs[1]);
+        EXPECT_EQ(isValid, DiscoveryClientTaskProcessor::ValidateIPConfigs(configs, offender))
+            << address << '/' << mask;
+        EXPECT_TRUE(isValid || offender == configs[1]);
     }
     Sp<NICConfig> offender;
     EXPECT_TRUE(DiscoveryClientTaskProcessor::ValidateIPConfigs(DiscoveryClientTaskProcessor::NICList(), offender));
@@ -296,51 +271,40 @@ TEST_F(DiscoveryClientTaskProcessorTests, AddressesAndMasksAreValidated)
 
 TEST_F(DiscoveryClientTaskProcessorTests, AChangeThatIsRefusedOrFailsIsAnsweredByASignatureToTheRequester)
 {
+    using Row = std::tuple<const char*, ClientAction*, Rows>;
+    const Row rows[] = {
+        {"",
+         Config("127.0.0.1"),
+         {"C A given IP config is invalid ! => Not changing and resending current signature.",
+          "C Invalid IP config : 127.0.0.1/255.0.0.0/255.255.255.255"}},
+        {"ChangeIPConfig",
+         Config("10.0.0.2"),
+         {"S Changing IP Config", "E Exception caught during call to IDiscoveryClientDataGateway::ChangeIPConfig !",
+          "C IP Config change returned an exception -> sending signature."}},
+        {"ChangeHostName",
+         new ChangeYourHostNameAction("X"),
+         {"S Changing HostName", "E Exception caught during call to IDiscoveryClientDataGateway::ChangeHostName !",
+          "C HostName change returned an exception -> sending signature."}},
+    };
     AddNIC("10.0.0.1");
-    const IPAddress requester(10, 0, 0, 9);
-    processor.EnqueueConfig(FakeGateway::MakeNIC("1", "127.0.0.1"), requester);
-    processor.ProcessTask();
-    EXPECT_EQ("", gateway->calls);
-    EXPECT_EQ((Rows{"C ClientTaskProcessor: A given IP config is invalid ! => Not changing and resending current "
-                    "signature.",
-                    "C ClientTaskProcessor: Invalid IP config : 127.0.0.1/255.0.0.0/255.255.255.255"}),
-              TakeLog());
-    processor.ProcessTask();
-
-    gateway->failing = "ChangeIPConfig";
-    TakeLog();
-    processor.EnqueueConfig(FakeGateway::MakeNIC("1", "10.0.0.2"), requester);
-    processor.ProcessTask();
-    EXPECT_EQ((Rows{"S ClientTaskProcessor: Changing IP Config",
-                    "E ClientTaskProcessor: Exception caught during call to "
-                    "IDiscoveryClientDataGateway::ChangeIPConfig !",
-                    "C ClientTaskProcessor: IP Config change returned an exception -> sending signature."}),
-              TakeLog());
-    processor.ProcessTask();
-
-    gateway->failing = "ChangeHostName";
-    TakeLog();
-    processor.Enqueue(new ChangeYourHostNameAction("X"), requester);
-    processor.ProcessTask();
-    EXPECT_EQ((Rows{"S ClientTaskProcessor: Changing HostName",
-                    "E ClientTaskProcessor: Exception caught during call to "
-                    "IDiscoveryClientDataGateway::ChangeHostName !",
-                    "C ClientTaskProcessor: HostName change returned an exception -> sending signature."}),
-              TakeLog());
-    processor.ProcessTask();
-
-    EXPECT_EQ("1 configs;name X;", gateway->calls);
-    ASSERT_EQ(3u, socket->sent.size());
-    for (const FakeSocket::Sent& sent : socket->sent)
+    std::size_t answers = 0;
+    for (const auto& [failing, action, logged] : rows)
     {
-        EXPECT_EQ("10.0.0.9", sent.address);
+        gateway->failing = failing;
+        processor.Run(action, IPAddress(10, 0, 0, 9));
+        EXPECT_EQ(logged, TakeLog());
+        processor.ProcessTask();
+        TakeLog();
+        ASSERT_EQ(++answers, socket->sent.size());
+        EXPECT_EQ("10.0.0.9", socket->sent.back().address);
     }
+    EXPECT_EQ("1 configs;name X;", gateway->calls); // the refused one is not among them
 }
 
 TEST_F(DiscoveryClientTaskProcessorTests, AChangeThatSucceedsSendsNothingButANameWithoutReboot)
 {
     AddNIC("10.0.0.1");
-    processor.EnqueueConfig(FakeGateway::MakeNIC("1", "10.0.0.2"), IPAddress::Broadcast);
+    processor.Enqueue(Config("10.0.0.2"));
     processor.Enqueue(new ChangeYourHostNameAction("X"));
     for (int pass = 0; pass < 4; ++pass)
     {
@@ -348,8 +312,7 @@ TEST_F(DiscoveryClientTaskProcessorTests, AChangeThatSucceedsSendsNothingButANam
     }
     EXPECT_TRUE(socket->sent.empty());
     gateway->rebootRequired = false;
-    processor.Enqueue(new ChangeYourHostNameAction("X"));
-    processor.ProcessTask();
+    processor.Run(new ChangeYourHostNameAction("X"));
     processor.ProcessTask();
     EXPECT_EQ(1u, socket->sent.size());
 }
@@ -359,20 +322,19 @@ TEST_F(DiscoveryClientTaskProcessorTests, After512OutstandingTasksItRefusesForEv
     gateway->failing = "GetHost";
     for (int count = 0; count < 512; ++count)
     {
-        processor.EnqueueSignature();
+        processor.Enqueue(Signature());
     }
     EXPECT_TRUE(TakeLog().empty());
-    const Rows refusal = {"C ClientTaskProcessor: Semaphore is full (512) !!! Ignoring this task..."};
-    processor.EnqueueSignature();
+    const Rows refusal = {"C Semaphore is full (512) !!! Ignoring this task..."};
+    processor.Enqueue(Signature());
     EXPECT_EQ(refusal, TakeLog());
     for (int count = 0; count < 512; ++count)
     {
         processor.ProcessTask();
     }
-    EXPECT_EQ("E ClientTaskProcessor: Sending of message aborted : exception caught during call to "
-              "IDiscoveryClientDataGateway::GetHost !",
+    EXPECT_EQ("E Sending of message aborted : exception caught during call to IDiscoveryClientDataGateway::GetHost !",
               TakeLog().back());
-    processor.EnqueueSignature();
+    processor.Enqueue(Signature());
     EXPECT_EQ(refusal, TakeLog());
     EXPECT_EQ(512, gateway->hostReads);
     EXPECT_TRUE(socket->sent.empty());
@@ -384,12 +346,12 @@ TEST_F(DiscoveryClientTaskProcessorTests, TheThreadRunsTasksUntilItIsStopped)
     EXPECT_THROW(processor.EnqueueTask(processor, EventArgs()), std::bad_cast);
     processor.Enqueue(new HelloAction(gateway->host));
     processor.Start();
-    ASSERT_TRUE(log->WaitFor("S ClientTaskProcessor: Message sent"));
+    ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
     TakeLog();
     processor.Stop();
     EXPECT_TRUE(socket->IsClosed());
-    EXPECT_EQ((Rows{"C ClientTaskProcessor: Stopping Task Processor", "C ClientTaskProcessor: Stopping worker",
-                    "C ClientTaskProcessor: Worker stopped", "C ClientTaskProcessor: ---Task Processor stopped---"}),
-              TakeLog());
+    EXPECT_EQ(
+        (Rows{"C Stopping Task Processor", "C Stopping worker", "C Worker stopped", "C ---Task Processor stopped---"}),
+        TakeLog());
 }
 } // namespace Zelkor::Discovery::Client

@@ -1,7 +1,7 @@
 #include "FakeGateway.h"
-#include "LogCapture.h"
 
 #include <Discovery/Client/DiscoveryClient.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
 
 #include <algorithm>
 #include <atomic>
@@ -90,7 +90,7 @@ TEST_F(DiscoveryClientTests, StopBeforeStartChangesNothing)
     client->Stop();
     EXPECT_EQ((Rows{"C Discovery Client: Stopping Discovery Client service",
                     "C Discovery Client: Client's current state : Unstarted ! -> Stopping aborted."}),
-              log->Take());
+              log.Take());
     EXPECT_EQ(ClientState::Unstarted, client->State());
 }
 
@@ -98,14 +98,14 @@ TEST_F(DiscoveryClientTests, ARunningClientSaysHelloOnceAndIsNotStartedAgain)
 {
     client->Start();
     EXPECT_EQ(ClientState::Running, client->State());
-    ASSERT_TRUE(log->WaitFor("S ClientTaskProcessor: Message sent"));
-    log->Take();
+    ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
+    log.Take();
     client->Start();
     EXPECT_EQ("Discovery Client: Starting Discovery Client service (1.0.23)\n"
               "Discovery Client: Client's current state : Running ! -> Starting aborted.\n",
-              Join(log->Take(), " Discovery Client: "));
+              Join(log.Take(), " Discovery Client: "));
     gateway->changes.Release();
-    ASSERT_TRUE(log->WaitFor("S ClientTaskProcessor: Message sent"));
+    ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
     client->Stop();
     EXPECT_EQ("Hello;SignatureBroadcast;Bye;", provider->types);
 }
@@ -113,11 +113,11 @@ TEST_F(DiscoveryClientTests, ARunningClientSaysHelloOnceAndIsNotStartedAgain)
 TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
 {
     client->Start();
-    ASSERT_TRUE(log->WaitFor("S ClientTaskProcessor: Message sent"));
-    log->Take();
+    ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
+    log.Take();
     client->Stop();
     EXPECT_EQ(ClientState::Stopped, client->State());
-    const Rows rows = log->Take();
+    const Rows rows = log.Take();
     EXPECT_EQ("Discovery Client: Stopping Discovery Client service\n"
               "IPChangeWatcher: Stopping IPChangeWatcher\n"
               "Receiver: Stopping receiver\nReceiver: Stopping worker\n"
@@ -128,7 +128,7 @@ TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
     EXPECT_EQ("S ClientTaskProcessor: Message sent", rows[rows.size() - 2]);
     EXPECT_EQ("", Join(rows, "restart"));
     client->Stop();
-    EXPECT_EQ("C Discovery Client: Client's current state : Stopped ! -> Stopping aborted.", log->Take().back());
+    EXPECT_EQ("C Discovery Client: Client's current state : Stopped ! -> Stopping aborted.", log.Take().back());
 }
 
 TEST_F(DiscoveryClientTests, AStartAfterAStopBuildsEverythingAnew)
@@ -137,17 +137,17 @@ TEST_F(DiscoveryClientTests, AStartAfterAStopBuildsEverythingAnew)
     client->Start();
     ASSERT_TRUE(gateway->watching.WaitOne(10000)); // else the cancel of the stop ends the next wait
     client->Stop();
-    log->Take();
+    log.Take();
     client->Start();
     for (const char* row :
          {"C ClientTaskProcessor: ---Waiting for tasks...", "C MessageParser: ---Waiting for messages...",
           "C Receiver: ---Listening...", "C IPChangeWatcher: ---Waiting for IP changes..."})
     {
-        EXPECT_TRUE(log->WaitFor(row)) << row;
+        EXPECT_TRUE(log.WaitFor(row)) << row;
     }
     EXPECT_EQ("Discovery Client: SendHelloMessage aborted : exception caught during call to "
               "IDiscoveryClientDataGateway::GetHost !\n",
-              Join(log->Take(), "aborted"));
+              Join(log.Take(), "aborted"));
     EXPECT_EQ(ClientState::Running, client->State());
 }
 
@@ -155,16 +155,16 @@ TEST_F(DiscoveryClientTests, SeveralRequestsMakeOneRestart)
 {
     Silence();
     client->Start();
-    ASSERT_TRUE(log->WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
-    log->Take();
+    ASSERT_TRUE(log.WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+    log.Take();
     gateway->hold = true; // a restart reads the host before it ends
     std::thread second([this] { Restart(); });
     Restart();
     second.join();
     gateway->mayRead.Set();
-    ASSERT_TRUE(log->WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+    ASSERT_TRUE(log.WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
     client.reset(); // waits for the end of the restart
-    const Rows rows = log->Take();
+    const Rows rows = log.Take();
     EXPECT_EQ(1, std::count(rows.begin(), rows.end(), "C Discovery Client: Asynchronous restart triggered"));
     EXPECT_EQ(2, std::count(rows.begin(), rows.end(), "C Discovery Client: Discovery Client service stopped"));
 }
@@ -174,12 +174,12 @@ TEST_F(DiscoveryClientTests, AFailedRestartLeavesTheClientDownWithoutARow)
     Silence();
     client->Start();
     ports->local = 65536;
-    log->Take();
+    log.Take();
     Restart();
-    ASSERT_TRUE(log->WaitFor("C Discovery Client: Starting Discovery Client service (1.0.23)"));
+    ASSERT_TRUE(log.WaitFor("C Discovery Client: Starting Discovery Client service (1.0.23)"));
     Restart();
     client.reset();
-    const Rows rows = log->Take();
+    const Rows rows = log.Take();
     EXPECT_EQ(1, std::count(rows.begin(), rows.end(), "C Discovery Client: Asynchronous restart triggered"));
     EXPECT_EQ("C Discovery Client: Starting Discovery Client service (1.0.23)", rows.back());
 }
@@ -189,10 +189,10 @@ TEST_F(DiscoveryClientTests, AnAsynchronousStopIsForGood)
     Silence();
     client->Start();
     client->AsyncStop(*client, EventArgs());
-    ASSERT_TRUE(log->WaitFor("C Discovery Client: Discovery Client service stopped"));
-    log->Take();
+    ASSERT_TRUE(log.WaitFor("C Discovery Client: Discovery Client service stopped"));
+    log.Take();
     Restart();
-    EXPECT_TRUE(log->Take().empty());
+    EXPECT_TRUE(log.Take().empty());
     client->SetBroadcastProvider(provider); // there is no processor to take it
 }
 } // namespace Zelkor::Discovery::Client

@@ -1,17 +1,16 @@
 #include "FakeSocket.h"
-#include "LogCapture.h"
 
 #include <Discovery/Client/DiscoveryReceiver.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
+
+#include <tuple>
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
-using Tesmo::System::EventHandler;
-using Tesmo::System::Object;
-using Tesmo::System::String;
-using Tesmo::System::Net::IPAddress;
-using Tesmo::System::Threading::Semaphore;
+using namespace Tesmo;
+using namespace Tesmo::System;
+using Net::IPAddress;
+using Threading::Semaphore;
 
 namespace
 {
@@ -79,16 +78,16 @@ TEST_F(DiscoveryReceiverTests, EachByteOfTheBufferBecomesACharacter)
 TEST_F(DiscoveryReceiverTests, ACleanStopAsksForNoRestart)
 {
     receiver.Start();
-    ASSERT_TRUE(log->WaitFor("C Receiver: ---Listening..."));
-    log->Take();
+    ASSERT_TRUE(log.WaitFor("C Receiver: ---Listening..."));
+    log.Take();
     socket->beforeClose = [this] // the thread wakes in the middle of the stop
     {
-        EXPECT_TRUE(log->WaitFor("E Receiver: The socket has been shut down : ending worker."));
+        EXPECT_TRUE(log.WaitFor("E Receiver: The socket has been shut down : ending worker."));
         EXPECT_FALSE(restarts.WaitOne(20));
     };
     receiver.Stop();
     EXPECT_FALSE(restarts.WaitOne(0));
-    Rows rows = log->Take();
+    Rows rows = log.Take();
     EXPECT_EQ(1, std::erase(rows, "E Receiver: The socket has been shut down : ending worker."));
     EXPECT_EQ((Rows{"C Receiver: Stopping receiver", "C Receiver: Stopping worker", "C Receiver: Worker stopped",
                     "C Receiver: ---Receiver stopped---"}),
@@ -102,11 +101,11 @@ TEST_F(DiscoveryReceiverTests, FailuresThatItSurvivesAreLoggedAndListeningGoesOn
     socket->Fail(0);
     socket->Fail(10040);
     socket->Deliver("text");
-    ASSERT_TRUE(log->WaitFor("D Receiver: Message received"));
+    ASSERT_TRUE(log.WaitFor("D Receiver: Message received"));
     EXPECT_EQ((Rows{"C Receiver: ---Listening...",
                     "E Receiver: Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.",
                     "E Receiver: MessageSize is too low : 2048! Doubling it...", "D Receiver: Message received"}),
-              log->Take());
+              log.Take());
     receiver.Stop();
     EXPECT_FALSE(restarts.WaitOne(0));
     EXPECT_EQ(4096, socket->lastSize);
@@ -115,11 +114,7 @@ TEST_F(DiscoveryReceiverTests, FailuresThatItSurvivesAreLoggedAndListeningGoesOn
 
 TEST_F(DiscoveryReceiverTests, FatalFailuresEndItAndAskForOneRestart)
 {
-    struct Row
-    {
-        int code;
-        const char* text;
-    };
+    using Row = std::tuple<int, const char*>;
     const Row rows[] = {
         {ClosedObject, "The socket has been closed : ending worker."},
         {10004, "The socket has been closed : ending worker."},
@@ -127,16 +122,16 @@ TEST_F(DiscoveryReceiverTests, FatalFailuresEndItAndAskForOneRestart)
         {10038, "Socket error : Operation attempted on a non-socket object."},
         {10060, "Unexpected socket error  : The Socket operation failed. !"},
     };
-    for (const Row& row : rows)
+    for (const auto& [code, text] : rows)
     {
-        SCOPED_TRACE(row.code);
+        SCOPED_TRACE(code);
         const Sp<FakeSocket> dying(new FakeSocket);
         DiscoveryReceiver victim(dying, parser);
         victim.RestartRequested = receiver.RestartRequested;
-        dying->Fail(row.code);
+        dying->Fail(code);
         victim.Start();
         ASSERT_TRUE(restarts.WaitOne(10000));
-        EXPECT_EQ(std::string("E Receiver: ") + row.text, log->Take().back());
+        EXPECT_EQ(std::string("E Receiver: ") + text, log.Take().back());
         victim.Stop(); // finds a thread that has ended
         EXPECT_FALSE(restarts.WaitOne(0));
     }

@@ -1,10 +1,10 @@
 #include "FakeSocket.h"
-#include "LogCapture.h"
 
 #include <Core/System/FormatException.h>
 #include <Core/System/Threading/EventWaitHandle.h>
 #include <Core/System/Threading/ThreadStateException.h>
 #include <Discovery/Client/DiscoveryMessageParser.h>
+#include <Discovery/Protocol/Tests/LogRecorder.h>
 
 #include <memory>
 #include <stdexcept>
@@ -12,20 +12,11 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
-using Tesmo::System::EventHandler;
-using Tesmo::System::Exception;
-using Tesmo::System::FormatException;
-using Tesmo::System::Object;
-using Tesmo::System::String;
-using Tesmo::System::Net::IPAddress;
-using Tesmo::System::Net::IPEndPoint;
-using Tesmo::System::Net::Sockets::SocketException;
-using Tesmo::System::Threading::EventResetMode;
-using Tesmo::System::Threading::EventWaitHandle;
-using Tesmo::System::Threading::Semaphore;
-using Tesmo::System::Threading::ThreadStateException;
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Net;
+using namespace Threading;
+using Net::Sockets::SocketException;
 
 namespace
 {
@@ -93,10 +84,10 @@ TEST_F(DiscoveryWorkerTests, StopClosesTheSocketAndJoins)
     EXPECT_THROW(worker.Stop(), ThreadStateException); // not started
     worker.Start();
     EXPECT_THROW(worker.Start(), ThreadStateException);
-    log->Take();
+    log.Take();
     worker.Stop();
     EXPECT_TRUE(socket->IsShutDown() && socket->IsClosed());
-    EXPECT_EQ((Rows{"C Worker: Stopping worker", "C Worker: Worker stopped"}), log->Take());
+    EXPECT_EQ((Rows{"C Worker: Stopping worker", "C Worker: Worker stopped"}), log.Take());
 }
 
 TEST_F(DiscoveryWorkerTests, OfTheFailuresOfStopOnlyAClosedSocketIsTaken)
@@ -107,10 +98,10 @@ TEST_F(DiscoveryWorkerTests, OfTheFailuresOfStopOnlyAClosedSocketIsTaken)
     socket->shutdownFailure = 10022;
     EXPECT_THROW(worker.Stop(), SocketException);
     socket->shutdownFailure = ClosedObject;
-    log->Take();
+    log.Take();
     worker.Stop();
     EXPECT_EQ((Rows{"C Worker: Stopping worker", "E Worker: Socket already closed", "C Worker: Worker stopped"}),
-              log->Take());
+              log.Take());
 }
 
 TEST_F(DiscoveryWorkerTests, OnlyASocketThatIsShutDownAndClosedKeepsARestartFromBeingAskedFor)
@@ -138,10 +129,10 @@ TEST_F(DiscoveryMessageParserTests, After512OutstandingDatagramsItRefusesForEver
     {
         parser.EnqueueText("text");
     }
-    EXPECT_TRUE(log->Take().empty());
+    EXPECT_TRUE(log.Take().empty());
     const Rows refusal = {"C MessageParser: Semaphore is full (512) !!! Ignoring this datagram..."};
     parser.EnqueueText("one too many");
-    EXPECT_EQ(refusal, log->Take());
+    EXPECT_EQ(refusal, log.Take());
 
     parser.goOn.Set();
     parser.Start();
@@ -149,9 +140,9 @@ TEST_F(DiscoveryMessageParserTests, After512OutstandingDatagramsItRefusesForEver
     {
         ASSERT_TRUE(parser.entered.WaitOne(10000));
     }
-    log->Take();
+    log.Take();
     parser.EnqueueText("after the queue has drained");
-    EXPECT_EQ(refusal, log->Take());
+    EXPECT_EQ(refusal, log.Take());
     parser.Stop();
     EXPECT_FALSE(parser.entered.WaitOne(0));
 }
@@ -175,7 +166,7 @@ TEST_F(DiscoveryMessageParserTests, WhateverAMessageThrowsTheThreadGoesOn)
                     "E MessageParser: Error while parsing/processing message",
                     "C MessageParser: Stopping message parser", "C MessageParser: Stopping worker",
                     "C MessageParser: Worker stopped", "C MessageParser: ---Message parser stopped---"}),
-              log->Take());
+              log.Take());
 }
 
 TEST_F(DiscoveryMessageParserTests, AStopWithABacklogEndsAfterTheMessageUnderWay)
@@ -188,7 +179,7 @@ TEST_F(DiscoveryMessageParserTests, AStopWithABacklogEndsAfterTheMessageUnderWay
     std::thread release(
         [&]
         {
-            log->WaitFor("C MessageParser: Stopping worker"); // the flag is set by then
+            log.WaitFor("C MessageParser: Stopping worker"); // the flag is set by then
             parser.goOn.Set();
         });
     parser.Stop();
@@ -201,6 +192,6 @@ TEST_F(DiscoveryMessageParserTests, AParserThatWasNotStoppedEndsItsThreadItself)
     auto parser = std::make_unique<Parser>();
     parser->Start();
     parser.reset();
-    EXPECT_EQ("C MessageParser: ---Message parser stopped---", log->Take().back());
+    EXPECT_EQ("C MessageParser: ---Message parser stopped---", log.Take().back());
 }
 } // namespace Zelkor::Discovery

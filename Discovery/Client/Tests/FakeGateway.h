@@ -4,6 +4,7 @@
 #include <Core/System/Threading/EventWaitHandle.h>
 #include <Core/System/Threading/Semaphore.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
+#include <gmock/gmock.h>
 
 #include <atomic>
 #include <climits>
@@ -11,11 +12,13 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// A host that the test describes. What is in `failing` throws; `calls` keeps the changes.
+/// A host that the test describes. What is in `failing` throws; `calls` keeps the changes. What is mocked the client
+/// does not call.
 class FakeGateway : public IDiscoveryClientDataGateway
 {
 public:
     using MACList = Tesmo::System::Collections::Generic::List<MACAddress>;
+    using ProductList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>;
     using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
 
     static Tesmo::Sp<NICConfig> MakeNIC(const char* mac, const char* address, const char* mask = "255.0.0.0")
@@ -39,30 +42,12 @@ public:
     {
         return host.NICs;
     }
-    Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() override
-    {
-        return host.Products;
-    }
-    Tesmo::Sp<FileTransferInfos> GetFileTransferInfos() override
-    {
-        return host.FileTransferInfos;
-    }
-    Tesmo::System::String GetHostName() override
-    {
-        return host.HostName;
-    }
-    Tesmo::System::String GetDeviceType() override
-    {
-        return host.DeviceType;
-    }
-    Tesmo::System::String GetDeviceFamily() override
-    {
-        return host.DeviceFamily;
-    }
-    Tesmo::System::String GetSerialNumber() override
-    {
-        return host.SerialNumber;
-    }
+    MOCK_METHOD(Tesmo::Sp<ProductList>, GetProducts, (), (override));
+    MOCK_METHOD(Tesmo::Sp<FileTransferInfos>, GetFileTransferInfos, (), (override));
+    MOCK_METHOD(Tesmo::System::String, GetHostName, (), (override));
+    MOCK_METHOD(Tesmo::System::String, GetDeviceType, (), (override));
+    MOCK_METHOD(Tesmo::System::String, GetDeviceFamily, (), (override));
+    MOCK_METHOD(Tesmo::System::String, GetSerialNumber, (), (override));
     DiscoveryHost GetHost() override
     {
         hostReads++;
@@ -73,23 +58,14 @@ public:
         Check("GetHost");
         return host;
     }
-    void ChangeIPConfig(const NICConfig&) override
-    {
-        calls += "one config;"; // the client never calls it
-    }
+    MOCK_METHOD(void, ChangeIPConfig, (const NICConfig&), (override));
     void ChangeHostName(const Tesmo::System::String& newName) override
     {
         calls += "name " + newName.Utf8() + ";";
         Check("ChangeHostName");
     }
-    bool IsHostNameReadOnly() override
-    {
-        return false;
-    }
-    bool RebootRequiredForIPConfigChange() override
-    {
-        return false;
-    }
+    MOCK_METHOD(bool, IsHostNameReadOnly, (), (override));
+    MOCK_METHOD(bool, RebootRequiredForIPConfigChange, (), (override));
     bool RebootRequiredForHostNameChange() override
     {
         return rebootRequired;

@@ -4,6 +4,7 @@
 #include <Core/System/ObjectClosedException.h>
 #include <Core/System/Threading/Semaphore.h>
 #include <Discovery/Transport/IDiscoverySocketFactory.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <atomic>
@@ -49,10 +50,7 @@ public:
         Push({"", code, true});
     }
 
-    Tesmo::Sp<Tesmo::System::Net::Sockets::Socket> GetSocket() override
-    {
-        return {};
-    }
+    MOCK_METHOD(Tesmo::Sp<Tesmo::System::Net::Sockets::Socket>, GetSocket, (), (override));
     int Receive(const Tesmo::Up<unsigned char[]>& buffer, int size, Tesmo::System::Net::IPEndPoint& endpoint) override
     {
         input.WaitOne();
@@ -79,10 +77,7 @@ public:
         sent.push_back({std::string(buffer.Get(), buffer.Get() + size), address.ToString().Utf8()});
         return size;
     }
-    int Broadcast(const Tesmo::Up<unsigned char[]>&, int size) override
-    {
-        return size;
-    }
+    MOCK_METHOD(int, Broadcast, (const Tesmo::Up<unsigned char[]>&, int), (override));
     void Shutdown() override
     {
         if (shutdownFailure != 0)
@@ -111,14 +106,8 @@ public:
     {
         return closed;
     }
-    int GetLocalPort() const override
-    {
-        return 0;
-    }
-    int GetRemotePort() const override
-    {
-        return 0;
-    }
+    MOCK_METHOD(int, GetLocalPort, (), (const, override));
+    MOCK_METHOD(int, GetRemotePort, (), (const, override));
 
     std::vector<Sent> sent;
     int sendFailure = 0;

@@ -23,3 +23,6 @@ struct ServiceControlFake
 
 /// The one of the running test.
 extern ServiceControlFake control;
+
+/// The folder of the maker's logs in the running test.
+extern std::string logRoot;

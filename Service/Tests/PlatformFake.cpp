@@ -1,9 +1,17 @@
-#include "ServiceControlFake.h"
+#include "PlatformFake.h"
+
+#include <Service/Platform/LogRoot.h>
 
 ServiceControlFake control;
+std::string logRoot;
 
 namespace Zelkor::Discovery::Client::Platform
 {
+std::string LogRoot()
+{
+    return logRoot;
+}
+
 int RunService(const char*, void (*entry)())
 {
     entry();
