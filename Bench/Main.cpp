@@ -5,6 +5,7 @@
 int main(int count, char** arguments)
 {
     Bench::AddCoreComparisons();
+    Bench::AddLogComparisons();
     Bench::AddProtocolComparisons();
     Bench::AddReceiveComparisons();
     Bench::AddHostComparisons();
