@@ -4,6 +4,7 @@
 #include <Core/System/Array.h>
 #include <Core/System/Byte.h>
 #include <Core/System/Exception.h>
+#include <Core/System/IO/File.h>
 #include <Core/System/IO/FileInfo.h>
 #include <Core/System/IO/IOException.h>
 #include <Core/System/IO/Path.h>
@@ -33,6 +34,8 @@ using Tesmo::System::Byte;
 using Tesmo::System::Exception;
 using Tesmo::System::String;
 using Tesmo::System::Collections::Generic::List;
+using Tesmo::System::IO::File;
+using Tesmo::System::IO::FileAttributes;
 using Tesmo::System::IO::FileInfo;
 using Tesmo::System::IO::IOException;
 using Tesmo::System::IO::Path;
@@ -161,20 +164,12 @@ void Apply(const LogStreamChannel& channel, const NICConfig& item)
     }
 }
 
-bool FileExists(const String& path)
-{
-    try
-    {
-        return FileInfo(path).Exists();
-    }
-    catch (const Exception&)
-    {
-        return false;
-    }
-}
-
 String ReadInfosText(const String& path)
 {
+    if (FileInfo(path).Attributes().Has(FileAttributes::Device))
+    {
+        throw IOException("The file is a pipe or a device, which may have no end.", ThrowSite);
+    }
     StreamReader reader(path);
     if (reader.BaseStream()->Length() > LongestInfos)
     {
@@ -228,7 +223,7 @@ Sp<FileTransferInfos> DiscoveryClientDataGatewayW32::GetFileTransferInfos()
     try
     {
         Sp<FileTransferInfos> infos(new FileTransferInfos());
-        if (FileExists(fileTransferInfosFile))
+        if (File::Exists(fileTransferInfosFile))
         {
             infos->ReadJSON(ReadInfosText(fileTransferInfosFile));
         }

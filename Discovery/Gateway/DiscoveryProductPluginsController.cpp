@@ -127,22 +127,25 @@ void DiscoveryProductPluginsController::AddProduct(const String& name, List<Sp<D
 /// @returns null where the plug-in refused a question
 Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const String& path) const
 {
-    const Platform::Library library = Platform::OpenLibrary(path.Utf8());
-    if (library == nullptr)
+    std::unique_ptr<void, decltype(&Platform::CloseLibrary)> library(Platform::OpenLibrary(path.Utf8()),
+                                                                     Platform::CloseLibrary);
+    if (!library)
     {
         LogLastError();
         throw BadImageFormatException("Could not load: " + path, ThrowSite);
     }
-    const auto entryPoint = reinterpret_cast<EntryPoint>(Platform::FindFunction(library, EntryPointName));
+    const auto entryPoint = reinterpret_cast<EntryPoint>(Platform::FindFunction(library.get(), EntryPointName));
     if (entryPoint == nullptr)
     {
         LogLastError();
-        Platform::CloseLibrary(library);
+        library.reset();
         throw EntryPointNotFoundException(String("Entry point not found: ") + EntryPointName, ThrowSite);
     }
     Answers answers; // outlive the library
+    // A plug-in that throws stays: its exception is code and data of the library.
+    const Platform::Library loaded = library.release();
     const bool hasAnswered = Ask(entryPoint, answers);
-    Platform::CloseLibrary(library); // not if a plug-in throws: its exception is code and data of the library
+    Platform::CloseLibrary(loaded);
     if (!hasAnswered)
     {
         return {};

@@ -1,6 +1,7 @@
 #include "DynamicLibrary.h"
 
 #include <dlfcn.h>
+#include <link.h>
 #include <mutex>
 
 namespace Zelkor::Discovery::Platform
@@ -24,7 +25,16 @@ Library OpenLibrary(const std::string& path)
 
 LibraryFunction FindFunction(Library library, const char* name)
 {
-    return reinterpret_cast<LibraryFunction>(dlsym(library, name));
+    void* const address = dlsym(library, name); // found in the libraries that this one needs, too
+    link_map* own = nullptr;
+    link_map* owner = nullptr;
+    Dl_info place;
+    if (address == nullptr || dlinfo(library, RTLD_DI_LINKMAP, &own) != 0 ||
+        dladdr1(address, &place, reinterpret_cast<void**>(&owner), RTLD_DL_LINKMAP) == 0 || owner != own)
+    {
+        return nullptr;
+    }
+    return reinterpret_cast<LibraryFunction>(address);
 }
 
 void CloseLibrary(Library library)
@@ -36,7 +46,7 @@ void CloseLibrary(Library library)
 std::string LastLibraryError()
 {
     const char* const text = dlerror();
-    return text != nullptr ? text : "";
+    return text != nullptr ? text : "the function is exported by a library that this one needs";
 }
 
 } // namespace Zelkor::Discovery::Platform

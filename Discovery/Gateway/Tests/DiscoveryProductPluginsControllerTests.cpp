@@ -156,8 +156,12 @@ TEST_F(DiscoveryProductPluginsControllerTests, WhatIsNoPluginIsLoggedAndLeftOut)
     expectFailure("empty", "Could not load: " + File("empty"));
     folder.Write("text" + extension, std::string(1000, 'x'));
     expectFailure("text", "Could not load: " + File("text"));
-    Install("NoEntryPointPlugin", "other");
-    expectFailure("other", "Entry point not found: GetDiscoveryProductPlugin");
+    // The second one is linked with a library that has the export.
+    for (const char* const plugin : {"NoEntryPointPlugin", "DependentPlugin"})
+    {
+        Install(plugin, "other");
+        expectFailure("other", "Entry point not found: GetDiscoveryProductPlugin");
+    }
 }
 
 TEST_F(DiscoveryProductPluginsControllerTests, AProductShowsAsSoonAsItIsInstalledUpdatedOrRemoved)
