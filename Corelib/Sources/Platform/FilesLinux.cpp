@@ -155,7 +155,10 @@ int DuplicateFile(const std::string& source, const std::string& target, bool ove
 
 int OpenFile(const std::string& path, int flags, FileHandle& file)
 {
-    file = open(path.c_str(), NativeFlags(flags) | O_CLOEXEC, 0666);
+    do
+    {
+        file = open(path.c_str(), NativeFlags(flags) | O_CLOEXEC, 0666);
+    } while (file < 0 && errno == EINTR);
     return CodeOf(static_cast<int>(file));
 }
 
@@ -195,6 +198,7 @@ int SeekInFile(FileHandle file, std::int64_t offset, int origin, std::int64_t& p
 
 int CloseFile(FileHandle file)
 {
-    return CodeOf(close(static_cast<int>(file)));
+    const int code = CodeOf(close(static_cast<int>(file)));
+    return code != EINTR ? code : 0; // Linux gives the number back all the same
 }
 } // namespace Tesmo::Platform

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 
 #include <windows.h>
 
@@ -85,16 +86,16 @@ std::vector<FoundEntry> FindEntries(const std::string& pattern)
 {
     std::vector<FoundEntry> found;
     WIN32_FIND_DATAA data = {};
-    const HANDLE search = FindFirstFileA(pattern.c_str(), &data);
-    if (search == INVALID_HANDLE_VALUE)
+    const HANDLE first = FindFirstFileA(pattern.c_str(), &data);
+    if (first == INVALID_HANDLE_VALUE)
     {
         return found;
     }
+    const std::unique_ptr<void, decltype(&FindClose)> search(first, FindClose);
     do
     {
         found.push_back({data.cFileName, static_cast<int>(data.dwFileAttributes)});
-    } while (FindNextFileA(search, &data) != 0);
-    FindClose(search);
+    } while (FindNextFileA(search.get(), &data) != 0);
     return found;
 }
 

@@ -101,6 +101,6 @@ private:
     String author;
     String company;
     String product;
-    Object lockObject; ///< guards all of the above, the reference time and the widths
+    Object lockObject; ///< guards all of the above and the widths
 };
 } // namespace Tesmo::System::LogStreams

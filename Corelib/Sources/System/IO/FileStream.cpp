@@ -241,13 +241,20 @@ void FileStream::Reopen()
 
 void FileStream::OpenHandle(int flags)
 {
-    if (const int code = Platform::OpenFile(name.Utf8(), flags, handle); code != 0)
+    int code = Platform::OpenFile(name.Utf8(), flags, handle);
+    if (code == 0 && flags == Platform::OpenAppend)
+    {
+        std::int64_t end = 0;
+        code = Platform::SeekInFile(handle, 0, static_cast<int>(SeekOrigin::End), end);
+        if (code != 0) // a pipe, for instance
+        {
+            Platform::CloseFile(handle);
+            handle = Platform::NoFile;
+        }
+    }
+    if (code != 0)
     {
         throw IOException(FailureText(name, code), ThrowSite);
-    }
-    if (flags == Platform::OpenAppend)
-    {
-        Move(0, SeekOrigin::End);
     }
 }
 

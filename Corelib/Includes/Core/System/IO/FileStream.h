@@ -20,12 +20,13 @@ class FileStream : public Stream
 public:
     /// @param access  a number of FileAccess
     /// @param share   has no effect: others may always read and write the file
-    /// @throws ArgumentNullException       path is null
-    /// @throws ArgumentException           path is empty or not valid; reading with Create, CreateNew, or Truncate of a
-    ///                                     file that exists; Append with anything but writing
-    /// @throws FileNotFoundException       Open or Truncate, and there is none
-    /// @throws DirectoryNotFoundException  the folder does not exist
-    /// @throws IOException                 CreateNew, and there is one; the file cannot be opened: names it and says why
+    /// @throws ArgumentNullException        path is null
+    /// @throws ArgumentOutOfRangeException  mode or access is none
+    /// @throws ArgumentException            path is empty or not valid; reading with Create, CreateNew, or Truncate of a
+    ///                                      file that exists; Append with anything but writing
+    /// @throws FileNotFoundException        Open or Truncate, and there is none
+    /// @throws DirectoryNotFoundException   the folder does not exist
+    /// @throws IOException                  CreateNew, and there is one; the file cannot be opened: names it, says why
     FileStream(const String& path, FileMode mode, int access, FileShare share);
     ~FileStream() override;
 
