@@ -1,0 +1,68 @@
+#include "AdapterSettingsTest.h"
+
+namespace
+{
+
+/// Programs that fail or hang halfway.
+class IfupdownTests : public AdapterSettingsTests
+{
+protected:
+    /// A hook for the new address alone.
+    static void PutHook(const std::string& command)
+    {
+        Shell("printf '#!/bin/sh\\n[ \"$IF_ADDRESS\" != 10.2.0.5 ] || " + command +
+              "\\n' >/etc/network/if-up.d/00test; chmod +x /etc/network/if-up.d/00test");
+    }
+};
+
+} // namespace
+
+TEST_P(IfupdownTests, AFailedChangeLeavesTheFormerFileAndTheFormerAddresses)
+{
+    Shell("ln -s /etc/network/interfaces.d/v0 /etc/network/link; chmod 640 /etc/network/interfaces.d/v0;"
+          "chgrp netdev /etc/network/interfaces.d/v0; sed -i s,interfaces.d/..,link, /etc/network/interfaces");
+    const std::string files = Files();
+    PutHook("{ echo out of order; exit 9; }");
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, remark));
+
+    EXPECT_NE(std::string::npos, remark.find("out of order")) << remark;
+    Shell("rm /etc/network/if-up.d/00test");
+    EXPECT_EQ(files, Files());
+    EXPECT_EQ("10.1.0.1/24 10.1.1.1/24 via 10.1.0.254", State("v0"));
+    ExpectApplied({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, "10.2.0.5/16 via 10.2.0.1");
+    EXPECT_EQ("symbolic link\n640 netdev\n",
+              Output("stat -c %F /etc/network/link; stat -c '%a %G' /etc/network/interfaces.d/v0"));
+}
+
+TEST_P(IfupdownTests, AHangingHookIsAFailureWithinTheLimit)
+{
+    const std::string files = Files();
+    PutHook("sleep 100");
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, remark));
+
+    EXPECT_NE("", remark);
+    EXPECT_EQ("10.1.0.1/24 10.1.1.1/24 via 10.1.0.254", State("v0"));
+    Shell("rm /etc/network/if-up.d/00test");
+    EXPECT_EQ(files, Files());
+}
+
+TEST_P(IfupdownTests, AnAdapterUnderASharedNameIsRefused)
+{
+    Shell("printf 'auto /v2=office\\niface office inet static\\n  address 10.8.0.1/24\\n' >>/etc/network/interfaces");
+    AddAdapter("v2");
+    Shell("ifup v2=office");
+    const std::string files = Files();
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v2", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, remark));
+
+    EXPECT_NE(std::string::npos, remark.find("office")) << remark;
+    EXPECT_EQ("10.8.0.1/24", State("v2"));
+    EXPECT_EQ(files, Files());
+}
+
+INSTANTIATE_TEST_SUITE_P(, IfupdownTests, testing::Values(Manager::Ifupdown), NameOf);

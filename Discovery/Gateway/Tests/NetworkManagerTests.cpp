@@ -1,0 +1,44 @@
+#include "AdapterSettingsTest.h"
+
+namespace
+{
+
+class NetworkManagerTests : public AdapterSettingsTests
+{
+};
+
+} // namespace
+
+TEST_P(NetworkManagerTests, AFailedChangeIsTakenBackFromTheProfileAndTheAdapter)
+{
+    Shell("cd /etc/NetworkManager; mount --bind system-connections system-connections;"
+          "mount -o remount,ro,bind system-connections"); // the profile can be changed in memory and not be kept
+    const std::string profile = "nmcli -g ipv4.method,ipv4.addresses,ipv4.gateway,ipv4.dad-timeout connection show v0";
+    const std::string before = Output(profile);
+    const std::string files = Files();
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v0", "10.9.0.1", "255.255.255.0", "10.9.0.2"}, remark));
+
+    EXPECT_TRUE(remark.starts_with("NetworkManager: nmcli ended with exit code 1: ")) << remark;
+    EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
+    EXPECT_EQ(before, Output(profile));
+    EXPECT_EQ(files, Files());
+    Await("v0", "10.1.0.1/24 10.1.1.1/24 via 10.1.0.254");
+}
+
+TEST_P(NetworkManagerTests, AnAddressThatWasSetByHandIsReplacedForGood)
+{
+    AddAdapter("v2");
+    Shell("ip addr add 10.8.0.1/24 dev v2; n=0; until nmcli device show v2 | grep -q externally; do "
+          "n=$((n + 1)); [ $n -lt 100 ]; sleep .1; done");
+
+    ExpectApplied({"v2", "10.8.0.2", "255.255.255.0", "10.8.0.3"}, "10.8.0.2/24 via 10.8.0.3");
+
+    managed->Stop();
+    Shell("ip addr flush dev v2");
+    managed->Start();
+    Await("v2", "10.8.0.2/24 via 10.8.0.3");
+}
+
+INSTANTIATE_TEST_SUITE_P(, NetworkManagerTests, testing::Values(Manager::NetworkManager), NameOf);
