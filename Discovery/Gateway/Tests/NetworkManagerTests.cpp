@@ -41,4 +41,18 @@ TEST_P(NetworkManagerTests, AnAddressThatWasSetByHandIsReplacedForGood)
     Await("v2", "10.8.0.2/24 via 10.8.0.3");
 }
 
+TEST_P(NetworkManagerTests, AProfileOfOursGoesEvenIfNmcliFailedAfterItWasAdded)
+{
+    AddAdapter("v2");
+    Shell("printf '#!/bin/sh\n/usr/bin/nmcli \"$@\" || exit\ncase $* in *\" add \"*) exit 1; esac\n'"
+          ">/usr/sbin/nmcli; chmod +x /usr/sbin/nmcli");
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v2", "10.9.0.1", "255.255.255.0", "10.9.0.2"}, remark));
+
+    EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
+    EXPECT_EQ(std::string::npos, Output("nmcli -g NAME connection show").find("Zelkor"));
+    Await("v2", "");
+}
+
 INSTANTIATE_TEST_SUITE_P(, NetworkManagerTests, testing::Values(Manager::NetworkManager), NameOf);

@@ -1,7 +1,10 @@
 #include "NetworkManager.h"
 
+#include <array>
+#include <cstdio>
 #include <cstring>
 #include <sstream>
+#include <systemd/sd-id128.h>
 
 namespace Zelkor::Discovery::Platform
 {
@@ -19,6 +22,8 @@ constexpr std::uint32_t VethType = 20;         // NM_DEVICE_TYPE_VETH
 constexpr std::uint32_t UnavailableState = 20; // NM_DEVICE_STATE_UNAVAILABLE: without carrier
 
 constexpr std::size_t UuidLength = 36; // characters
+
+constexpr int NotFoundCode = 10; // nmcli(1): no such profile, or it is not in use
 
 using Words = std::vector<std::string>;
 
@@ -44,6 +49,16 @@ bool IsUuid(const std::string& line)
     return line.size() == UuidLength && line.find_first_not_of("0123456789abcdef-") == std::string::npos;
 }
 
+/// A UUID that no profile has.
+std::string MakeUuid()
+{
+    sd_id128_t id = {};
+    sd_id128_randomize(&id);
+    std::array<char, UuidLength + 1> text = {};
+    std::snprintf(text.data(), text.size(), SD_ID128_UUID_FORMAT_STR, SD_ID128_FORMAT_VAL(id));
+    return text.data();
+}
+
 Words SplitOutput(const std::string& output)
 {
     std::istringstream stream(output);
@@ -53,6 +68,15 @@ Words SplitOutput(const std::string& output)
         lines.push_back(line);
     }
     return lines;
+}
+
+/// Takes a profile away; none is left either where there was none.
+Failure Drop(const Words& request, Deadline deadline)
+{
+    const CommandResult result = RunCommand(Nmcli(request), deadline);
+    return result.code == 0 || result.code == NotFoundCode
+               ? ""
+               : "nmcli does not take the profile away: " + OneLine(result.output);
 }
 
 } // namespace
@@ -153,13 +177,13 @@ Failure NetworkManager::AddProfile(const AddressPlan& plan, Deadline deadline)
     {
         return "the adapter has no profile and is no Ethernet adapter";
     }
-    Failure failure = Run(Nmcli({"connection", "add", "save", "no", "type", "ethernet", "ifname", plan.adapter,
-                                 "con-name", "Zelkor " + plan.adapter},
-                                Settings(plan)),
-                          deadline);
-    isAdded = failure.empty();
+    profile = MakeUuid();
+    isAdded = true;   // may be so even if nmcli fails or takes too long
     probeTime = "-1"; // the default
-    return isAdded ? FindProfile(plan.adapter, deadline) : failure;
+    return Run(Nmcli({"connection", "add", "save", "no", "type", "ethernet", "ifname", plan.adapter, "con-name",
+                      "Zelkor " + plan.adapter, "connection.uuid", profile},
+                     Settings(plan)),
+               deadline);
 }
 
 /// What the profile says before the change, as nmcli takes it back.
@@ -221,9 +245,9 @@ Failure NetworkManager::Keep(const AddressPlan& plan, Deadline deadline)
 
 Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
 {
-    if (isAdded && !profile.empty())
+    if (isAdded)
     {
-        return Run(Nmcli({"connection", "delete", "uuid", profile}), deadline);
+        return Drop({"connection", "delete", "uuid", profile}, deadline);
     }
     if (former.empty())
     {
