@@ -65,4 +65,18 @@ TEST_P(IfupdownTests, AnAdapterUnderASharedNameIsRefused)
     EXPECT_EQ(files, Files());
 }
 
+TEST_P(IfupdownTests, AnAdapterThatIfdownDeletesIsMadeAgain)
+{
+    Shell("printf 'auto b0\\niface b0 inet static\\n  address 10.3.0.1/24\\n  pre-up ip link add b0 type bridge\\n"
+          "  post-down ip link delete b0\\n' >>/etc/network/interfaces; ifup b0");
+
+    ExpectApplied({"b0", "10.3.0.2", "255.255.255.0", "0.0.0.0"}, "10.3.0.2/24");
+
+    PutHook("exit 9");
+    std::string remark;
+    EXPECT_NE(0, Apply({"b0", "10.2.0.5", "255.255.0.0", "0.0.0.0"}, remark));
+    EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
+    EXPECT_EQ("10.3.0.2/24", State("b0"));
+}
+
 INSTANTIATE_TEST_SUITE_P(, IfupdownTests, testing::Values(Manager::Ifupdown), NameOf);

@@ -97,6 +97,14 @@ std::string ReadLogicalName(const std::string& adapter)
     return {};
 }
 
+/// By the stanza that stands in the file now; a hook that fails does not stop the change. VLANs, bridges and bonds may be
+/// gone then, to be made again by ifup.
+Failure TakeDown(const std::string& adapter, Deadline deadline)
+{
+    RunOnHost({"ifdown", "--force", adapter}, deadline);
+    return if_nametoindex(adapter.c_str()) == 0 ? "" : DropAddresses(adapter, deadline);
+}
+
 } // namespace
 
 std::string Ifupdown::Name() const
@@ -219,9 +227,7 @@ Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
         return failure;
     }
     wentDown = true;
-    RunOnHost({"ifdown", "--force", plan.adapter},
-              deadline); // by the old stanza; a hook that fails does not stop the change
-    failure = DropAddresses(plan.adapter, deadline);
+    failure = TakeDown(plan.adapter, deadline);
     if (failure.empty())
     {
         failure = Commit();
@@ -250,8 +256,7 @@ Failure Ifupdown::Withdraw(const AddressPlan& plan, Deadline deadline)
     {
         return failure;
     }
-    RunOnHost({"ifdown", "--force", plan.adapter}, deadline);
-    DropAddresses(plan.adapter, deadline);
+    TakeDown(plan.adapter, deadline);
     const Failure up = RunOnHost({"ifup", plan.adapter}, deadline);
     return failure.empty() ? up : failure;
 }
