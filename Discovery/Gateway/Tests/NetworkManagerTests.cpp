@@ -5,14 +5,19 @@ namespace
 
 class NetworkManagerTests : public AdapterSettingsTests
 {
+protected:
+    static void LetProfilesBeChangedInMemoryOnly()
+    {
+        Shell("cd /etc/NetworkManager; mount --bind system-connections system-connections;"
+              "mount -o remount,ro,bind system-connections");
+    }
 };
 
 } // namespace
 
 TEST_P(NetworkManagerTests, AFailedChangeIsTakenBackFromTheProfileAndTheAdapter)
 {
-    Shell("cd /etc/NetworkManager; mount --bind system-connections system-connections;"
-          "mount -o remount,ro,bind system-connections"); // the profile can be changed in memory and not be kept
+    LetProfilesBeChangedInMemoryOnly();
     const std::string profile = "nmcli -g ipv4.method,ipv4.addresses,ipv4.gateway,ipv4.dad-timeout connection show v0";
     const std::string before = Output(profile);
     const std::string files = Files();
@@ -25,6 +30,20 @@ TEST_P(NetworkManagerTests, AFailedChangeIsTakenBackFromTheProfileAndTheAdapter)
     EXPECT_EQ(before, Output(profile));
     EXPECT_EQ(files, Files());
     Await("v0", "10.1.0.1/24 10.1.1.1/24 via 10.1.0.254");
+}
+
+TEST_P(NetworkManagerTests, AnAdapterThatWasBroughtUpForAFailedChangeGoesDownAgain)
+{
+    AddAdapter("v2");
+    Shell("nmcli connection add type ethernet ifname v2 con-name v2 autoconnect no ipv4.method disabled");
+    LetProfilesBeChangedInMemoryOnly();
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v2", "10.9.0.1", "255.255.255.0", "10.9.0.2"}, remark));
+
+    EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
+    Await("v2", "");
+    EXPECT_EQ("disabled\n", Output("nmcli -g ipv4.method connection show v2"));
 }
 
 TEST_P(NetworkManagerTests, AnAddressThatWasSetByHandIsReplacedForGood)

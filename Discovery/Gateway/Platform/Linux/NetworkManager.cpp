@@ -70,7 +70,7 @@ Words SplitOutput(const std::string& output)
     return lines;
 }
 
-/// Takes a profile away; none is left either where there was none.
+/// Takes a profile away, or off its adapter; done as well where it was not there.
 Failure Drop(const Words& request, Deadline deadline)
 {
     const CommandResult result = RunCommand(Nmcli(request), deadline);
@@ -230,6 +230,7 @@ Failure NetworkManager::Apply(const AddressPlan& plan, Deadline deadline)
     {
         return failure;
     }
+    isBroughtUp = !isActive;
     return isActive ? Run(Nmcli({"device", "reapply", plan.adapter}), deadline)
                     : Run(Nmcli({"connection", "up", "uuid", profile, "ifname", plan.adapter}), deadline);
 }
@@ -254,7 +255,16 @@ Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
         return {};
     }
     const Failure failure = Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile}, former), deadline);
-    return failure.empty() && isActive ? Run(Nmcli({"device", "reapply", plan.adapter}), deadline) : failure;
+    Failure adapterFailure;
+    if (isActive)
+    {
+        adapterFailure = Run(Nmcli({"device", "reapply", plan.adapter}), deadline);
+    }
+    else if (isBroughtUp)
+    {
+        adapterFailure = Drop({"connection", "down", "uuid", profile}, deadline);
+    }
+    return failure.empty() ? adapterFailure : failure;
 }
 
 } // namespace Zelkor::Discovery::Platform

@@ -27,6 +27,7 @@ private:
     std::uint32_t type = 0;          ///< NMDeviceType
     std::uint32_t state = 0;         ///< NMDeviceState
     bool isActive = false;           ///< the adapter runs by the profile
+    bool isBroughtUp = false;        ///< the adapter, for the change
     bool isAdded = false;            ///< the profile is ours, if it is there at all
     std::string profile;             ///< its UUID, empty if there is none
     std::vector<std::string> former; ///< the properties that are changed, each with its value before
