@@ -17,8 +17,9 @@ protected:
 
 TEST_P(NetworkManagerTests, AFailedChangeIsTakenBackFromTheProfileAndTheAdapter)
 {
+    Shell("nmcli connection modify v0 ipv4.gateway '' ipv4.routes '0.0.0.0/0 10.1.0.254'");
     LetProfilesBeChangedInMemoryOnly();
-    const std::string profile = "nmcli -g ipv4.method,ipv4.addresses,ipv4.gateway,ipv4.dad-timeout connection show v0";
+    const std::string profile = "nmcli -g ipv4.method,ipv4.addresses,ipv4.routes,ipv4.dad-timeout connection show v0";
     const std::string before = Output(profile);
     const std::string files = Files();
     std::string remark;
@@ -44,6 +45,17 @@ TEST_P(NetworkManagerTests, AnAdapterThatWasBroughtUpForAFailedChangeGoesDownAga
     EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
     Await("v2", "");
     EXPECT_EQ("disabled\n", Output("nmcli -g ipv4.method connection show v2"));
+}
+
+TEST_P(NetworkManagerTests, ADefaultRouteAmongTheRoutesIsReplacedToo)
+{
+    const std::string kept = "10.50.0.0/16 10.1.0.253, 0.0.0.0/0 10.1.0.252 table=7";
+    const std::string routes = "0.0.0.0/0 10.1.0.254, " + kept;
+    Shell("nmcli connection modify v0 ipv4.gateway '' ipv4.routes '" + routes + "'; nmcli device reapply v0");
+
+    ExpectApplied({"v0", "10.1.0.5", "255.255.0.0", "10.1.0.2"}, "10.1.0.5/16 via 10.1.0.2");
+
+    EXPECT_EQ(kept + "\n", Output("nmcli -g ipv4.routes connection show v0"));
 }
 
 TEST_P(NetworkManagerTests, AnAddressThatWasSetByHandIsReplacedForGood)

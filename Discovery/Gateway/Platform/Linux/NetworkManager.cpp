@@ -1,5 +1,8 @@
 #include "NetworkManager.h"
 
+#include "LogicalLines.h"
+
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
@@ -35,13 +38,37 @@ Words Nmcli(Words arguments, const Words& more = {})
     return arguments;
 }
 
-/// What the profile says of IPv4 while the system runs. Its former addresses and gateway are replaced.
-Words Settings(const AddressPlan& plan)
+/// In the main table; those of other tables serve rules.
+bool IsDefaultRoute(const std::string& route)
 {
-    return {
-        "ipv4.method",      "manual",     "ipv4.addresses",     plan.address + "/" + std::to_string(plan.prefixLength),
-        "ipv4.gateway",     plan.gateway, "ipv4.never-default", "no",
-        "ipv4.dad-timeout", "0"};
+    const Words words = SplitWords(route);
+    return !words.empty() && words[0].ends_with("/0") &&
+           std::none_of(words.begin(), words.end(),
+                        [](const std::string& word) { return word.starts_with("table=") && word != "table=254"; });
+}
+
+/// @param routes  parted by commas, as nmcli tells and takes them
+std::string WithoutDefaultRoutes(const std::string& routes)
+{
+    std::istringstream stream(routes);
+    std::string kept;
+    for (std::string route; std::getline(stream, route, ',');)
+    {
+        kept += IsDefaultRoute(route) ? "" : (kept.empty() ? "" : ",") + route;
+    }
+    return kept;
+}
+
+/// What the profile says of IPv4 while the system runs. Its former addresses and gateways are replaced.
+/// @param routes  the former ones
+Words Settings(const AddressPlan& plan, const std::string& routes)
+{
+    return {"ipv4.routes",        WithoutDefaultRoutes(routes),
+            "ipv4.method",        "manual",
+            "ipv4.addresses",     plan.address + "/" + std::to_string(plan.prefixLength),
+            "ipv4.gateway",       plan.gateway,
+            "ipv4.never-default", "no",
+            "ipv4.dad-timeout",   "0"};
 }
 
 bool IsUuid(const std::string& line)
@@ -182,14 +209,14 @@ Failure NetworkManager::AddProfile(const AddressPlan& plan, Deadline deadline)
     probeTime = "-1"; // the default
     return Run(Nmcli({"connection", "add", "save", "no", "type", "ethernet", "ifname", plan.adapter, "con-name",
                       "Zelkor " + plan.adapter, "connection.uuid", profile},
-                     Settings(plan)),
+                     Settings(plan, "")),
                deadline);
 }
 
 /// What the profile says before the change, as nmcli takes it back.
 Failure NetworkManager::ReadProfile(const AddressPlan& plan, Deadline deadline)
 {
-    const Words settings = Settings(plan);
+    const Words settings = Settings(plan, "");
     std::string properties;
     for (std::size_t i = 0; i < settings.size(); i += 2)
     {
@@ -214,9 +241,10 @@ Failure NetworkManager::ReadProfile(const AddressPlan& plan, Deadline deadline)
 Failure NetworkManager::ChangeProfile(const AddressPlan& plan, Deadline deadline)
 {
     const Failure failure = ReadProfile(plan, deadline);
-    return failure.empty()
-               ? Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile}, Settings(plan)), deadline)
-               : failure;
+    return failure.empty() ? Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile},
+                                       Settings(plan, former[1])), // the routes
+                                 deadline)
+                           : failure;
 }
 
 Failure NetworkManager::Apply(const AddressPlan& plan, Deadline deadline)
