@@ -11,6 +11,19 @@ protected:
         Shell("cd /etc/NetworkManager; mount --bind system-connections system-connections;"
               "mount -o remount,ro,bind system-connections");
     }
+
+    static void LetNmcliFailAfter(const std::string& words)
+    {
+        Shell("printf '#!/bin/sh\\n/usr/bin/nmcli \"$@\" || exit\\ncase $* in *\"" + words +
+              "\"*) exit 1; esac\\n' >/usr/sbin/nmcli; chmod +x /usr/sbin/nmcli");
+    }
+
+    static void AddAdapterWithAddressSetByHand(const std::string& name)
+    {
+        AddAdapter(name);
+        Shell("ip addr add 10.8.0.1/24 dev " + name + "; n=0; until nmcli device show " + name +
+              " | grep -q externally; do n=$((n + 1)); [ $n -lt 100 ]; sleep .1; done");
+    }
 };
 
 } // namespace
@@ -47,6 +60,22 @@ TEST_P(NetworkManagerTests, AnAdapterThatWasBroughtUpForAFailedChangeGoesDownAga
     EXPECT_EQ("disabled\n", Output("nmcli -g ipv4.method connection show v2"));
 }
 
+TEST_P(NetworkManagerTests, AfterAFailedChangeTheFilesOfProfilesCountAsBefore)
+{
+    AddAdapterWithAddressSetByHand("v2");
+    std::string remark;
+
+    LetNmcliFailAfter("autoconnect yes"); // the last step
+    EXPECT_NE(0, Apply({"v0", "10.9.0.1", "255.255.255.0", "10.9.0.2"}, remark));
+    LetNmcliFailAfter("device reapply");
+    EXPECT_NE(0, Apply({"v2", "10.9.0.1", "255.255.255.0", "10.9.0.2"}, remark));
+
+    Shell(
+        "sed -i s/10.1.1.1/10.1.1.9/ /etc/NetworkManager/system-connections/v0.nmconnection; nmcli connection reload");
+    EXPECT_EQ("10.1.0.1/24, 10.1.1.9/24\n", Output("nmcli -g ipv4.addresses connection show v0"));
+    EXPECT_EQ("", Output("find /etc/NetworkManager/system-connections -name 'v2*'")) << "a restart forgets it";
+}
+
 TEST_P(NetworkManagerTests, ADefaultRouteAmongTheRoutesIsReplacedToo)
 {
     const std::string kept = "10.50.0.0/16 10.1.0.253, 0.0.0.0/0 10.1.0.252 table=7";
@@ -60,9 +89,7 @@ TEST_P(NetworkManagerTests, ADefaultRouteAmongTheRoutesIsReplacedToo)
 
 TEST_P(NetworkManagerTests, AnAddressThatWasSetByHandIsReplacedForGood)
 {
-    AddAdapter("v2");
-    Shell("ip addr add 10.8.0.1/24 dev v2; n=0; until nmcli device show v2 | grep -q externally; do "
-          "n=$((n + 1)); [ $n -lt 100 ]; sleep .1; done");
+    AddAdapterWithAddressSetByHand("v2");
 
     ExpectApplied({"v2", "10.8.0.2", "255.255.255.0", "10.8.0.3"}, "10.8.0.2/24 via 10.8.0.3");
 
@@ -75,8 +102,7 @@ TEST_P(NetworkManagerTests, AnAddressThatWasSetByHandIsReplacedForGood)
 TEST_P(NetworkManagerTests, AProfileOfOursGoesEvenIfNmcliFailedAfterItWasAdded)
 {
     AddAdapter("v2");
-    Shell("printf '#!/bin/sh\n/usr/bin/nmcli \"$@\" || exit\ncase $* in *\" add \"*) exit 1; esac\n'"
-          ">/usr/sbin/nmcli; chmod +x /usr/sbin/nmcli");
+    LetNmcliFailAfter("connection add");
     std::string remark;
 
     EXPECT_NE(0, Apply({"v2", "10.9.0.1", "255.255.255.0", "10.9.0.2"}, remark));

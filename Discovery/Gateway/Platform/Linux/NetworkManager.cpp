@@ -235,6 +235,8 @@ Failure NetworkManager::ReadProfile(const AddressPlan& plan, Deadline deadline)
     }
     former.back() = former.back().substr(0, former.back().find(' ')); // "-1 (default)"
     probeTime = former.back();
+    const CommandResult files = RunCommand(Nmcli({"-g", "UUID,FILENAME", "connection", "show"}), deadline);
+    isStored = files.output.find(profile + ":/etc/") != std::string::npos;
     return {};
 }
 
@@ -266,10 +268,21 @@ Failure NetworkManager::Apply(const AddressPlan& plan, Deadline deadline)
 /// Probes come back with the next restart: they are to be off for the running system only.
 Failure NetworkManager::Keep(const AddressPlan& plan, Deadline deadline)
 {
+    isStored = true; // from here on, even if nmcli fails or takes too long
     return Run(
         Nmcli({"connection", "modify", "uuid", profile}, {"connection.autoconnect", "yes", "connection.interface-name",
                                                           plan.adapter, "ipv4.dad-timeout", probeTime}),
         deadline);
+}
+
+/// On disk too, if it was there: a profile that is changed in memory alone hides its file from the administrator.
+Failure NetworkManager::RestoreProfile(Deadline deadline)
+{
+    if (isStored && Run(Nmcli({"connection", "modify", "uuid", profile}, former), deadline).empty())
+    {
+        return {};
+    }
+    return Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile}, former), deadline);
 }
 
 Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
@@ -282,7 +295,7 @@ Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
     {
         return {};
     }
-    const Failure failure = Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile}, former), deadline);
+    const Failure failure = RestoreProfile(deadline);
     Failure adapterFailure;
     if (isActive)
     {

@@ -23,11 +23,13 @@ private:
     Failure AddProfile(const AddressPlan& plan, Deadline deadline);
     Failure ReadProfile(const AddressPlan& plan, Deadline deadline);
     Failure ChangeProfile(const AddressPlan& plan, Deadline deadline);
+    Failure RestoreProfile(Deadline deadline);
 
     std::uint32_t type = 0;          ///< NMDeviceType
     std::uint32_t state = 0;         ///< NMDeviceState
     bool isActive = false;           ///< the adapter runs by the profile
     bool isBroughtUp = false;        ///< the adapter, for the change
+    bool isStored = false;           ///< the profile is on disk, where administrators edit it
     bool isAdded = false;            ///< the profile is ours, if it is there at all
     std::string profile;             ///< its UUID, empty if there is none
     std::vector<std::string> former; ///< the properties that are changed, each with its value before
