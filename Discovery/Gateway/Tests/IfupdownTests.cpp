@@ -79,4 +79,24 @@ TEST_P(IfupdownTests, AnAdapterThatIfdownDeletesIsMadeAgain)
     EXPECT_EQ("10.3.0.2/24", State("b0"));
 }
 
+TEST_P(IfupdownTests, VlansComeBackWithTheirAdapterOrAreTold)
+{
+    // Not every kernel has VLANs, and none has this number: ifup takes what stands there by that name.
+    Shell("sed -i '/gateway/a\\  up ip link add v0.4095 type bridge' /etc/network/interfaces.d/v0;"
+          "printf 'iface v0.4095 inet static\\n  address 10.4.0.1/24\\n' >>/etc/network/interfaces;"
+          "ip link add v0.4095 type bridge; ifup v0.4095");
+    ExpectApplied({"v0", "10.2.0.6", "255.255.0.0", "10.2.0.1"}, "10.2.0.6/16 via 10.2.0.1");
+    EXPECT_EQ("10.4.0.1/24", State("v0.4095"));
+
+    PutHook("exit 9");
+    std::string remark;
+    EXPECT_NE(0, Apply({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, remark));
+    EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
+    EXPECT_EQ("10.4.0.1/24", State("v0.4095"));
+
+    Shell("sed -i '/ip link add v0.4095/d' /etc/network/interfaces.d/v0");
+    EXPECT_EQ(0, Apply({"v0", "10.2.0.7", "255.255.0.0", "10.2.0.1"}, remark)) << remark;
+    EXPECT_NE(std::string::npos, remark.find("v0.4095")) << remark;
+}
+
 INSTANTIATE_TEST_SUITE_P(, IfupdownTests, testing::Values(Manager::Ifupdown), NameOf);

@@ -84,17 +84,35 @@ std::vector<std::string> Included(const InterfacesText::Inclusion& inclusion, co
     return files;
 }
 
-/// What /run/network/ifstate tells behind the adapter's name, empty for one that ifup has not configured.
-std::string ReadLogicalName(const std::string& adapter)
+/// What ifup has configured, in its order: each adapter's name, '=' and its logical name.
+std::vector<std::string> ReadState()
 {
+    std::vector<std::string> state;
     for (const LogicalLine& line : SplitLines(ReadConfiguration("/run/network/ifstate")))
     {
-        if (line.text.starts_with(adapter + "="))
+        state.push_back(line.text);
+    }
+    return state;
+}
+
+/// Empty for an adapter that ifup has not configured.
+std::string ReadLogicalName(const std::string& adapter)
+{
+    for (const std::string& entry : ReadState())
+    {
+        if (entry.starts_with(adapter + "="))
         {
-            return line.text.substr(adapter.size() + 1);
+            return entry.substr(adapter.size() + 1);
         }
     }
     return {};
+}
+
+std::vector<std::string> ReadVlans(const std::string& adapter)
+{
+    std::vector<std::string> vlans = ReadState();
+    std::erase_if(vlans, [&adapter](const std::string& entry) { return !entry.starts_with(adapter + "."); });
+    return vlans;
 }
 
 /// By the stanza that stands in the file now; a hook that fails does not stop the change. VLANs, bridges and bonds may be
@@ -103,6 +121,14 @@ Failure TakeDown(const std::string& adapter, Deadline deadline)
 {
     RunOnHost({"ifdown", "--force", adapter}, deadline);
     return if_nametoindex(adapter.c_str()) == 0 ? "" : DropAddresses(adapter, deadline);
+}
+
+/// @param entry  an adapter's name, or an entry of the state
+Failure BringUp(const std::string& entry, Deadline deadline)
+{
+    const Failure failure = RunOnHost({"ifup", entry}, deadline);
+    const bool isUp = !ReadLogicalName(entry.substr(0, entry.find('='))).empty();
+    return failure.empty() && !isUp ? "ifup leaves it down" : failure; // with exit code 0, if it can't make it
 }
 
 } // namespace
@@ -227,12 +253,30 @@ Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
         return failure;
     }
     wentDown = true;
+    vlans = ReadVlans(plan.adapter);
     failure = TakeDown(plan.adapter, deadline);
     if (failure.empty())
     {
         failure = Commit();
     }
-    return failure.empty() ? RunOnHost({"ifup", plan.adapter}, deadline) : failure;
+    failure = failure.empty() ? BringUp(plan.adapter, deadline) : failure;
+    remark = failure.empty() ? BringUpVlans(deadline) : "";
+    return failure;
+}
+
+/// ifdown took them down with the adapter, ifup leaves that to whoever calls it.
+Failure Ifupdown::BringUpVlans(Deadline deadline) const
+{
+    Failure failures;
+    for (const std::string& vlan : vlans)
+    {
+        if (const Failure failure = BringUp(vlan, deadline); !failure.empty())
+        {
+            failures +=
+                (failures.empty() ? "" : "; ") + vlan.substr(0, vlan.find('=')) + " did not come up again: " + failure;
+        }
+    }
+    return failures;
 }
 
 Failure Ifupdown::Keep(const AddressPlan&, Deadline)
@@ -257,8 +301,16 @@ Failure Ifupdown::Withdraw(const AddressPlan& plan, Deadline deadline)
         return failure;
     }
     TakeDown(plan.adapter, deadline);
-    const Failure up = RunOnHost({"ifup", plan.adapter}, deadline);
-    return failure.empty() ? up : failure;
+    for (const Failure& later : {BringUp(plan.adapter, deadline), BringUpVlans(deadline)})
+    {
+        failure = failure.empty() ? later : failure;
+    }
+    return failure;
+}
+
+std::string Ifupdown::Remark() const
+{
+    return remark;
 }
 
 } // namespace Zelkor::Discovery::Platform

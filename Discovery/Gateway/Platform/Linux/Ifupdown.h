@@ -10,7 +10,7 @@ namespace Zelkor::Discovery::Platform
 {
 
 /// ifupdown, the server default of Debian: rewrites the adapter's stanza in /etc/network/interfaces or a file that it
-/// pulls in, and takes the adapter down by the old one and up by the new one.
+/// pulls in, and takes the adapter down by the old one and up by the new one, with its VLANs.
 class Ifupdown : public AddressManager
 {
 public:
@@ -19,6 +19,7 @@ public:
     Failure Apply(const AddressPlan& plan, Deadline deadline) override;
     Failure Keep(const AddressPlan& plan, Deadline deadline) override;
     Failure Withdraw(const AddressPlan& plan, Deadline deadline) override;
+    std::string Remark() const override;
 
 private:
     struct File
@@ -32,10 +33,13 @@ private:
     Failure Prepare(const AddressPlan& plan);
     Failure Stage(const File& file);
     Failure Commit();
+    Failure BringUpVlans(Deadline deadline) const;
 
     std::vector<File> files; ///< in the order of reading
     std::vector<std::unique_ptr<StagedFile>> staged;
-    std::string logicalName; ///< by which the adapter is configured now, empty if it isn't
+    std::string logicalName;        ///< by which the adapter is configured now, empty if it isn't
+    std::vector<std::string> vlans; ///< of the adapter that were up, as ifup tells them
+    std::string remark;
     bool wentDown = false;
 };
 
