@@ -99,4 +99,18 @@ TEST_P(IfupdownTests, VlansComeBackWithTheirAdapterOrAreTold)
     EXPECT_NE(std::string::npos, remark.find("v0.4095")) << remark;
 }
 
+TEST_P(IfupdownTests, AnAdapterThatNoRestartBringsUpIsStartedByTheNext)
+{
+    AddAdapter("v2");
+    AddAdapter("w0");
+    Shell("printf 'iface v2 inet manual\\nauto other /w*\\niface w0 inet manual\\n' >>/etc/network/interfaces");
+    ExpectApplied({"v2", "10.8.0.1", "255.255.255.0", "0.0.0.0"}, "10.8.0.1/24");
+    ExpectApplied({"w0", "10.9.0.1", "255.255.255.0", "0.0.0.0"}, "10.9.0.1/24");
+
+    Shell("ifdown --force v2; ifup -a || true"); // as at the start of the host
+
+    EXPECT_EQ("10.8.0.1/24", State("v2"));
+    EXPECT_EQ("auto v2\n", Output("grep -r '^auto [vw][02]' /etc/network/interfaces"));
+}
+
 INSTANTIATE_TEST_SUITE_P(, IfupdownTests, testing::Values(Manager::Ifupdown), NameOf);

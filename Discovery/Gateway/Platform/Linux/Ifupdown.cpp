@@ -1,9 +1,11 @@
 #include "Ifupdown.h"
 
 #include "../Adapters.h"
+#include "Command.h"
 #include "KernelAddresses.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <filesystem>
 #include <net/if.h>
@@ -115,6 +117,18 @@ std::vector<std::string> ReadVlans(const std::string& adapter)
     return vlans;
 }
 
+/// Whether a line brings the adapter up at the start of the host, by its name or by a pattern.
+bool IsStarted(const std::string& adapter, Deadline deadline)
+{
+    constexpr std::array<const char*, 2> Classes = {"auto", "hotplug"};
+    return std::any_of(Classes.begin(), Classes.end(),
+                       [&](const char* name)
+                       {
+                           const CommandResult names = RunCommand({"ifquery", "--list", "--allow", name}, deadline);
+                           return ("\n" + names.output).find("\n" + adapter + "\n") != std::string::npos;
+                       });
+}
+
 /// By the stanza that stands in the file now; a hook that fails does not stop the change. VLANs, bridges and bonds may be
 /// gone then, to be made again by ifup.
 Failure TakeDown(const std::string& adapter, Deadline deadline)
@@ -191,7 +205,7 @@ Failure Ifupdown::Obstacle(const std::string& adapter) const
 }
 
 /// All IPv4 stanzas of the adapter become one, where the first one stands.
-Failure Ifupdown::Prepare(const AddressPlan& plan)
+Failure Ifupdown::Prepare(const AddressPlan& plan, Deadline deadline)
 {
     const auto has = [&](const char* family)
     { return [&plan, family](const File& file) { return file.text.HasStanza(plan.adapter, family); }; };
@@ -214,6 +228,10 @@ Failure Ifupdown::Prepare(const AddressPlan& plan)
         options.push_back({"    " + metric + "\n", metric});
     }
     target->text.WriteStanza(plan, options);
+    if (!IsStarted(plan.adapter, deadline))
+    {
+        target->text.WriteAuto(plan.adapter);
+    }
     Failure failure;
     for (auto file = changed.begin(); file != changed.end() && failure.empty(); ++file)
     {
@@ -246,7 +264,7 @@ Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
     Failure failure = Obstacle(plan.adapter);
     if (failure.empty())
     {
-        failure = Prepare(plan);
+        failure = Prepare(plan, deadline);
     }
     if (!failure.empty())
     {

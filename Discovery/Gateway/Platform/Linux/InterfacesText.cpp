@@ -202,4 +202,11 @@ void InterfacesText::WriteStanza(const AddressPlan& plan, const std::vector<Logi
     lines.insert(lines.erase(begin, end), stanza.begin(), stanza.end());
 }
 
+void InterfacesText::WriteAuto(const std::string& adapter)
+{
+    const auto head = lines.begin() + static_cast<std::ptrdiff_t>(Stanzas(adapter, "").front().begin);
+    const std::string line = "auto " + adapter;
+    lines.insert(head, {Indentation(*head) + line + "\n", line});
+}
+
 } // namespace Zelkor::Discovery::Platform

@@ -41,6 +41,9 @@ public:
     /// it before the adapter's first stanza of another family. Its other options stay, and those in more join them.
     void WriteStanza(const AddressPlan& plan, const std::vector<LogicalLine>& more);
 
+    /// Puts a line before the adapter's first stanza that has the adapter brought up when the host starts.
+    void WriteAuto(const std::string& adapter);
+
 private:
     /// Indexes of lines: the head, and behind the last option.
     struct Stanza
