@@ -23,4 +23,20 @@ TEST_P(NetworkdTests, DropInsOfTheFormerFileCountOn)
     EXPECT_NE(std::string::npos, addresses.find("fd00::a/64"));
 }
 
+TEST_P(NetworkdTests, AnAdapterThatWaitsForItsFileIsRefused)
+{
+    managed.reset();
+    Shell("umount /sys");
+    managed = std::make_unique<ManagedHost>(GetParam());
+    Shell("mount -o remount,rw /sys"); // writable: the daemon waits for udev before it looks at an adapter
+    managed->Start();
+    const std::string files = Files();
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, remark));
+
+    EXPECT_NE(std::string::npos, remark.find("has not chosen")) << remark;
+    EXPECT_EQ(files, Files());
+}
+
 INSTANTIATE_TEST_SUITE_P(, NetworkdTests, testing::Values(Manager::Networkd), NameOf);

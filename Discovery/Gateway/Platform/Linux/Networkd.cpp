@@ -73,17 +73,18 @@ Ownership Networkd::Owns(const std::string& adapter, Deadline deadline)
     BusMessage reply;
     int index = 0;
     const char* path = nullptr;
-    const char* state = nullptr;
+    const char* stateText = nullptr;
     BusMessage property;
     if (bus.Call(Service, ManagerPath, ManagerInterface, "GetLinkByName", reply, "s", adapter.c_str()) != 0 ||
         sd_bus_message_read(reply.get(), "io", &index, &path) < 0 ||
         bus.ReadProperty(Service, path, LinkInterface, "AdministrativeState", "s", property) != 0 ||
-        sd_bus_message_read(property.get(), "s", &state) < 0)
+        sd_bus_message_read(property.get(), "s", &stateText) < 0)
     {
         return Ownership::Unknown;
     }
     linkPath = path;
-    return std::strcmp(state, "unmanaged") == 0 ? Ownership::No : Ownership::Yes;
+    state = stateText;
+    return state == "unmanaged" ? Ownership::No : Ownership::Yes;
 }
 
 Failure Networkd::FindFile(Deadline deadline)
@@ -97,9 +98,14 @@ Failure Networkd::FindFile(Deadline deadline)
         return "does not describe the adapter: " + bus.LastError();
     }
     const std::unique_ptr<cJSON, decltype(&cJSON_Delete)> json(cJSON_Parse(description), cJSON_Delete);
+    if (json == nullptr)
+    {
+        return "does not describe the adapter in JSON";
+    }
     const char* const file = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(json.get(), "NetworkFile"));
     usedFile = file == nullptr ? "" : file;
-    return {};
+    const bool isUndecided = usedFile.empty() && (state == "pending" || state == "initialized");
+    return isUndecided ? "has not chosen a file for the adapter yet" : "";
 }
 
 Failure Networkd::Reload(Deadline deadline)

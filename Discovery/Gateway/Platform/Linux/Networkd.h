@@ -25,6 +25,7 @@ private:
     static Failure Reload(Deadline deadline);
 
     std::string linkPath; ///< the adapter's object on the bus
+    std::string state;    ///< its AdministrativeState
     std::string usedFile; ///< the .network file that configures the adapter now, may be empty
     std::unique_ptr<StagedFile> staged;
 };
