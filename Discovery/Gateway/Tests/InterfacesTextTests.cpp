@@ -69,14 +69,17 @@ TEST(InterfacesTextTests, WithoutAGatewayNoneStays)
 
 TEST(InterfacesTextTests, FilesPulledInAreToldWithTheirKind)
 {
-    const auto inclusions =
-        InterfacesText("#source no\nsource d/*.cfg x\n  source-directory \\\n /e\nsource\n").Inclusions();
+    const auto inclusions = InterfacesText("#source no\niface lo inet loopback\n source\td/*.cfg /x \n"
+                                           "source-directory \\\n /e\nsource-dir f\nsource\nsources g\n")
+                                .Inclusions();
 
-    ASSERT_EQ(2u, inclusions.size());
-    EXPECT_EQ("d/*.cfg", inclusions[0].pattern);
+    ASSERT_EQ(3u, inclusions.size());
+    EXPECT_EQ("d/*.cfg /x", inclusions[0].pattern);
     EXPECT_FALSE(inclusions[0].isFolder);
     EXPECT_EQ("/e", inclusions[1].pattern);
     EXPECT_TRUE(inclusions[1].isFolder);
+    EXPECT_EQ("f", inclusions[2].pattern);
+    EXPECT_TRUE(inclusions[2].isFolder);
 }
 
 TEST(InterfacesTextTests, WhatCannotBeRewrittenSafelyIsAnObstacle)

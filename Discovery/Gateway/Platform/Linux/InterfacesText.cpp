@@ -21,8 +21,8 @@ bool IsOneOf(const std::array<std::string_view, Count>& words, const std::string
 /// The words that begin a stanza, and so end the one before it.
 bool IsKeyword(const std::string& word)
 {
-    constexpr std::array<std::string_view, 8> Keywords = {"iface",  "mapping",          "auto",         "rename",
-                                                          "source", "source-directory", "no-auto-down", "no-scripts"};
+    constexpr std::array<std::string_view, 9> Keywords = {
+        "iface", "mapping", "auto", "rename", "source", "source-directory", "source-dir", "no-auto-down", "no-scripts"};
     return word.starts_with("allow-") || IsOneOf(Keywords, word);
 }
 
@@ -105,10 +105,12 @@ std::vector<InterfacesText::Inclusion> InterfacesText::Inclusions() const
     std::vector<Inclusion> inclusions;
     for (const LogicalLine& line : lines)
     {
-        const std::vector<std::string> words = SplitWords(line.text);
-        if (words.size() > 1 && (words[0] == "source" || words[0] == "source-directory"))
+        const std::string keyword = FirstWord(line);
+        const std::size_t rest = line.text.find_first_not_of(" \t", keyword.size());
+        const bool isFolder = keyword == "source-directory" || keyword == "source-dir";
+        if ((isFolder || keyword == "source") && rest != std::string::npos)
         {
-            inclusions.push_back({words[1], words[0] == "source-directory"});
+            inclusions.push_back({line.text.substr(rest), isFolder});
         }
     }
     return inclusions;

@@ -21,8 +21,8 @@ public:
     /// A line that pulls other files in.
     struct Inclusion
     {
-        std::string pattern; ///< for wordexp(3)
-        bool isFolder;       ///< source-directory
+        std::string pattern; ///< for wordexp(3), of one word or several
+        bool isFolder;       ///< source-directory, or source-dir for short
     };
     std::vector<Inclusion> Inclusions() const;
 
