@@ -18,6 +18,15 @@ check_sources()
     expect 'file-transfer infos' answer '"Upload":"ftp"' --from 10.9.0.2 all
 }
 
+# Of a client that has announced itself and answered. Libraries count, though others share them.
+check_memory()
+{
+    local resident
+    resident=$(guest awk '/^VmRSS:/ { print $2 }' "/proc/$(service_property MainPID)/status")
+    echo "resident memory: $resident KiB"
+    expect 'it stays under 8 MiB' [ "$resident" -lt 8192 ]
+}
+
 is_started_again()
 {
     [ "$(service_property NRestarts)" = 1 ] && guest systemctl --quiet is-active "$unit"
@@ -92,6 +101,18 @@ check_hook()
     expect 'what a hook started outlives the service' guest pkill --full 'sleep 4711'
 }
 
+# The stop waits for the change, and the programs that make it are not ended before.
+check_stop_amid_change()
+{
+    printf '#!/bin/sh\nsleep 3\n' >"$layer/etc/network/if-up.d/daemon"
+    request ipconfig "$(guest cat /sys/class/net/v0/address)" 10.9.0.78 255.255.255.0 10.9.0.2
+    guest systemctl restart "$unit"
+    expect 'a stop lets a change end' has_only 10.9.0.78
+    rm "$layer/etc/network/if-up.d/daemon"
+    request ipconfig "$(guest cat /sys/class/net/v0/address)" 10.9.0.77 255.255.255.0 10.9.0.2
+    expect 'the address is back' wait_for 20 has_only 10.9.0.77
+}
+
 check_name()
 {
     request --to 10.9.0.77 hostname renamed
@@ -106,9 +127,11 @@ adapter_owned_by "$manager"
 boot_guest
 install_package "$package"
 expect "the service answers beside $manager" wait_for 10 answer '10\.9\.0\.1' --from 10.9.0.2 all
+check_memory
 check_address
 if [ "$manager" = ifupdown ]; then
     check_hook
+    check_stop_amid_change
     check_sources
     check_restart
     check_allow_list
