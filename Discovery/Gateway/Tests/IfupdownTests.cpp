@@ -65,6 +65,22 @@ TEST_P(IfupdownTests, AnAdapterUnderASharedNameIsRefused)
     EXPECT_EQ(files, Files());
 }
 
+TEST_P(IfupdownTests, ATemplateThatSaysAddressesIsRefused)
+{
+    AddAdapter("v2");
+    Shell("printf 'iface root inet static\\n  netmask 24\\niface base inet static inherits root\\n  mtu 1400\\n"
+          "auto v2\\niface v2 inet static inherits base\\n  address 10.8.0.1\\n' >>/etc/network/interfaces; ifup v2");
+    const std::string files = Files();
+    std::string remark;
+
+    EXPECT_NE(0, Apply({"v2", "10.2.0.5", "255.255.0.0", "0.0.0.0"}, remark));
+
+    EXPECT_NE(std::string::npos, remark.find("template root")) << remark;
+    EXPECT_EQ(files, Files());
+    Shell("sed -i /netmask/d /etc/network/interfaces");
+    ExpectApplied({"v2", "10.8.0.2", "255.255.255.0", "0.0.0.0"}, "10.8.0.2/24");
+}
+
 TEST_P(IfupdownTests, AnAdapterThatIfdownDeletesIsMadeAgain)
 {
     Shell("printf 'auto b0\\niface b0 inet static\\n  address 10.3.0.1/24\\n  pre-up ip link add b0 type bridge\\n"

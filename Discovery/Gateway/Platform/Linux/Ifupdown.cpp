@@ -21,6 +21,7 @@ namespace
 constexpr const char* Interfaces = "/etc/network/interfaces";
 constexpr const char* Program = "/sbin/ifup";
 constexpr std::size_t MaximumFiles = 256;
+constexpr int MaximumTemplates = 16;       // each inheriting from the next
 constexpr unsigned int FirstMetric = 1000; // of a second default route, before the adapter's index
 
 bool IsLetterOrDigit(char c)
@@ -200,6 +201,23 @@ Failure Ifupdown::Obstacle(const std::string& adapter) const
         {
             return file.path + ": " + obstacle;
         }
+    }
+    return TemplateObstacle(adapter);
+}
+
+/// What a template says stands before the stanza's own, and the two together make a command that fails.
+Failure Ifupdown::TemplateObstacle(const std::string& adapter) const
+{
+    std::string name = adapter;
+    for (int depth = 0; depth < MaximumTemplates; ++depth)
+    {
+        const auto has = [&](const File& file) { return file.text.HasStanza(name, "inet"); };
+        const auto file = std::find_if(files.begin(), files.end(), has);
+        if (file != files.end() && depth > 0 && file->text.HasAddresses(name))
+        {
+            return file->path + ": the template " + name + " says addresses";
+        }
+        name = file == files.end() ? "" : file->text.Template(name);
     }
     return {};
 }

@@ -30,6 +30,7 @@ private:
 
     void Load(const std::string& path);
     Failure Obstacle(const std::string& adapter) const;
+    Failure TemplateObstacle(const std::string& adapter) const;
     Failure Prepare(const AddressPlan& plan, Deadline deadline);
     Failure Stage(const File& file);
     Failure Commit();

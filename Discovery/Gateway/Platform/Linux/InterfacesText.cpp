@@ -166,6 +166,23 @@ std::string InterfacesText::Obstacle(const std::string& adapter) const
     return {};
 }
 
+std::string InterfacesText::Template(const std::string& adapter) const
+{
+    const std::vector<Stanza> stanzas = Stanzas(adapter, "inet");
+    const std::vector<std::string> words = SplitWords(stanzas.empty() ? "" : lines[stanzas.front().begin].text);
+    const auto keyword = std::find(words.begin(), words.end(), "inherits");
+    return words.end() - keyword > 1 ? *std::next(keyword) : "";
+}
+
+bool InterfacesText::HasAddresses(const std::string& name) const
+{
+    const std::vector<Stanza> stanzas = Stanzas(name, "inet");
+    const Stanza stanza = stanzas.empty() ? Stanza{0, 0} : stanzas.front();
+    return std::any_of(lines.begin() + static_cast<std::ptrdiff_t>(stanza.begin),
+                       lines.begin() + static_cast<std::ptrdiff_t>(stanza.end),
+                       [](const LogicalLine& line) { return IsAddressOption(FirstWord(line)); });
+}
+
 std::vector<LogicalLine> InterfacesText::TakeStanzas(const std::string& adapter, bool keepFirst)
 {
     const std::vector<Stanza> stanzas = Stanzas(adapter, "inet");

@@ -33,6 +33,12 @@ public:
     /// Why the IPv4 part of the adapter can't be rewritten, empty if it can.
     std::string Obstacle(const std::string& adapter) const;
 
+    /// The stanza that the adapter's first IPv4 stanza inherits from, empty if there is none.
+    std::string Template(const std::string& adapter) const;
+
+    /// Whether the first IPv4 stanza of a name says addresses.
+    bool HasAddresses(const std::string& name) const;
+
     /// Takes the adapter's IPv4 stanzas out, all or all but the first.
     /// @returns the lines that stood beneath their heads
     std::vector<LogicalLine> TakeStanzas(const std::string& adapter, bool keepFirst);
