@@ -115,6 +115,14 @@ const std::vector<std::string> expectedRows = {
     "C ClientTaskProcessor: Invalid IP config : 127.0.0.1/255.255.255.0/0.0.0.0",
     "S ClientTaskProcessor: Sending message of type SignatureBroadcast",
     "S ClientTaskProcessor: Message sent",
+    "S MessageParser: Message type : ChangeYourHostName",
+    "S ClientTaskProcessor: Changing HostName",
+    "C ClientTaskProcessor: Exception caught during call to IDiscoveryClientDataGateway::ChangeHostName !: "
+    "W32Gateway::SetHostName failed ! Args : no name, location: ",
+    "C ClientTaskProcessor: source:line",
+    "C ClientTaskProcessor: HostName change returned an exception -> sending signature.",
+    "S ClientTaskProcessor: Sending message of type SignatureBroadcast",
+    "S ClientTaskProcessor: Message sent",
     "C MessageParser: Message dropped : bad format !: One of identified items is an invalid format., location: ",
     "C MessageParser: source:line",
     "C MessageParser: Message dropped : bad format !: Value does not fall within the expected range., location: ",
@@ -174,7 +182,8 @@ protected:
         for (const std::string& text :
              {Request("AllSendYourSignature", "True"), Request("SendYourSignature", "False"),
               Request("ChangeYourIPConfig", "False",
-                      R"(,"NewNICConfigs":[)" + Adapter{"x", lan0.mac, "127.0.0.1"}.Json() + "]")})
+                      R"(,"NewNICConfigs":[)" + Adapter{"x", lan0.mac, "127.0.0.1"}.Json() + "]"),
+              Request("ChangeYourHostName", "False", R"(,"NewHostName":"no name")")})
         {
             station->Say(text, "10.77.0.2");
             EXPECT_TRUE(station->Hear());
