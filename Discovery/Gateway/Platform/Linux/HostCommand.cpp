@@ -4,6 +4,7 @@
 #include <iterator>
 #include <linux/capability.h>
 #include <sys/prctl.h>
+#include <unistd.h>
 
 namespace Zelkor::Discovery::Platform
 {
@@ -11,8 +12,20 @@ namespace Zelkor::Discovery::Platform
 namespace
 {
 
-/// @returns what asks the service manager to run a program and waits for it; its exit code and output come through
-std::vector<std::string> ManagerCommand(Deadline deadline)
+using namespace std::chrono_literals;
+
+constexpr auto EndLimit = 1s; // to end what took too long
+
+/// @returns a name that no other unit has had since the host was started
+std::string MakeUnitName()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return "zelkor-discovery-" + std::to_string(getpid()) + "-" + std::to_string(now.count()) + ".service";
+}
+
+/// @returns what asks the service manager to run a program and waits for it; its exit code and output come through.
+///          When it ends, what it left behind (a DHCP client) runs on.
+std::vector<std::string> ManagerCommand(const std::string& unit, Deadline deadline)
 {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
     const std::string limit = std::to_string(std::max<long long>(left.count(), 1)) + "ms";
@@ -22,6 +35,7 @@ std::vector<std::string> ManagerCommand(Deadline deadline)
             "--pipe",
             "--collect",
             "--no-ask-password",
+            "--unit=" + unit,
             "--service-type=exec",
             "--property=KillMode=process",
             "--property=RuntimeMaxSec=" + limit,
@@ -47,9 +61,15 @@ CommandResult RunHostCommand(const std::vector<std::string>& arguments, Deadline
     {
         return RunCommand(arguments, deadline);
     }
-    std::vector<std::string> command = ManagerCommand(deadline);
+    const std::string unit = MakeUnitName();
+    std::vector<std::string> command = ManagerCommand(unit, deadline);
     std::transform(arguments.begin(), arguments.end(), std::back_inserter(command), WithoutVariables);
-    return RunCommand(command, deadline);
+    CommandResult result = RunCommand(command, deadline - EndLimit);
+    if (result.code < 0)
+    {
+        RunCommand({"systemctl", "kill", "--signal=KILL", unit}, deadline); // all processes of the unit
+    }
+    return result;
 }
 
 } // namespace Zelkor::Discovery::Platform
