@@ -45,8 +45,13 @@ int WriteInPlace(const std::string& path, const std::string& content)
 int Exchange(const std::string& path, const std::string& content)
 {
     StagedFile file(path);
-    const int error = file.Prepare(content);
-    return error != 0 ? error : file.Commit();
+    int error = file.Prepare(content);
+    error = error == 0 ? file.Commit() : error;
+    if (error == 0)
+    {
+        file.Keep();
+    }
+    return error;
 }
 
 } // namespace

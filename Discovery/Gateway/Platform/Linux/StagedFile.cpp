@@ -53,21 +53,22 @@ int Assimilate(int file, const struct stat& model)
 /// A rename is on the disk only when its folder is.
 void FlushFolder(const std::string& path)
 {
-    const int folder = open(path.substr(0, path.rfind('/') + 1).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     fsync(folder);
     close(folder);
 }
 
 } // namespace
 
-StagedFile::StagedFile(const std::string& name) : path(Resolve(name)) {}
+StagedFile::StagedFile(const std::string& name) : path(Resolve(name)), folder(path.substr(0, path.rfind('/') + 1)) {}
 
-StagedFile::~StagedFile()
+StagedFile::~StagedFile() // takes no memory: its lack may be what ended the change
 {
     if (!staged.empty())
     {
         unlink(staged.c_str());
     }
+    Restore();
     Keep();
 }
 
@@ -78,8 +79,7 @@ int StagedFile::Prepare(const std::string& text)
     model.st_mode = isNew ? ReadableByAll : model.st_mode;
     model.st_uid = isNew ? geteuid() : model.st_uid;
     model.st_gid = isNew ? getegid() : model.st_gid;
-    const std::size_t nameAt = path.rfind('/') + 1;
-    staged = path.substr(0, nameAt) + "." + path.substr(nameAt) + ".XXXXXX";
+    staged = folder + "." + path.substr(folder.size()) + ".XXXXXX";
     const int file = mkostemp(staged.data(), O_CLOEXEC);
     if (file < 0)
     {
@@ -96,11 +96,13 @@ int StagedFile::Commit()
 {
     if (!isNew)
     {
-        if (link(path.c_str(), (staged + "~").c_str()) != 0)
-        {
-            return errno;
-        }
         former = staged + "~";
+        if (link(path.c_str(), former.c_str()) != 0)
+        {
+            const int error = errno;
+            former.clear();
+            return error;
+        }
     }
     if (rename(staged.c_str(), path.c_str()) != 0)
     {
@@ -108,7 +110,7 @@ int StagedFile::Commit()
     }
     staged.clear();
     isCommitted = true;
-    FlushFolder(path);
+    FlushFolder(folder);
     return 0;
 }
 
@@ -132,7 +134,7 @@ int StagedFile::Restore()
     const int error = result == 0 ? 0 : errno;
     former.clear();
     isCommitted = false;
-    FlushFolder(path);
+    FlushFolder(folder);
     return error;
 }
 

@@ -5,8 +5,9 @@
 namespace Zelkor::Discovery::Platform
 {
 
-/// A new text for a configuration file: written beside it, put in its place in one step, and, until Keep, taken back in
-/// one step. Names beside the file begin with a dot, so that no program takes them for configuration.
+/// A new text for a configuration file: written beside it, put in its place in one step, and taken back in one step,
+/// also by the end of the object, unless it is kept. Names beside the file begin with a dot, so that no program takes
+/// them for configuration.
 class StagedFile
 {
 public:
@@ -34,6 +35,7 @@ public:
 
 private:
     std::string path;
+    std::string folder; ///< with a slash at its end
     std::string staged; ///< the path of the new text, until it is committed
     std::string former; ///< a second name of the former file, while it can come back
     bool isCommitted = false;
