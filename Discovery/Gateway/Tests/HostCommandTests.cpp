@@ -9,10 +9,7 @@
 using namespace std::chrono_literals;
 using Zelkor::Discovery::Platform::RunHostCommand;
 
-namespace
-{
-
-// Programs of a service manager whose units consist of one process each, out of the caller's process group.
+// A service manager whose units consist of one process each, out of the caller's process group.
 constexpr const char* PutManager = R"(cd /usr/sbin
 cat >systemd-run <<'END'
 #!/bin/sh
@@ -24,21 +21,6 @@ END
 printf '#!/bin/sh\nfor unit; do :; done\nkill -KILL $(cat "/run/$unit")\n' >systemctl
 chmod +x systemd-run systemctl)";
 
-int RunWithoutRights(const std::string& program)
-{
-    int code = 0;
-    std::thread(
-        [&]
-        {
-            prctl(PR_CAPBSET_DROP, CAP_NET_ADMIN);
-            code = RunHostCommand({program}, std::chrono::steady_clock::now() + 2s).code;
-        })
-        .join();
-    return code;
-}
-
-} // namespace
-
 TEST(HostCommandTests, WhatTheServiceManagerStartedEndsAtTheDeadlineAndNotBefore)
 {
     const PrivateHost host;
@@ -47,12 +29,17 @@ TEST(HostCommandTests, WhatTheServiceManagerStartedEndsAtTheDeadlineAndNotBefore
         GTEST_SKIP() << "the system refuses namespaces";
     }
     Shell(PutManager);
+    const auto run = [](const char* program, int code)
+    {
+        prctl(PR_CAPBSET_DROP, CAP_NET_ADMIN);
+        EXPECT_EQ(code, RunHostCommand({program}, std::chrono::steady_clock::now() + 2s).code);
+    };
 
-    EXPECT_EQ(-1, RunWithoutRights("hang"));
+    std::thread(run, "hang", -1).join();
     Shell(
         "cd /run; n=0; while grep -q sleep /proc/$(cat *.service)/cmdline; do n=$((n + 1)); [ $n -lt 500 ]; sleep .02;"
         "done; rm *.service");
 
-    EXPECT_EQ(0, RunWithoutRights("end"));
+    std::thread(run, "end", 0).join();
     Shell("kill -KILL $(cat /run/*.service)");
 }
