@@ -1,10 +1,10 @@
+#include "IsolatedTest.h"
 #include "NetworkNamespace.h"
 
 #include <Discovery/Gateway/Platform/Adapters.h>
 #include <algorithm>
 #include <cstring>
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <linux/if_tun.h>
 #include <map>
 #include <net/if.h>
@@ -17,17 +17,9 @@ using Zelkor::Discovery::Platform::ReadAdapters;
 namespace
 {
 
-class AdaptersTests : public testing::Test
+class AdaptersTests : public IsolatedTest<NetworkNamespace>
 {
 protected:
-    void SetUp() override
-    {
-        if (!network.IsEntered())
-        {
-            GTEST_SKIP() << "the system refuses network namespaces";
-        }
-    }
-
     static std::map<std::string, Adapter> ReadByName()
     {
         std::vector<Adapter> adapters;
@@ -47,9 +39,6 @@ protected:
     {
         return std::string(adapter.ipAddressText) + "|" + adapter.ipMaskText + "|" + adapter.gatewayText;
     }
-
-private:
-    NetworkNamespace network;
 };
 
 /// A tun adapter of a hardware type whose addresses have 8 bytes; it lasts as long as the descriptor.

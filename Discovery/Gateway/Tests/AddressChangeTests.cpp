@@ -1,12 +1,11 @@
+#include "IsolatedTest.h"
 #include "NetworkNamespace.h"
 
 #include <Discovery/Gateway/Platform/AddressChange.h>
 #include <Discovery/Gateway/Platform/Linux/AddressNotice.h>
-#include <atomic>
 #include <chrono>
 #include <fstream>
 #include <future>
-#include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <thread>
 
@@ -35,15 +34,11 @@ bool HasListener()
     return false;
 }
 
-class AddressChangeTests : public testing::Test
+class AddressChangeTests : public IsolatedTest<NetworkNamespace>
 {
 protected:
     void SetUp() override
     {
-        if (!network.IsEntered())
-        {
-            GTEST_SKIP() << "the system refuses network namespaces";
-        }
         Shell("ip link add v0 type veth peer name v1; ip link set v0 up");
     }
 
@@ -63,41 +58,23 @@ protected:
     {
         return wait.wait_for(Limit) == std::future_status::ready;
     }
-
-private:
-    NetworkNamespace network;
 };
 
-/// Changes addresses without a pause, until the end of the scope or the limit.
-class ChangingHost
+/// Changes addresses without a pause, the first time before it returns, until the end of the scope or the limit.
+std::jthread StartChanges()
 {
-public:
-    ChangingHost() : changes([this] { Change(); })
-    {
-        changed.wait(false);
-    }
-    ~ChangingHost()
-    {
-        stop = true;
-        changes.join();
-    }
-
-private:
-    void Change()
-    {
-        const auto end = std::chrono::steady_clock::now() + Limit;
-        while (!stop && std::chrono::steady_clock::now() < end)
+    const auto change = [] { Shell("ip addr replace 10.9.0.1/24 dev v0"); };
+    change();
+    return std::jthread(
+        [change](const std::stop_token& stop)
         {
-            Shell("ip addr replace 10.9.0.1/24 dev v0");
-            changed = true;
-            changed.notify_all();
-        }
-    }
-
-    std::atomic<bool> stop = false;
-    std::atomic<bool> changed = false;
-    std::thread changes;
-};
+            const auto end = std::chrono::steady_clock::now() + Limit;
+            while (!stop.stop_requested() && std::chrono::steady_clock::now() < end)
+            {
+                change();
+            }
+        });
+}
 
 } // namespace
 
@@ -122,7 +99,7 @@ TEST_F(AddressChangeTests, ChangesWithoutAnEndDoNotHoldTheWait)
 {
     std::future<bool> wait = StartWait();
     const auto begin = std::chrono::steady_clock::now();
-    const ChangingHost host;
+    const std::jthread changes = StartChanges();
 
     ASSERT_TRUE(Ends(wait));
 
@@ -141,30 +118,21 @@ TEST_F(AddressChangeTests, AChangeOfIPv6OrOfALinkIsNone)
     EXPECT_FALSE(wait.get());
 }
 
-TEST_F(AddressChangeTests, ACancelEndsTheWaitThatRunsOrTheNextOne)
-{
-    EXPECT_EQ(0, CancelAddressChangeWait());
-    EXPECT_EQ(0, CancelAddressChangeWait());
-    EXPECT_FALSE(WaitForAddressChange());
-
-    std::future<bool> running = StartWait();
-    CancelAddressChangeWait();
-    ASSERT_TRUE(Ends(running));
-    EXPECT_FALSE(running.get());
-}
-
 TEST_F(AddressChangeTests, ACancelEndsTheSettlingToo)
 {
     std::future<bool> wait = StartWait();
-    const ChangingHost host;
+    const std::jthread changes = StartChanges();
 
     CancelAddressChangeWait();
 
     EXPECT_FALSE(wait.get());
 }
 
-TEST_F(AddressChangeTests, NoCancelIsLostWhenItMeetsTheBeginOfAWait)
+TEST_F(AddressChangeTests, ACancelBeforeOrAtTheBeginOfAWaitEndsIt)
 {
+    EXPECT_EQ(0, CancelAddressChangeWait());
+    EXPECT_EQ(0, CancelAddressChangeWait());
+    EXPECT_FALSE(WaitForAddressChange());
     for (int i = 0; i < 1000; ++i)
     {
         std::future<bool> wait = std::async(std::launch::async, WaitForAddressChange);

@@ -1,10 +1,10 @@
+#include "IsolatedTest.h"
 #include "PrivateHost.h"
 
 #include <Discovery/Gateway/Platform/HostName.h>
 #include <Discovery/Gateway/Platform/Reboot.h>
 #include <chrono>
 #include <future>
-#include <gtest/gtest.h>
 #include <regex>
 
 using namespace Zelkor::Discovery::Platform;
@@ -17,15 +17,11 @@ const std::string Message =
     "A remote Zelkor administration application has just changed some settings which need a restart. The restart will "
     "be initiated in 30 seconds, please save and close your applications properly.";
 
-class RebootTests : public testing::Test
+class RebootTests : public IsolatedTest<PrivateHost>
 {
 protected:
     void SetUp() override
     {
-        if (!host.IsEntered())
-        {
-            GTEST_SKIP() << "the system refuses namespaces";
-        }
         PutShutdownProgram("");
     }
 
@@ -52,8 +48,6 @@ protected:
         AddMethod("SetWallMessage", "sb");
         AddMethod("ScheduleShutdown", "st", answer);
     }
-
-    PrivateHost host;
 };
 
 long long MicrosecondsNow()
