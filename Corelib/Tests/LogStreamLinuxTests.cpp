@@ -4,6 +4,8 @@
 #include <Core/LogStream/LogStream.h>
 #include <Core/System/IO/Directory.h>
 
+#include <gmock/gmock.h>
+
 #include <filesystem>
 #include <functional>
 #include <thread>
@@ -50,44 +52,33 @@ protected:
     TemporaryFolder folder;
 };
 
+const std::string row = "|a row that takes its place on the disk|\r\n";
+
+int RowsIn(const std::string& text)
+{
+    return (String(text).Length() - String(text).Replace(String(row), "").Length()) / static_cast<int>(row.size());
+}
+
 /// Rows until one fails.
 int RowsUntilFailure(LogStream& log)
 {
-    for (int rows = 0; rows < 10000; ++rows)
+    int rows = 0;
+    const auto write = [&]
     {
-        try
+        for (; rows < 10000; ++rows)
         {
             log.Write(channel, "a row that takes its place on the disk");
         }
-        catch (const IO::IOException&)
-        {
-            return rows;
-        }
-    }
-    return -1;
+    };
+    EXPECT_THROW(write(), IO::IOException);
+    return rows;
 }
 
-int Count(const std::string& text, const std::string& part)
+/// A failure to write to a place on a disk that is read only.
+auto IsReadOnlyAt(const String& place)
 {
-    int count = 0;
-    for (std::size_t at = text.find(part); at != text.npos; at = text.find(part, at + 1))
-    {
-        ++count;
-    }
-    return count;
-}
-
-void ExpectNamed(const std::string& place, const std::function<void()>& action)
-{
-    try
-    {
-        action();
-        ADD_FAILURE() << "nothing was thrown for " << place;
-    }
-    catch (const IO::IOException& failure)
-    {
-        EXPECT_EQ("I/O error occured. " + place + ": Read-only file system", failure.Message().Utf8());
-    }
+    const std::string message = "I/O error occured. " + place.Utf8() + ": Read-only file system";
+    return testing::ThrowsMessage<IO::IOException>(testing::HasSubstr(message));
 }
 } // namespace
 
@@ -104,7 +95,7 @@ TEST_F(LogStreamLinuxTests, AFullDiskReachesTheCodeThatLogsAndRowsGoOnWhenThereI
                const int after = RowsUntilFailure(log); // nothing has to be opened again
                EXPECT_GT(before, 100);
                EXPECT_GT(after, 100);
-               EXPECT_EQ(before + after, Count(folder.Read("c.log"), "|a row that takes its place on the disk|\r\n"));
+               EXPECT_EQ(before + after, RowsIn(folder.Read("c.log")));
            });
 }
 
@@ -156,7 +147,8 @@ TEST_F(LogStreamLinuxTests, AReadOnlyDiskIsNamed)
     OnDisk(MS_RDONLY, "",
            [this]
            {
-               ExpectNamed(folder.Path("c.log").Utf8(), [this] { LogStream log(folder.Path("c.log")); });
-               ExpectNamed(folder.Path("sub").Utf8(), [this] { IO::Directory::CreateDirectory(folder.Path("sub")); });
+               const String path = folder.Path("c.log");
+               EXPECT_THAT([&path] { LogStream log(path); }, IsReadOnlyAt(path));
+               EXPECT_THAT([&path] { IO::Directory::CreateDirectory(path); }, IsReadOnlyAt(path));
            });
 }
