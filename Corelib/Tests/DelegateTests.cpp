@@ -43,35 +43,40 @@ public:
     using Recorder::Recorder;
 };
 
-int Thrice(int number)
+class DelegateTests : public testing::Test
 {
-    return 3 * number;
-}
+protected:
+    std::string CallsOf(const Delegate<void, int>& delegate)
+    {
+        log.clear();
+        delegate.Invoke(1);
+        return log;
+    }
 
-std::string CallsOf(const Delegate<void, int>& delegate, std::string& log)
-{
-    log.clear();
-    delegate.Invoke(1);
-    return log;
-}
+    std::string log;
+    Derived recorder{log};
+    Recorder stranger{log};
+    const Delegate<void, int> a{recorder, &Derived::A};
+    const Delegate<void, int> b{recorder, &Derived::B};
+};
 } // namespace
 
-TEST(DelegateTests, CallsEachFunctionInOrderAndGivesTheLastResult)
+TEST_F(DelegateTests, CallsEachFunctionInOrderAndGivesTheLastResult)
 {
-    std::string log;
-    Derived recorder(log);
-    Delegate<void, int> actions(recorder, &Derived::A);
-    actions += Delegate<void, int>(recorder, &Derived::B);
+    Delegate<void, int> actions(a);
+    const Delegate<void, int> copy(actions);
+    actions += b;
     actions += actions;
-    EXPECT_EQ("A1B1A1B1", CallsOf(actions, log));
+    EXPECT_EQ("A1B1A1B1", CallsOf(actions));
+    EXPECT_EQ("A1", CallsOf(copy)); // a copy has a list of its own
 
     const Derived& constant = recorder;
     Delegate<int, int> functions(constant, &Derived::Twice);
-    functions += &Thrice;
+    functions += +[](int number) { return 3 * number; };
     EXPECT_EQ(21, functions.Invoke(7));
 }
 
-TEST(DelegateTests, AnEmptyListDoesNothing)
+TEST_F(DelegateTests, AnEmptyListDoesNothing)
 {
     const Delegate<int, int> empty;
     Delegate<void, int> emptied(null);
@@ -84,69 +89,41 @@ TEST(DelegateTests, AnEmptyListDoesNothing)
     EXPECT_NO_THROW(emptied.Invoke(5));
 }
 
-TEST(DelegateTests, RemovesTheLastRunThatEquals)
+TEST_F(DelegateTests, RemovesTheLastRunThatEquals)
 {
-    std::string log;
-    Recorder recorder(log);
-    Recorder stranger(log);
-    const Delegate<void, int> a(recorder, &Recorder::A);
-    const Delegate<void, int> b(recorder, &Recorder::B);
     Delegate<void, int> actions(a);
     actions += b;
     actions += a;
 
     actions -= Delegate<void, int>(stranger, &Recorder::A);
-    EXPECT_EQ("A1B1A1", CallsOf(actions, log));
+    EXPECT_EQ("A1B1A1", CallsOf(actions));
     actions -= a;
-    EXPECT_EQ("A1B1", CallsOf(actions, log));
+    EXPECT_EQ("A1B1", CallsOf(actions));
     const auto& itself = actions;
     actions -= itself;
     EXPECT_TRUE(actions == null);
 }
 
-TEST(DelegateTests, EqualsComparesObjectsAndFunctionsInOrder)
+TEST_F(DelegateTests, EqualsComparesObjectsAndFunctionsInOrder)
 {
-    std::string log;
-    Recorder recorder(log);
-    Recorder stranger(log);
-    Delegate<void, int> ab(recorder, &Recorder::A);
-    ab += Delegate<void, int>(recorder, &Recorder::B);
-    Delegate<void, int> ba(recorder, &Recorder::B);
-    ba += Delegate<void, int>(recorder, &Recorder::A);
-    const Delegate<void, int> copy(ab);
+    Delegate<void, int> ab(a);
+    ab += b;
+    Delegate<void, int> ba(b);
+    ba += a;
 
-    EXPECT_TRUE(ab.Equals(copy));
+    EXPECT_TRUE(ab.Equals(Delegate<void, int>(ab)));
     EXPECT_FALSE(ab.Equals(ba));
-    EXPECT_FALSE(Delegate(recorder, &Recorder::A).Equals(Delegate(stranger, &Recorder::A)));
+    EXPECT_FALSE(a.Equals(Delegate(stranger, &Recorder::A)));
     EXPECT_FALSE(ab.Equals(null));
     EXPECT_FALSE(ab.Equals(String("no delegate")));
 }
 
-TEST(DelegateTests, CopiesAreIndependent)
+TEST_F(DelegateTests, AnEventHandlerTakesNullAsSender)
 {
-    std::string log;
-    Recorder recorder(log);
-    Delegate<void, int> original(recorder, &Recorder::A);
-    const Delegate<void, int> copy(original);
-    original += copy;
-
-    EXPECT_EQ("A1", CallsOf(copy, log));
-}
-
-TEST(DelegateTests, AnEventHandlerTakesNullAsSender)
-{
-    struct Listener
-    {
-        void Handle(const Object& sender, const EventArgs&)
-        {
-            wasNull = IsNull(sender);
-        }
-        bool wasNull = false;
-    };
-    Listener listener;
-    const EventHandler handler(listener, &Listener::Handle);
+    static bool wasNull = false;
+    const EventHandler handler(+[](const Object& sender, const EventArgs&) { wasNull = IsNull(sender); });
 
     handler.Invoke(null, EventArgs());
 
-    EXPECT_TRUE(listener.wasNull);
+    EXPECT_TRUE(wasNull);
 }

@@ -10,45 +10,25 @@
 #include <Core/System/Threading/ThreadAbortException.h>
 #include <Core/System/Threading/ThreadInterruptedException.h>
 
+#include <gmock/gmock.h>
+
 using namespace Tesmo;
 using namespace Tesmo::System;
 
 namespace
 {
-/// No stack is taken while an object of this class lives.
-class WithoutStack
-{
-public:
-    WithoutStack()
-    {
-        Exception::StackTraceEnabled = false;
-    }
-    ~WithoutStack()
-    {
-        Exception::StackTraceEnabled = true;
-    }
-};
-
 /// Thrown under its own class and caught under a base, which reports the thrown class and its message.
 template <class Thrown, class Base = SystemException>
 void ExpectMessage(const std::string& message)
 {
-    const WithoutStack off;
-    std::string report;
-    try
-    {
-        throw Thrown("a.cpp", 7);
-    }
-    catch (const Base& caught)
-    {
-        report = caught.ToString().Utf8();
-    }
-    EXPECT_EQ(report, Type(typeid(Thrown)).ToString().Utf8() + ": " + message + "\r\n   in a.cpp:7\r\n");
+    const std::string report = Type(typeid(Thrown)).ToString().Utf8() + ": " + message + "\r\n   in a.cpp:7\r\n";
+    EXPECT_THAT([] { throw Thrown("a.cpp", 7); }, testing::ThrowsMessage<Base>(report));
 }
 } // namespace
 
 TEST(ExceptionTests, EveryClassHasItsBaseAndItsDefaultMessage)
 {
+    Exception::StackTraceEnabled = false;
     ExpectMessage<SystemException, Exception>("System error.");
     ExpectMessage<ApplicationException, Exception>("Error in the application.");
     ExpectMessage<ArgumentException>("Value does not fall within the expected range.");
@@ -84,6 +64,7 @@ TEST(ExceptionTests, EveryClassHasItsBaseAndItsDefaultMessage)
     ExpectMessage<Threading::ThreadStateException>("Thread was in an invalid state for the operation being executed.");
     ExpectMessage<Runtime::Serialization::SerializationException>("Serialization error.");
     ExpectMessage<Exception, Exception>("Exception of type 'Tesmo::System::Exception' was throw.");
+    Exception::StackTraceEnabled = true;
 }
 
 TEST(ExceptionTests, EachConstructorSetsMessagePlaceAndInner)
@@ -92,7 +73,7 @@ TEST(ExceptionTests, EachConstructorSetsMessagePlaceAndInner)
     const Exception inner("inner", "i.cpp", 1);
     using Row = std::tuple<Exception, std::string, int, bool>;
     for (const auto& [exception, file, line, hasInner] :
-         {Row{Exception(), library, 10, false}, Row{Exception("m"), library, 31, false},
+         {Row{Exception(), library, 10, false}, Row{Exception("\xC3\xA4"), library, 31, false},
           Row{Exception("m", "f.cpp", 5), "f.cpp", 5, false}, Row{Exception("m", inner, "f.cpp", 6), "f.cpp", 6, true},
           Row{Exception("m", null, "f.cpp", 6), "f.cpp", 6, false}})
     {
@@ -102,17 +83,11 @@ TEST(ExceptionTests, EachConstructorSetsMessagePlaceAndInner)
         EXPECT_EQ(&exception.InnerException() == &inner, hasInner);
         EXPECT_EQ(IsNull(exception.InnerException()), !hasInner);
         EXPECT_EQ(exception.ErrorCode(), 0);
+        EXPECT_EQ(exception.ToString().Utf8(), static_cast<const std::exception&>(exception).what());
     }
     EXPECT_EQ(FormatException("m").Message().Utf8(), "m");
     EXPECT_EQ(FormatException().Message().Utf8(), "One of identified items is an invalid format.");
     EXPECT_EQ(FormatException("", "f.cpp", 5).Message().Utf8(), FormatException().Message().Utf8());
-}
-
-TEST(ExceptionTests, WhatIsTheReport)
-{
-    const FormatException exception("bad \xC3\xA4", ThrowSite);
-    const std::exception& base = exception;
-    EXPECT_EQ(base.what(), exception.ToString().Utf8());
 }
 
 TEST(ExceptionTests, EqualsComparesClassAndFields)

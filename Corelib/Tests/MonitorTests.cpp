@@ -102,22 +102,17 @@ TEST(MonitorTests, ItKeepsThreadsApart)
     constexpr int Rounds = 5000;
     const Object targets[2];
     int counters[2] = {};
-    std::vector<std::thread> threads;
-    for (int index = 0; index < 4; ++index)
+    const auto count = [&](std::size_t mine)
     {
-        threads.emplace_back(
-            [&, mine = static_cast<std::size_t>(index % 2)]
-            {
-                for (int round = 0; round < Rounds; ++round)
-                {
-                    const Lock lock(targets[mine]);
-                    counters[mine]++;
-                }
-            });
-    }
-    for (std::thread& thread : threads)
+        for (int round = 0; round < Rounds; ++round)
+        {
+            const Lock lock(targets[mine]);
+            counters[mine]++;
+        }
+    };
     {
-        thread.join();
+        const std::jthread threads[] = {std::jthread(count, 0U), std::jthread(count, 1U), std::jthread(count, 0U),
+                                        std::jthread(count, 1U)};
     }
     EXPECT_EQ(2 * Rounds, counters[0]);
     EXPECT_EQ(2 * Rounds, counters[1]);

@@ -4,7 +4,9 @@
 #include <Core/System/Sp.h>
 #include <Core/System/Up.h>
 
-#include <future>
+#include <gmock/gmock.h>
+
+#include <latch>
 #include <thread>
 #include <typeinfo>
 
@@ -13,19 +15,14 @@ using namespace Tesmo::System;
 
 namespace
 {
-struct Left
+template <int Value>
+struct Base
 {
-    virtual ~Left() = default;
-    int left = 1;
+    virtual ~Base() = default;
+    int value = Value;
 };
 
-struct Right
-{
-    virtual ~Right() = default;
-    int right = 2;
-};
-
-struct Tracked : Left, Right
+struct Tracked : Base<1>, Base<2>
 {
     explicit Tracked(std::atomic<int>& counter) : destroyed(counter) {}
     ~Tracked() override
@@ -35,44 +32,28 @@ struct Tracked : Left, Right
     std::atomic<int>& destroyed;
 };
 
-/// Runs action; true if it throws std::exception itself, which carries no text.
-template <class Action>
-bool ThrowsPlainException(Action action)
-{
-    try
-    {
-        action();
-    }
-    catch (const std::exception& failure)
-    {
-        return typeid(failure) == typeid(std::exception);
-    }
-    return false;
-}
+/// Throws std::exception itself, which carries no text.
+const auto throwsPlainException = testing::Throws<std::exception>(
+    testing::Truly([](const std::exception& failure) { return typeid(failure) == typeid(std::exception); }));
 } // namespace
 
-TEST(SpTests, EmptyPointersThrowPlainExceptions)
+TEST(SpTests, EmptyPointersAndNullSourcesThrowPlainExceptions)
 {
+    const auto& nothing = static_cast<const Sp<String>&>(null);
+    Sp<String> kept(new String("kept"));
     const Sp<String> shared(static_cast<String*>(nullptr));
     const Up<String> sole;
     const Up<char[]> array;
     const Ref<String> link(null);
 
     EXPECT_TRUE(shared == null && sole == null && array == null && link == null);
-    EXPECT_TRUE(ThrowsPlainException([&] { shared->Length(); }));
-    EXPECT_TRUE(ThrowsPlainException([&] { *shared; }));
-    EXPECT_TRUE(ThrowsPlainException([&] { sole->Length(); }));
-    EXPECT_TRUE(ThrowsPlainException([&] { array[0]; }));
-    EXPECT_TRUE(ThrowsPlainException([&] { link->Length(); }));
-}
-
-TEST(SpTests, NullAsSourceOfACopyThrows)
-{
-    const auto& nothing = static_cast<const Sp<String>&>(null);
-    Sp<String> kept(new String("kept"));
-
-    EXPECT_TRUE(ThrowsPlainException([&] { Sp<String> copy(nothing); }));
-    EXPECT_TRUE(ThrowsPlainException([&] { kept = nothing; }));
+    EXPECT_THAT([&] { shared->Length(); }, throwsPlainException);
+    EXPECT_THAT([&] { *shared; }, throwsPlainException);
+    EXPECT_THAT([&] { sole->Length(); }, throwsPlainException);
+    EXPECT_THAT([&] { array[0]; }, throwsPlainException);
+    EXPECT_THAT([&] { link->Length(); }, throwsPlainException);
+    EXPECT_THAT([&] { Sp<String> copy(nothing); }, throwsPlainException);
+    EXPECT_THAT([&] { kept = nothing; }, throwsPlainException);
     EXPECT_EQ(String("kept"), *kept);
 }
 
@@ -81,8 +62,8 @@ TEST(SpTests, TheLastOwnerDeletesTheObjectOnce)
     std::atomic<int> destroyed = 0;
     Sp<Tracked> first(new Tracked(destroyed));
     {
-        const Sp<Right> base = first;
-        EXPECT_EQ(2, base->right);
+        const Sp<Base<2>> base = first;
+        EXPECT_EQ(2, base->value);
         EXPECT_EQ(2U, first.UseCount());
         first.Reset(nullptr);
         EXPECT_TRUE(first == null);
@@ -108,18 +89,16 @@ TEST(SpTests, AssigningAnSpToItselfKeepsTheObject)
 
 TEST(SpTests, CopiesMayBeReleasedOnAnyThread)
 {
-    constexpr int Threads = 4;
     std::atomic<int> destroyed = 0;
     Sp<Tracked> shared(new Tracked(destroyed));
-    std::promise<void> start;
-    const std::shared_future<void> started = start.get_future().share();
-    std::vector<std::thread> threads;
-    for (int i = 0; i < Threads; i++)
+    std::latch start(4);
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 4; i++)
     {
         threads.emplace_back(
-            [started, copy = shared]() mutable
+            [&start, copy = shared]() mutable
             {
-                started.wait();
+                start.arrive_and_wait();
                 for (int round = 0; round < 1000; round++)
                 {
                     Sp<Tracked> another(copy);
@@ -127,12 +106,8 @@ TEST(SpTests, CopiesMayBeReleasedOnAnyThread)
                 copy.Reset(nullptr);
             });
     }
-    start.set_value();
     shared.Reset(nullptr);
-    for (std::thread& thread : threads)
-    {
-        thread.join();
-    }
+    threads.clear(); // when they have ended
 
     EXPECT_EQ(1, destroyed);
 }
@@ -142,9 +117,9 @@ TEST(UpTests, OwnershipMovesAndEndsWithTheOwner)
     std::atomic<int> destroyed = 0;
     {
         Up<Tracked> first(new Tracked(destroyed));
-        Up<Left> base(std::move(first));
-        EXPECT_EQ(1, base->left);
-        const Sp<Left> shared(std::move(base));
+        Up<Base<2>> base(std::move(first));
+        EXPECT_EQ(2, base->value);
+        const Sp<Base<2>> shared(std::move(base));
         EXPECT_TRUE(base == null); // NOLINT(bugprone-use-after-move): that it is empty is the point
         EXPECT_EQ(0, destroyed);
     }

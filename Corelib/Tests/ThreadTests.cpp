@@ -39,13 +39,23 @@ public:
     {
         running.Set();
         mayEnd.WaitOne();
+        ended.Set();
+    }
+    void Rename()
+    {
+        const Up<Thread> self = Thread::CurrentThread();
+        self->Name("renamed");
+        id = self->ManagedThreadId();
+        EXPECT_TRUE(self->IsAlive());
     }
 
     EventWaitHandle running{false, EventResetMode::ManualReset};
     EventWaitHandle mayEnd{false, EventResetMode::ManualReset};
+    EventWaitHandle ended{false, EventResetMode::ManualReset};
     std::atomic<int> runs = 0;
     const Object* parameter = nullptr;
     const Object* constParameter = nullptr;
+    long long id = 0;
 };
 
 bool Becomes(const Thread& thread, ThreadState::Constant flag)
@@ -59,30 +69,30 @@ bool Becomes(const Thread& thread, ThreadState::Constant flag)
 }
 } // namespace
 
-TEST(ThreadTests, EachFormOfTheParameterReachesItsDelegate)
+TEST(ThreadTests, EachFormOfTheParameterReachesItsDelegateWhichMustBeThere)
 {
+    EXPECT_THROW(Thread(static_cast<const ThreadStart&>(null)), ArgumentNullException);
+    EXPECT_THROW(Thread{ParameterizedThreadStart()}, ArgumentNullException);
     Work work;
     const Object readOnly;
 
-    Thread plain{ThreadStart(work, &Work::Run)};
-    plain.Start();
-    plain.Join();
-    Thread withParameter{ParameterizedThreadStart(work, &Work::RunWith)};
-    withParameter.Start(work);
-    withParameter.Join();
-    Thread withConst{ConstParameterizedThreadStart(work, &Work::RunWithConst)};
-    withConst.Start(readOnly);
-    withConst.Join();
-    Thread withNull{ThreadStart(work, &Work::Run)};
-    withNull.Start(null);
-    withNull.Join();
+    const auto run = [](const auto& start, auto&... parameter)
+    {
+        Thread thread{start};
+        thread.Start(parameter...);
+        thread.Join();
+    };
+    run(ThreadStart(work, &Work::Run));
+    run(ThreadStart(work, &Work::Run), null);
+    run(ParameterizedThreadStart(work, &Work::RunWith), work);
+    run(ConstParameterizedThreadStart(work, &Work::RunWithConst), readOnly);
 
     EXPECT_EQ(2, work.runs);
     EXPECT_EQ(&work, work.parameter);
     EXPECT_EQ(&readOnly, work.constParameter);
 }
 
-TEST(ThreadTests, StateFollowsTheThreadFromStartToEnd)
+TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
 {
     Work work;
     Thread thread{ThreadStart(work, &Work::Hold)};
@@ -93,6 +103,7 @@ TEST(ThreadTests, StateFollowsTheThreadFromStartToEnd)
     EXPECT_TRUE(thread.Handle() == IntPtr::Zero);
     EXPECT_THROW(thread.Join(0), ThreadStateException);
     EXPECT_THROW(thread.Priority(), ThreadStateException);
+    EXPECT_NO_THROW(thread.Priority(ThreadPriority::Normal));
 
     thread.Start();
     ASSERT_TRUE(work.running.WaitOne(Limit));
@@ -104,6 +115,10 @@ TEST(ThreadTests, StateFollowsTheThreadFromStartToEnd)
     EXPECT_THROW(thread.Join(-2), ArgumentException);
     EXPECT_FALSE(thread.Join(0));
     EXPECT_FALSE(thread.Join(TimeSpan::FromMilliseconds(1)));
+    EXPECT_TRUE(thread.Priority() == ThreadPriority::Normal);
+    thread.Priority(ThreadPriority::Normal);
+    thread.Priority(ThreadPriority::BelowNormal);
+    EXPECT_TRUE(thread.Priority() == ThreadPriority::BelowNormal);
 
     work.mayEnd.Set();
     thread.Join();
@@ -111,31 +126,8 @@ TEST(ThreadTests, StateFollowsTheThreadFromStartToEnd)
     EXPECT_EQ("Stopped", thread.ThreadState().ToString());
     EXPECT_FALSE(thread.IsAlive());
     EXPECT_THROW(thread.Priority(), ThreadStateException);
-    EXPECT_THROW(thread.Start(), ThreadStateException);
-}
-
-TEST(ThreadTests, NormalPriorityCanBeSetAtEveryMoment)
-{
-    Work work;
-    Thread thread{ThreadStart(work, &Work::Hold)};
-    thread.Priority(ThreadPriority::Normal);
-    thread.Start();
-    ASSERT_TRUE(work.running.WaitOne(Limit));
-    thread.Priority(ThreadPriority::Normal);
-    EXPECT_TRUE(thread.Priority() == ThreadPriority::Normal);
-
-    thread.Priority(ThreadPriority::BelowNormal);
-    EXPECT_TRUE(thread.Priority() == ThreadPriority::BelowNormal);
-
-    work.mayEnd.Set();
-    thread.Join();
     EXPECT_NO_THROW(thread.Priority(ThreadPriority::Normal));
-}
-
-TEST(ThreadTests, AThreadWithoutADelegateIsRefused)
-{
-    EXPECT_THROW(Thread(static_cast<const ThreadStart&>(null)), ArgumentNullException);
-    EXPECT_THROW(Thread{ParameterizedThreadStart()}, ArgumentNullException);
+    EXPECT_THROW(thread.Start(), ThreadStateException);
 }
 
 TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)
@@ -149,66 +141,35 @@ TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)
 
 TEST(ThreadTests, CurrentThreadIsTheSameRecordInsideAndOutside)
 {
-    class Inside : public Object
-    {
-    public:
-        void Run()
-        {
-            const Up<Thread> self = Thread::CurrentThread();
-            self->Name("renamed");
-            id = self->ManagedThreadId();
-            alive = self->IsAlive();
-        }
-        long long id = 0;
-        bool alive = false;
-    };
-    Inside inside;
-    Thread thread{ThreadStart(inside, &Inside::Run)};
+    Work work;
+    Thread thread{ThreadStart(work, &Work::Rename)};
     thread.Name("first");
     thread.Start();
     thread.Join();
 
-    EXPECT_EQ(thread.ManagedThreadId(), inside.id);
-    EXPECT_TRUE(inside.alive);
+    EXPECT_EQ(thread.ManagedThreadId(), work.id);
     EXPECT_EQ("renamed", thread.Name());
     EXPECT_EQ(Thread::CurrentThread()->ManagedThreadId(), Thread::CurrentThread()->ManagedThreadId());
 }
 
 TEST(ThreadTests, AThreadOfAnotherLibraryHasAStateToo)
 {
-    std::thread foreign(
+    std::jthread(
         []
         {
             EXPECT_TRUE(Thread::CurrentThread()->IsAlive());
             EXPECT_THROW(Thread::CurrentThread()->Start(), ThreadStateException);
             Thread::Sleep(1);
         });
-    foreign.join();
 }
 
 TEST(ThreadTests, AThreadOutlivesItsObject)
 {
     Work work;
-    EventWaitHandle ended(false, EventResetMode::ManualReset);
-    class Body : public Object
-    {
-    public:
-        Body(Work& givenWork, EventWaitHandle& givenEnd) : work(givenWork), end(givenEnd) {}
-        void Run()
-        {
-            work.Hold();
-            end.Set();
-        }
-        Work& work;
-        EventWaitHandle& end;
-    } body(work, ended);
-    {
-        Thread thread{ThreadStart(body, &Body::Run)};
-        thread.Start();
-    }
+    Thread(ThreadStart(work, &Work::Hold)).Start();
     ASSERT_TRUE(work.running.WaitOne(Limit));
     work.mayEnd.Set();
-    EXPECT_TRUE(ended.WaitOne(Limit));
+    EXPECT_TRUE(work.ended.WaitOne(Limit));
 }
 
 TEST(ThreadTests, TheTableHolds2047ThreadsAndTakesBackTheirPlaces)
