@@ -7,6 +7,7 @@
 using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::Text;
+using namespace std::string_literals;
 
 namespace
 {
@@ -22,11 +23,6 @@ ByteArray Bytes(const std::string& text)
     return ByteArray(std::vector<unsigned char>(text.begin(), text.end()));
 }
 
-std::string Encoded(int codePage, char32 c)
-{
-    return Content(Encoding::GetEncoding(codePage)->GetBytes(String(c, 1)));
-}
-
 std::string Decoded(int codePage, const std::string& bytes)
 {
     return Encoding::GetEncoding(codePage)->GetString(Bytes(bytes)).Utf8();
@@ -38,8 +34,8 @@ TEST(EncodingTests, TheFamilyIsChosenByNumberAndName)
     using Row = std::tuple<int, const char*, std::string, bool>;
     for (const auto& [codePage, webName, preamble, isSingleByte] :
          {Row{437, "IBM437", "", true}, Row{1200, "utf-16", "\xFF\xFE", false},
-          Row{1201, "unicodeFFFE", "\xFE\xFF", false}, Row{12000, "utf-32", std::string("\xFF\xFE\0\0", 4), false},
-          Row{12001, "utf-32BE", std::string("\0\0\xFE\xFF", 4), false}, Row{20127, "us-ascii", "", true},
+          Row{1201, "unicodeFFFE", "\xFE\xFF", false}, Row{12000, "utf-32", "\xFF\xFE\0\0"s, false},
+          Row{12001, "utf-32BE", "\0\0\xFE\xFF"s, false}, Row{20127, "us-ascii", "", true},
           Row{28591, "iso-8859-1", "", true}, Row{28592, "iso-8859-2", "", true},
           Row{65001, "utf-8", "\xEF\xBB\xBF", false}})
     {
@@ -58,36 +54,24 @@ TEST(EncodingTests, TheFamilyIsChosenByNumberAndName)
 
 TEST(EncodingTests, CharactersHaveTheirPublishedBytes)
 {
-    using Row = std::tuple<int, std::uint32_t, std::string>;
-    const Row rows[] = {
-        {20127, 'A', "A"},
-        {20127, 233, "?"},
-        {28591, 233, "\xE9"},
-        {28591, 0x20AC, "?"},
-        {28592, 0x158, "\xD8"},
-        {28592, 0xE5, "?"},
-        {437, 231, "\x87"},
-        {437, 0x2592, "\xB1"},
-        {437, 0xA0, "\xFF"},
-        {437, 0x20AC, "?"},
-        {437, 0x10087, "?"},
-        {65001, 0x7F, "\x7F"},
-        {65001, 0x80, "\xC2\x80"},
-        {65001, 0x20AC, "\xE2\x82\xAC"},
-        {65001, 0x10FFFF, "\xF4\x8F\xBF\xBF"},
-        {65001, 0xD800, ""},
-        {65001, 0x110000, ""},
-        {1200, 0x20AC, "\xAC\x20"},
-        {1201, 0x1F600, std::string("\xD8\x3D\xDE\x00", 4)},
-        {12000, 0x1F600, std::string("\x00\xF6\x01\x00", 4)},
-        {12001, 0x1F600, std::string("\x00\x01\xF6\x00", 4)},
-    };
-    for (const auto& [codePage, codePoint, bytes] : rows)
+    using Row = std::tuple<int, std::u32string, std::string>;
+    for (const auto& [codePage, codePoints, bytes] :
+         {Row{20127, U"A\xE9", "A?"}, Row{28591, U"\xE9\x20AC", "\xE9?"}, Row{28592, U"\x158\xE5", "\xD8?"},
+          Row{437, U"\xE7\x2592\xA0\x20AC\x10087", "\x87\xB1\xFF??"},
+          Row{65001, U"\x7F\x80\x20AC\x10FFFF", "\x7F\xC2\x80\xE2\x82\xAC\xF4\x8F\xBF\xBF"},
+          Row{65001, U"\xD800\x110000", ""}, Row{1200, U"\x20AC", "\xAC\x20"}, Row{1201, U"\x1F600", "\xD8\x3D\xDE\0"s},
+          Row{12000, U"\x1F600", "\0\xF6\x01\0"s}, Row{12001, U"\x1F600", "\0\x01\xF6\0"s}})
     {
-        SCOPED_TRACE(std::to_string(codePage) + " " + std::to_string(codePoint));
+        SCOPED_TRACE(codePage);
         const Up<Encoding> encoding = Encoding::GetEncoding(codePage);
-        EXPECT_EQ(bytes, Encoded(codePage, char32(codePoint)));
-        EXPECT_EQ(static_cast<int>(bytes.size()), encoding->GetByteCount(char32(codePoint)));
+        std::string encoded;
+        for (const char32_t codePoint : codePoints)
+        {
+            const std::string own = Content(encoding->GetBytes(String(char32(codePoint), 1)));
+            EXPECT_EQ(static_cast<int>(own.size()), encoding->GetByteCount(char32(codePoint)));
+            encoded += own;
+        }
+        EXPECT_EQ(bytes, encoded);
     }
 }
 
@@ -111,18 +95,9 @@ TEST(EncodingTests, EveryByteOfACodePageReturns)
 
 TEST(EncodingTests, DecodersPassOverBadInput)
 {
-    EXPECT_EQ("a\xE2\x82\xAC"
-              "b",
-              Decoded(65001, "\x80"
-                             "a\xE2\x82\xAC\xE2\x82"
-                             "b\xF0\x9F\xFF"));
-    EXPECT_EQ("a\xF0\x9F\x98\x80", Decoded(1200, std::string("\x3D\xD8"
-                                                             "a\0\x00\xDE\x3D\xD8\x00\xDE"
-                                                             "b",
-                                                             11)));
-    EXPECT_EQ("a", Decoded(12000, std::string("\x00\x00\x11\x00"
-                                              "a\0\0\0\x01",
-                                              9)));
+    EXPECT_EQ("y\xE2\x82\xACz", Decoded(65001, "\x80y\xE2\x82\xAC\xE2\x82z\xF0\x9F\xFF"));
+    EXPECT_EQ("y\xF0\x9F\x98\x80", Decoded(1200, "\x3D\xD8y\0\0\xDE\x3D\xD8\0\xDEz"s));
+    EXPECT_EQ("z", Decoded(12000, "\0\0\x11\0z\0\0\0\x01"s));
 }
 
 TEST(EncodingTests, ConvertsBetweenEncodings)
@@ -187,13 +162,11 @@ TEST(EncodingTests, AssignmentTakesTheFlagsOfTheSameClass)
 
 TEST(EncodingTests, NativeTextIsCodePage437)
 {
-    const auto native = [](const String& text)
+    using Row = std::tuple<std::string, std::string>;
+    for (const auto& [text, native] :
+         {Row{"plain", "plain\0"s}, Row{"\xC3\xA7\xE2\x82\xACz", "\x87?z\0"s}, Row{"a\0b"s, "a\0b\0"s}, Row{"", "\0"s}})
     {
-        const Up<char[]> characters = text.ToCCharArray();
-        return std::string(&characters[0], static_cast<std::size_t>(text.Length()) + 1);
-    };
-    EXPECT_EQ(std::string("plain\0", 6), native("plain"));
-    EXPECT_EQ(std::string("\x87?z\0", 4), native("\xC3\xA7\xE2\x82\xACz"));
-    EXPECT_EQ(std::string("a\0b\0", 4), native(String(std::string("a\0b", 3))));
-    EXPECT_EQ(std::string(1, '\0'), native(""));
+        const Up<char[]> characters = String(text).ToCCharArray();
+        EXPECT_EQ(native, std::string(&characters[0], native.size()));
+    }
 }

@@ -1,70 +1,18 @@
 #include "CoreTest.h"
 
 #include <Core/System/BoxEnum.h>
-#include <Core/System/FlagsEnum.h>
+#include <Core/System/IO/FileMode.h>
+#include <Core/System/Net/Sockets/AddressFamily.h>
+#include <Core/System/Threading/ThreadState.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
+using IO::FileMode;
+using Net::Sockets::AddressFamily;
+using Threading::ThreadState;
 
 namespace
 {
-class Level : public EnumDeprecated
-{
-public:
-    enum Constant
-    {
-        Low = 1,
-        High = 2,
-    };
-    Level(Constant constant = Low) : EnumDeprecated(constant) {}
-    explicit Level(int number) : EnumDeprecated(number) {}
-    const NameTable& Names() const override
-    {
-        static constexpr EnumName names[] = {{Low, "Low"}, {High, "High"}};
-        static const NameTable table = EnumNameTable::Build(names);
-        return table;
-    }
-};
-
-class State : public FlagsEnum
-{
-public:
-    enum Constant
-    {
-        Running = 0,
-        Background = 4,
-        Unstarted = 8,
-        Stopped = 16,
-        WaitSleepJoin = 32,
-        Ending = 24,
-    };
-    State(Constant constant = Running) : FlagsEnum(constant) {}
-    explicit State(int number) : FlagsEnum(number) {}
-    const NameTable& Names() const override
-    {
-        static constexpr EnumName names[] = {{Running, "Running"},
-                                             {Background, "Background"},
-                                             {Unstarted, "Unstarted"},
-                                             {Stopped, "Stopped"},
-                                             {WaitSleepJoin, "WaitSleepJoin"}};
-        static const NameTable table = EnumNameTable::Build(names);
-        return table;
-    }
-};
-
-enum class Family
-{
-    Unspecified = 0,
-    InterNetwork = 2,
-};
-
-constexpr EnumName familyNames[] = {{0, "Unspecified"}, {2, "InterNetwork"}};
-
-constexpr std::span<const EnumName> EnumNamesOf(Family)
-{
-    return familyNames;
-}
-
 enum class Marks
 {
     ReadOnly = 1,
@@ -78,51 +26,43 @@ constexpr std::span<const EnumName> EnumNamesOf(Marks)
     return markNames;
 }
 
-using BoxedFamily = BoxEnum<Family, NoneFlagsAttribute>;
 using BoxedMarks = BoxEnum<Marks, FlagsAttribute>;
 } // namespace
 
 TEST(EnumTests, ValuesPrintAsNameOrNumber)
 {
-    EXPECT_EQ("High", Level(Level::High).ToString().Utf8());
-    EXPECT_EQ("-7", Level(-7).ToString().Utf8());
-    EXPECT_TRUE(Level(Level::Low).IsDefined());
-    EXPECT_FALSE(Level(3).IsDefined());
+    EXPECT_EQ("Create", FileMode(FileMode::Create).ToString().Utf8());
+    EXPECT_EQ("-7", FileMode(-7).ToString().Utf8());
+    EXPECT_TRUE(FileMode(FileMode::Open).IsDefined());
+    EXPECT_FALSE(FileMode(7).IsDefined());
 }
 
-TEST(EnumTests, FlagsPrintWithTheHighestFirst)
+TEST(EnumTests, FlagsPrintWithTheHighestFirstWhereNamesCoverThem)
 {
-    EXPECT_EQ("WaitSleepJoin, Unstarted", State(40).ToString().Utf8());
-    EXPECT_EQ("Running", State(0).ToString().Utf8());
-    EXPECT_EQ("Stopped", State(16).ToString().Utf8());
-    EXPECT_EQ("41", State(41).ToString().Utf8());
-    EXPECT_EQ("1", State(1).ToString().Utf8());
-    EXPECT_EQ("0", BoxedMarks(static_cast<Marks>(0)).ToString().Utf8());
-}
-
-TEST(EnumTests, FlagsAreDefinedWhereNamesCoverThem)
-{
-    EXPECT_TRUE(State(0).IsDefined());
-    EXPECT_TRUE(State(State::Ending).IsDefined());
-    EXPECT_FALSE(State(41).IsDefined());
-    EXPECT_FALSE(BoxedMarks(static_cast<Marks>(0)).IsDefined());
-    EXPECT_TRUE(BoxedMarks(static_cast<Marks>(3)).IsDefined());
+    using Row = std::tuple<int, const char*, bool>;
+    for (const auto& [flags, text, isDefined] :
+         {Row{40, "WaitSleepJoin, Unstarted", true}, Row{0, "Running", true}, Row{16, "Stopped", true},
+          Row{552, "552", false}, Row{512, "512", false}})
+    {
+        EXPECT_EQ(text, ThreadState(flags).ToString().Utf8());
+        EXPECT_EQ(isDefined, ThreadState(flags).IsDefined()) << flags;
+    }
 }
 
 TEST(EnumTests, NamesAndNumbersParse)
 {
-    Level level;
-    EXPECT_TRUE(level.TryParse("High", false, level));
-    EXPECT_TRUE(level == Level::High);
-    EXPECT_FALSE(level.TryParse("low", false, level));
-    EXPECT_TRUE(level == Level::High);
-    EXPECT_TRUE(level.TryParse("low", true, level));
-    EXPECT_TRUE(level == Level::Low);
-    EXPECT_TRUE(level.TryParse(" 42 ", false, level));
-    EXPECT_EQ(42, level.Value());
-    EXPECT_FALSE(level.TryParse("", false, level));
-    EXPECT_FALSE(level.TryParse(null, false, level));
-    EXPECT_THROW(level.TryParse("Low", false, const_cast<Level&>(static_cast<const Level&>(null))),
+    using Row = std::tuple<const char*, bool, bool, int>;
+    for (const auto& [text, ignoreCase, outcome, value] :
+         {Row{"Create", false, true, 2}, Row{"create", false, false, 9}, Row{"create", true, true, 2},
+          Row{" 42 ", false, true, 42}, Row{"", false, false, 9}})
+    {
+        FileMode mode(9);
+        EXPECT_EQ(outcome, mode.TryParse(text, ignoreCase, mode)) << text;
+        EXPECT_EQ(value, mode.Value()) << text;
+    }
+    FileMode mode(9);
+    EXPECT_FALSE(mode.TryParse(null, false, mode));
+    EXPECT_THROW(mode.TryParse("Open", false, const_cast<FileMode&>(static_cast<const FileMode&>(null))),
                  ArgumentNullException);
 }
 
@@ -134,7 +74,7 @@ TEST(EnumTests, FlagsParseAsListOfNames)
           Row{"Stopped,Nothing,Background", false, 20}, Row{"Stopped,8", false, 16}, Row{"stopped", false, 0},
           Row{"", false, 0}})
     {
-        State state(63);
+        ThreadState state(63);
         EXPECT_EQ(outcome, state.TryParse(text, false, state)) << text;
         EXPECT_EQ(value, state.Value()) << text;
     }
@@ -142,26 +82,30 @@ TEST(EnumTests, FlagsParseAsListOfNames)
 
 TEST(EnumTests, ComparisonStaysWithinTheClass)
 {
-    EXPECT_TRUE(Level(Level::High).Equals(Level(2)));
-    EXPECT_FALSE(Level(Level::Low).Equals(State(1)));
-    EXPECT_FALSE(Level(Level::Low).Equals(null));
-    EXPECT_LT(Level(Level::Low).CompareTo(Level(Level::High)), 0);
-    EXPECT_EQ(1, Level(Level::Low).CompareTo(null));
-    EXPECT_TRUE(Level(Level::Low) < Level::High);
-    EXPECT_TRUE(Level(Level::Low) != Level(Level::High));
-    EXPECT_EQ(2, Level(Level::High).GetHashCode());
+    const FileMode create(FileMode::Create);
+    EXPECT_TRUE(create.Equals(FileMode(2)));
+    EXPECT_FALSE(create.Equals(ThreadState(2)));
+    EXPECT_FALSE(create.Equals(null));
+    EXPECT_LT(create.CompareTo(FileMode(3)), 0);
+    EXPECT_EQ(1, create.CompareTo(null));
+    EXPECT_TRUE(create < FileMode::Open);
+    EXPECT_TRUE(create != FileMode(FileMode::Open));
+    EXPECT_EQ(2, create.GetHashCode());
 }
 
 TEST(EnumTests, PlainEnumerationsBoxByTheirMark)
 {
-    EXPECT_EQ("InterNetwork", BoxedFamily(Family::InterNetwork).ToString().Utf8());
-    EXPECT_EQ("3", BoxedFamily(static_cast<Family>(3)).ToString().Utf8());
+    EXPECT_EQ("InterNetwork", AddressFamily(AddressFamily::InterNetwork).ToString().Utf8());
+    EXPECT_EQ("3", AddressFamily(3).ToString().Utf8());
+    EXPECT_EQ("0", BoxedMarks(static_cast<Marks>(0)).ToString().Utf8());
+    EXPECT_FALSE(BoxedMarks(static_cast<Marks>(0)).IsDefined());
+    EXPECT_TRUE(BoxedMarks(static_cast<Marks>(3)).IsDefined());
     EXPECT_EQ("Hidden, ReadOnly", BoxedMarks(static_cast<Marks>(3)).ToString().Utf8());
     EXPECT_EQ("7", BoxedMarks(static_cast<Marks>(7)).ToString().Utf8());
-    BoxedFamily family;
-    EXPECT_TRUE(BoxedFamily::TryParse("internetwork", true, family));
-    EXPECT_TRUE(family == Family::InterNetwork);
-    EXPECT_FALSE(BoxedFamily::TryParse("Unspecified, InterNetwork", true, family));
+    AddressFamily family(0);
+    EXPECT_TRUE(AddressFamily::TryParse("internetwork", true, family));
+    EXPECT_TRUE(family == AddressFamily::InterNetwork);
+    EXPECT_FALSE(AddressFamily::TryParse("Unspecified, InterNetwork", true, family));
     BoxedMarks marks;
     EXPECT_TRUE(BoxedMarks::TryParse("ReadOnly,Hidden", false, marks));
     EXPECT_EQ(3, marks.ToInt32());

@@ -10,58 +10,44 @@ using namespace Tesmo::System;
 TEST(NumericalFormatTests, FormatsAreTakenApart)
 {
     using Row = std::tuple<const char*, char, int>;
+    char32 letter;
+    int precision = 0;
     for (const auto& [format, wantedLetter, wantedPrecision] :
          {Row{"", 'G', 0}, Row{"D4", 'd', 4}, Row{"P", 'p', 0}, Row{"B8", 'b', 8}, Row{"N2", 'n', 2}, Row{"F0", 'f', 0},
           Row{"g", 'g', 0}, Row{"G7", 'G', 7}, Row{"x2", 'x', 2}, Row{"X", 'X', 0}, Row{"Z9", 0, 0}, Row{"d4x", 0, 0},
           Row{"d-4", 0, 0}, Row{"d99999999999", 0, 0}})
     {
-        SCOPED_TRACE(format);
-        char32 letter;
-        int precision = -1;
+        precision = -1;
         NumericalFormat::ParseFormat(format, letter, precision);
-        EXPECT_EQ(char32(wantedLetter), letter);
-        EXPECT_EQ(wantedPrecision, precision);
+        EXPECT_EQ(char32(wantedLetter), letter) << format;
+        EXPECT_EQ(wantedPrecision, precision) << format;
     }
-    char32 letter;
-    int precision = 0;
     EXPECT_THROW(NumericalFormat::ParseFormat(null, letter, precision), ArgumentNullException);
     EXPECT_THROW(Int32(1).ToString(null), ArgumentNullException);
 }
 
-TEST(NumericalFormatTests, IntegersPrintByTheirFormat)
+TEST(NumericalFormatTests, IntegersPrintAsPlainDigits)
 {
     using Row = std::tuple<int, const char*, const char*>;
-    for (const auto& [value, format, text] : {
-             Row{-5, "d2", "-05"},
-             Row{-5, "d3", "-005"},
-             Row{-55, "d2", "-55"},
-             Row{5, "D4", "0005"},
-             Row{0, "d", "0"},
-             Row{Int32::MinValue, "d", "-2147483648"},
-             Row{255, "x", "ff"},
-             Row{255, "X8", "000000FF"},
-             Row{-1, "x10", "00ffffffff"},
-             Row{5, "b", "101"},
-             Row{5, "b8", "00000101"},
-             Row{-1, "b", "11111111111111111111111111111111"},
-             Row{7, "f", "7.00"},
-             Row{7, "f3", "7.000"},
-             Row{7, "f0", "7."},
-             Row{1234567, "n", "1,234,567.00"},
-             Row{-123456, "n1", "-123,456.0"},
-             Row{-123, "n1", "-123.0"},
-             Row{12, "p", "1,200 %"},
-             Row{-12, "p1", "-1,200.0 %"},
-             Row{0, "p", "0 %"},
-             Row{0, "p2", "0.00 %"},
-             Row{12345, "g", "12345"},
-             Row{12345, "g3", "1.23e+04"},
-             Row{-12345, "G3", "-1.23E+04"},
-             Row{12345, "", "12345"},
-             Row{1, "Z9", "Z9"},
-             Row{1, "y", "y"},
-             Row{1, "dd", ""},
-         })
+    for (const auto& [value, format, text] :
+         {Row{-5, "d2", "-05"}, Row{-5, "d3", "-005"}, Row{-55, "d2", "-55"}, Row{5, "D4", "0005"}, Row{0, "d", "0"},
+          Row{Int32::MinValue, "d", "-2147483648"}, Row{255, "x", "ff"}, Row{255, "X8", "000000FF"},
+          Row{-1, "x10", "00ffffffff"}, Row{5, "b", "101"}, Row{5, "b8", "00000101"},
+          Row{-1, "b", "11111111111111111111111111111111"}, Row{12345, "", "12345"}, Row{1, "Z9", "Z9"},
+          Row{1, "y", "y"}, Row{1, "dd", ""}})
+    {
+        EXPECT_EQ(text, Int32(value).ToString(format).Utf8()) << value << " by " << format;
+    }
+}
+
+TEST(NumericalFormatTests, IntegersPrintAsDecimalFractions)
+{
+    using Row = std::tuple<int, const char*, const char*>;
+    for (const auto& [value, format, text] :
+         {Row{7, "f", "7.00"}, Row{7, "f3", "7.000"}, Row{7, "f0", "7."}, Row{1234567, "n", "1,234,567.00"},
+          Row{-123456, "n1", "-123,456.0"}, Row{-123, "n1", "-123.0"}, Row{12, "p", "1,200 %"},
+          Row{-12, "p1", "-1,200.0 %"}, Row{0, "p", "0 %"}, Row{0, "p2", "0.00 %"}, Row{12345, "g", "12345"},
+          Row{12345, "g3", "1.23e+04"}, Row{-12345, "G3", "-1.23E+04"}})
     {
         EXPECT_EQ(text, Int32(value).ToString(format).Utf8()) << value << " by " << format;
     }
@@ -95,18 +81,14 @@ TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormat)
     EXPECT_EQ(static_cast<std::size_t>(1 + 1 + 2000), Double(1).ToString("f2000").Utf8().size());
 }
 
-TEST(NumericalFormatTests, WhatIsNoNumberHasANameUnderEveryFormat)
+TEST(NumericalFormatTests, WhatIsNoNumberHasANameUnderEveryFormatAndNumbersRefuseThoseOfIntegers)
 {
-    EXPECT_EQ("NaN", Double(Double::NaN).ToString("d").Utf8());
     EXPECT_EQ("Infinity", Double(Double::PositiveInfinity).ToString().Utf8());
     EXPECT_EQ("-Infinity", Single(Single::NegativeInfinity).ToString("f").Utf8());
     EXPECT_EQ("-Infinity", Double(Double::MinValue).ToString("p").Utf8()); // a hundred times it is
-}
-
-TEST(NumericalFormatTests, IntegerFormatsAreNoneForFloatingNumbers)
-{
     for (const char* const format : {"d", "x", "X", "b", "0.00"})
     {
+        EXPECT_EQ("NaN", Double(Double::NaN).ToString(format).Utf8());
         EXPECT_THROW(Double(1).ToString(format), FormatException) << format;
     }
 }

@@ -19,10 +19,7 @@ String Native(std::string path)
     return String(path);
 }
 
-std::string Root()
-{
-    return hasDrives ? "C:/" : "/";
-}
+const std::string root = hasDrives ? "C:/" : "/";
 } // namespace
 
 TEST(PathTests, SomeCharactersMakeAPathInvalid)
@@ -49,9 +46,9 @@ TEST(PathTests, APathIsCutBehindItsLastSeparatorAndAtItsLastDot)
     using Row = std::tuple<std::string, std::string, std::string, std::string>;
     for (const auto& [text, folders, name, extension] :
          {Row{"", "", "", ""}, Row{"b.txt", "", "b", ".txt"}, Row{"a/", "a/", "", ""},
-          Row{Root() + "a/b.txt", Root() + "a/", "b", ".txt"}, Row{Root() + "a/b", Root() + "a/", "b", ""},
-          Row{Root(), Root(), "", ""},
-          Row{Root() + "Program Files (x86)/Common Files", Root() + "Program Files (x86)/", "Common Files", ""},
+          Row{root + "a/b.txt", root + "a/", "b", ".txt"}, Row{root + "a/b", root + "a/", "b", ""},
+          Row{root, root, "", ""},
+          Row{root + "Program Files (x86)/Common Files", root + "Program Files (x86)/", "Common Files", ""},
           Row{"a.b/c", "a.b/", "c", ""}, Row{"x.tar.gz", "", "x.tar", ".gz"}, Row{"a/.profile", "a/", "", ".profile"},
           Row{"a/name.", "a/", "name", "."}, Row{"\xC3\xA9/\xE2\x82\xAC.txt", "\xC3\xA9/", "\xE2\x82\xAC", ".txt"}})
     {
@@ -62,7 +59,7 @@ TEST(PathTests, APathIsCutBehindItsLastSeparatorAndAtItsLastDot)
         EXPECT_EQ(name, Path::GetFileNameWithoutExtension(path).Utf8());
         EXPECT_EQ(extension, Path::GetExtension(path).Utf8());
         EXPECT_EQ(!extension.empty(), Path::HasExtension(path));
-        EXPECT_EQ(text.starts_with(Root()), Path::IsPathRooted(path));
+        EXPECT_EQ(text.starts_with(root), Path::IsPathRooted(path));
     }
 }
 
@@ -70,9 +67,8 @@ TEST(PathTests, CombinePutsOneSeparatorBetween)
 {
     using Row = std::tuple<std::string, std::string, std::string>;
     for (const auto& [a, b, combined] :
-         {Row{Root() + "a", "b", Root() + "a/b"}, Row{Root() + "a/", "b", Root() + "a/b"}, Row{"", "b", "b"},
-          Row{"a", "", "a"}, Row{"", "", ""}, Row{"a/", "", "a/"}, Row{"a", Root() + "b", Root() + "b"},
-          Row{"a", "b/c.txt", "a/b/c.txt"},
+         {Row{root + "a", "b", root + "a/b"}, Row{root + "a/", "b", root + "a/b"}, Row{"", "b", "b"}, Row{"a", "", "a"},
+          Row{"", "", ""}, Row{"a/", "", "a/"}, Row{"a", root + "b", root + "b"}, Row{"a", "b/c.txt", "a/b/c.txt"},
           // What begins with a separator has a root on Linux only.
           Row{"a/", "/b", hasDrives ? "a/b" : "/b"}, Row{"a", "/b", hasDrives ? "a//b" : "/b"}})
     {
@@ -86,16 +82,16 @@ TEST(PathTests, AFullPathBeginsAtTheRootAndHasNoDots)
     const String here = Path::GetFullPath(".");
     EXPECT_TRUE(Path::IsPathRooted(here));
     EXPECT_EQ(Path::Combine(here, Native("a/b")), Path::GetFullPath(Native("x/../a/./b")));
-    EXPECT_EQ(Native(Root() + "a"), Path::GetFullPath(Native(Root() + "a/b/..")));
-    EXPECT_EQ(Native(Root() + "a/"), Path::GetFullPath(Native(Root() + "a/b/../")));
-    EXPECT_EQ(Native(Root()), Path::GetFullPath(Native(Root() + "a/../..")));
+    EXPECT_EQ(Native(root + "a"), Path::GetFullPath(Native(root + "a/b/..")));
+    EXPECT_EQ(Native(root + "a/"), Path::GetFullPath(Native(root + "a/b/../")));
+    EXPECT_EQ(Native(root), Path::GetFullPath(Native(root + "a/../..")));
     EXPECT_EQ(Path::Combine(here, "a"), Path::GetFullPath(String(std::string("a\0b", 3)))); // cut at a zero
     EXPECT_THROW(Path::GetFullPath(String(char32('a'), 2048)), ArgumentException);
 }
 
 TEST(PathTests, TheRootIsTheDriveOrTheFirstSeparator)
 {
-    EXPECT_EQ(Native(Root()), Path::GetPathRoot(Native(Root() + "a/b")));
+    EXPECT_EQ(Native(root), Path::GetPathRoot(Native(root + "a/b")));
     EXPECT_EQ("", Path::GetPathRoot("a").Utf8());
     EXPECT_EQ(hasDrives ? "C:" : "", Path::GetPathRoot("C:a").Utf8());
     EXPECT_EQ(hasDrives ? "" : "/", Path::GetPathRoot(Native("/a")).Utf8());

@@ -21,11 +21,8 @@ TEST(TimeSpanTests, TextHoldsDaysAndMillisecondsOnlyIfThereAreAny)
 TEST(TimeSpanTests, PartsCarryTheSignAndTotalsTheFraction)
 {
     const TimeSpan span(-1, -2, -3, -4, -5);
-    EXPECT_EQ(-1, span.Days());
-    EXPECT_EQ(-2, span.Hours());
-    EXPECT_EQ(-3, span.Minutes());
-    EXPECT_EQ(-4, span.Seconds());
-    EXPECT_EQ(-5, span.Milliseconds());
+    EXPECT_EQ((std::vector<int>{-1, -2, -3, -4, -5}),
+              (std::vector<int>{span.Days(), span.Hours(), span.Minutes(), span.Seconds(), span.Milliseconds()}));
     EXPECT_EQ(0.5, TimeSpan(5000LL).TotalMilliseconds());
     EXPECT_EQ(1.5, TimeSpan(0, 0, 90).TotalMinutes());
     EXPECT_EQ(-0.25, TimeSpan(-6, 0, 0).TotalDays());

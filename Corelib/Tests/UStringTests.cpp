@@ -10,21 +10,6 @@ using namespace Tesmo::System;
 
 namespace
 {
-struct Sequence
-{
-    const char* bytes;
-    std::uint32_t codePoint;
-};
-
-constexpr Sequence sequences[] = {
-    {"A", 0x41},
-    {"\xC3\xA9", 0xE9},
-    {"\xE2\x82\xAC", 0x20AC},
-    {"\xF0\x9F\x98\x80", 0x1F600},
-    {"\xF8\x88\x80\x80\x80", 0x200000},       // the five-byte form of early UTF-8
-    {"\xFD\xBF\xBF\xBF\xBF\xBF", 0x7FFFFFFF}, // the six-byte form
-};
-
 std::vector<std::uint32_t> Forward(const ustring& text)
 {
     std::vector<std::uint32_t> codePoints;
@@ -100,13 +85,16 @@ void CheckOperations(const String& text, const String& other)
 
 TEST(UStringTests, ReadsAndWritesEveryLengthOfSequence)
 {
-    for (const Sequence& sequence : sequences)
+    // The last two are the five-byte and the six-byte form of early UTF-8.
+    using Row = std::tuple<const char*, std::uint32_t>;
+    for (const auto& [bytes, codePoint] :
+         {Row{"A", 0x41}, Row{"\xC3\xA9", 0xE9}, Row{"\xE2\x82\xAC", 0x20AC}, Row{"\xF0\x9F\x98\x80", 0x1F600},
+          Row{"\xF8\x88\x80\x80\x80", 0x200000}, Row{"\xFD\xBF\xBF\xBF\xBF\xBF", 0x7FFFFFFF}})
     {
-        SCOPED_TRACE(sequence.codePoint);
-        const ustring read{std::string(sequence.bytes)};
-        EXPECT_EQ(1, read.Length());
-        EXPECT_EQ(sequence.codePoint, (*read.begin()).value);
-        EXPECT_EQ(read, ustring(char32(sequence.codePoint), 1));
+        const ustring read{std::string(bytes)};
+        EXPECT_EQ(std::vector<std::uint32_t>{codePoint}, Forward(read));
+        EXPECT_EQ(1, read.Length()) << codePoint;
+        EXPECT_EQ(read, ustring(char32(codePoint), 1)) << codePoint;
     }
     EXPECT_EQ("\xEF\xBF\xBD", ustring(char32(0x80000000U), 1).Bytes()); // beyond six bytes: U+FFFD
 }
@@ -115,32 +103,22 @@ TEST(UStringTests, PassesOverBytesThatFormNoSequence)
 {
     using Row = std::tuple<const char*, std::vector<std::uint32_t>>;
     const Row rows[] = {
-        {"\x80\xBF", {}}, // nothing but continuation bytes
-        {"\xE2\x82", {}}, // cut short by the end
-        {"\xE2\x82"
-         "A",
-         {'A'}},                  // cut short by another character
-        {"\xC3\xC3\xA9", {0xE9}}, // a lead byte in place of a continuation byte
-        {"\xFE"
-         "A\xFF"
-         "B",
-         {'A', 'B'}}, // bytes that occur in no sequence
-        {"\xC3\xA9\xA9\xA9"
-         "A",
-         {0xE9, 'A'}},                // more continuation bytes than announced
-        {"\xFC\x80\x80\x80\x80", {}}, // five of six
-        {"12345678\x80"
-         "12345678",
-         {'1', '2', '3', '4', '5', '6', '7', '8', '1', '2', '3', '4', '5', '6', '7', '8'}},
+        {"\x80\xBF", {}},                   // nothing but continuation bytes
+        {"\xE2\x82", {}},                   // cut short by the end
+        {"\xE2\x82Z", {'Z'}},               // cut short by another character
+        {"\xC3\xC3\xA9", {0xE9}},           // a lead byte in place of a continuation byte
+        {"\xFEY\xFFZ", {'Y', 'Z'}},         // bytes that occur in no sequence
+        {"\xC3\xA9\xA9\xA9Z", {0xE9, 'Z'}}, // more continuation bytes than announced
+        {"\xFC\x80\x80\x80\x80", {}},       // five of six
+        {"stuvwxyz\x80stuvwxyz", {'s', 't', 'u', 'v', 'w', 'x', 'y', 'z', 's', 't', 'u', 'v', 'w', 'x', 'y', 'z'}},
     };
     for (const auto& [bytes, codePoints] : rows)
     {
         SCOPED_TRACE(bytes);
-        const ustring text{std::string(bytes)};
-        EXPECT_EQ(codePoints, Forward(text));
-        EXPECT_EQ(codePoints, Backward(text));
-        EXPECT_EQ(static_cast<int>(codePoints.size()), text.Length());
-        EXPECT_EQ(bytes, text.Bytes());
+        const String text{std::string(bytes)};
+        EXPECT_EQ(codePoints, Forward(text.Text()));
+        EXPECT_EQ(bytes, text.Utf8());
+        CheckConsistency(text);
     }
 }
 
@@ -149,17 +127,12 @@ TEST(UStringTests, CountsTheSequenceThatFormsWhereTextsMeet)
     String text("A\xE2\x82");
     EXPECT_EQ(1, text.Length());
 
-    text += String("\xAC"
-                   "B");
+    text += String("\xACZ");
 
     EXPECT_EQ(3, text.Length());
     EXPECT_EQ(0x20ACU, text[1].value);
-    EXPECT_EQ(3, (String("A\xE2\x82") + "\xAC"
-                                        "B")
-                     .Length());
-    EXPECT_EQ(String("A\xE2\x82\xAC"
-                     "B"),
-              text);
+    EXPECT_EQ(3, (String("A\xE2\x82") + "\xACZ").Length());
+    EXPECT_EQ(String("A\xE2\x82\xACZ"), text);
     text += text; // a text may be appended to itself
     EXPECT_EQ(6, text.Length());
 }
