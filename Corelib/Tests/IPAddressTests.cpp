@@ -39,21 +39,19 @@ TEST(IPAddressTests, RefusesOtherTextsAsTheirPartsDo)
 {
     EXPECT_THROW(IPAddress::Parse("192.168.1.300"), OverflowException);
     EXPECT_THROW(IPAddress::Parse("192.168.1.x"), FormatException);
-    for (const char* text : {"", "1.2.3", "::1", "1:2:3:4:5:6:7", "1:2:3:4:5:6:7:8:9", "[10.0.0.1"})
-    {
-        SCOPED_TRACE(text);
-        EXPECT_ANY_THROW(IPAddress::Parse(text));
-        IPAddress kept(1, 2, 3, 4);
-        EXPECT_FALSE(IPAddress::TryParse(text, kept));
-        EXPECT_EQ("1.2.3.4", kept.ToString().Utf8());
-    }
     EXPECT_THROW(IPAddress::Parse("1.2.3"), ArgumentException);
     EXPECT_THROW(IPAddress::Parse("::1"), ArgumentException);
     EXPECT_THROW(IPAddress::Parse("0:0:0:0:0:0:0:a"), FormatException); // groups are decimal
     EXPECT_THROW(IPAddress::Parse("0:0:0:0:0:0:0:65536"), OverflowException);
     EXPECT_THROW(IPAddress::Parse(null), ArgumentNullException);
-    IPAddress ignored;
-    EXPECT_FALSE(IPAddress::TryParse(null, ignored));
+    IPAddress kept(1, 2, 3, 4);
+    for (const char* text : {"", "1.2.3", "::1", "1:2:3:4:5:6:7", "1:2:3:4:5:6:7:8:9", "[10.0.0.1"})
+    {
+        EXPECT_ANY_THROW(IPAddress::Parse(text)) << text;
+        EXPECT_FALSE(IPAddress::TryParse(text, kept)) << text;
+    }
+    EXPECT_FALSE(IPAddress::TryParse(null, kept));
+    EXPECT_EQ("1.2.3.4", kept.ToString().Utf8());
 }
 
 TEST(IPAddressTests, ChecksWhatItIsMadeFrom)

@@ -27,24 +27,16 @@ TEST(IPEndPointTests, PrintsComparesAndChecksItsPort)
 
 TEST(IPEndPointTests, SerializesToTheRawFormAndBack)
 {
-    // Offset and value of the bytes that are not 0.
-    using Row = std::tuple<const char*, int, std::vector<std::pair<int, int>>>;
-    const Row rows[] = {
-        {"10.0.2.1", 16, {{0, 2}, {2, 0x2E}, {3, 0xE1}, {4, 10}, {6, 2}, {7, 1}}},
-        {"0:258:0:0:0:0:0:1%772", 28, {{0, 23}, {2, 0x2E}, {3, 0xE1}, {10, 1}, {11, 2}, {23, 1}, {24, 4}, {25, 3}}},
-    };
-    for (const auto& [address, size, bytes] : rows)
+    using Row = std::tuple<const char*, std::vector<unsigned char>>;
+    for (const auto& [address, bytes] :
+         {Row{"10.0.2.1", {2, 0, 0x2E, 0xE1, 10, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0}},
+          Row{"0:258:0:0:0:0:0:1%772",
+              {23, 0, 0x2E, 0xE1, 0, 0, 0, 0, 0, 0, 1, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 4, 3, 0, 0}}})
     {
         SCOPED_TRACE(address);
         const IPEndPoint endPoint(IPAddress::Parse(address), 12001);
-        std::vector<unsigned char> expected(static_cast<std::size_t>(size));
-        for (const auto& [offset, value] : bytes)
-        {
-            expected[static_cast<std::size_t>(offset)] = static_cast<unsigned char>(value);
-        }
-
         const SocketAddress raw = endPoint.Serialize();
-        EXPECT_TRUE(raw.Equals(SocketAddress(expected.data(), size)));
+        EXPECT_TRUE(raw.Equals(SocketAddress(bytes.data(), static_cast<int>(bytes.size()))));
         const Up<EndPoint> back = IPEndPoint(IPAddress::Any, 0).Create(raw);
         EXPECT_TRUE(back->Equals(endPoint)) << back->ToString().Utf8();
     }

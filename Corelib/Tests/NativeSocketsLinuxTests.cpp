@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <functional>
 #include <future>
-#include <memory>
 #include <thread>
 
 namespace Tesmo::Platform
@@ -28,12 +27,20 @@ void CountSignal(int)
     ++signals;
 }
 
-/// An address of this host on which nobody listens.
-void MakeClosedPort(NativeTestSocket::Address& address)
+/// Two sockets, and an address of this host on which nobody listens.
+class NativeSocketsLinuxTests : public testing::Test
 {
-    const NativeTestSocket gone;
-    std::copy(std::begin(gone.local), std::end(gone.local), std::begin(address));
-}
+protected:
+    NativeSocketsLinuxTests()
+    {
+        const NativeTestSocket gone;
+        std::copy(std::begin(gone.local), std::end(gone.local), std::begin(closed));
+    }
+
+    NativeTestSocket one;
+    NativeTestSocket two;
+    NativeTestSocket::Address closed = {};
+};
 
 /// Runs work in a network namespace of its own, made ready by shell commands.
 /// @returns false when the host refuses
@@ -71,13 +78,8 @@ void ExpectBroadcastFrom(const unsigned char (&expected)[4])
 }
 } // namespace
 
-TEST(NativeSocketsLinuxTests, AClosedPortIsToldOnceOnALaterReceiveAndCostsNoSend)
+TEST_F(NativeSocketsLinuxTests, AClosedPortIsToldOnceOnALaterReceiveAndCostsNoSend)
 {
-    NativeTestSocket one;
-    NativeTestSocket two;
-    NativeTestSocket::Address closed;
-    MakeClosedPort(closed);
-
     ASSERT_EQ(0, one.SendTo(closed, "nobody there"));
     ASSERT_EQ(0, one.SendTo(two.local, "must not be lost"));
 
@@ -89,11 +91,8 @@ TEST(NativeSocketsLinuxTests, AClosedPortIsToldOnceOnALaterReceiveAndCostsNoSend
     EXPECT_EQ("answer", one.text);
 }
 
-TEST(NativeSocketsLinuxTests, AClosedPortWakesAReceiverThatIsBlocked)
+TEST_F(NativeSocketsLinuxTests, AClosedPortWakesAReceiverThatIsBlocked)
 {
-    NativeTestSocket one;
-    NativeTestSocket::Address closed;
-    MakeClosedPort(closed);
     auto receive = std::async(std::launch::async, [&] { return one.Receive(); });
 
     int attempts = 0;
@@ -106,12 +105,8 @@ TEST(NativeSocketsLinuxTests, AClosedPortWakesAReceiverThatIsBlocked)
     EXPECT_EQ(SocketConnectionReset, receive.get());
 }
 
-TEST(NativeSocketsLinuxTests, HundredsOfClosedPortsDoNotDeafenTheSocket)
+TEST_F(NativeSocketsLinuxTests, HundredsOfClosedPortsDoNotDeafenTheSocket)
 {
-    NativeTestSocket one;
-    NativeTestSocket two;
-    NativeTestSocket::Address closed;
-    MakeClosedPort(closed);
     ASSERT_EQ(0, one.SetOption(4098, 65536));
     for (int i = 0; i < 1000; ++i)
     {
@@ -131,14 +126,12 @@ TEST(NativeSocketsLinuxTests, HundredsOfClosedPortsDoNotDeafenTheSocket)
     EXPECT_EQ("still heard", one.text);
 }
 
-TEST(NativeSocketsLinuxTests, ASignalDoesNotEndAReceive)
+TEST_F(NativeSocketsLinuxTests, ASignalDoesNotEndAReceive)
 {
     struct sigaction counting = {};
     counting.sa_handler = CountSignal; // without SA_RESTART: a system call that blocks fails with EINTR
     struct sigaction before = {};
     ASSERT_EQ(0, ::sigaction(SIGUSR1, &counting, &before));
-    NativeTestSocket one;
-    NativeTestSocket two;
     std::promise<pthread_t> started;
     auto receive = std::async(std::launch::async,
                               [&]
@@ -163,15 +156,11 @@ TEST(NativeSocketsLinuxTests, ASignalDoesNotEndAReceive)
     ::sigaction(SIGUSR1, &before, nullptr);
 }
 
-TEST(NativeSocketsLinuxTests, ABroadcastLeavesAHostWithoutADefaultRoute)
+TEST_F(NativeSocketsLinuxTests, ABroadcastLeavesAHostWithoutADefaultRoute)
 {
-    const bool isolated = RunIsolated("ip link set lo up && ip link add lan1 type veth peer name lan2 && "
-                                      "ip link set lan2 up && "
-                                      "ip address add 10.77.0.5/24 dev lan1 && ip link set lan1 up",
-                                      [] {
-                                          ExpectBroadcastFrom({10, 77, 0, 5});
-                                      });
-    if (!isolated)
+    const char* const lan = "ip link set lo up && ip link add lan1 type veth peer name lan2 && ip link set lan2 up && "
+                            "ip address add 10.77.0.5/24 dev lan1 && ip link set lan1 up";
+    if (!RunIsolated(lan, [] { ExpectBroadcastFrom({10, 77, 0, 5}); }))
     {
         GTEST_SKIP() << "no network namespace of our own is to be had";
     }

@@ -170,7 +170,9 @@ TEST(SocketTests, AStreamConnectsAndIsSelected)
     const auto make = [] { return new Socket(AddressFamily::InterNetwork, SocketType::Stream, ProtocolType::Tcp); };
     const Sp<Socket> listener(make());
     const Sp<Socket> client(make());
+    const Sp<Socket> refused(make());
     listener->Bind(Sp<EndPoint>(new IPEndPoint(Loopback())));
+    EXPECT_EQ(SocketError::ConnectionRefused, CodeOf([&] { refused->Connect(listener->LocalEndPoint()); }));
     listener->Listen(1);
     client->Connect(listener->LocalEndPoint());
     const Sp<Socket> server = listener->Accept();
@@ -191,6 +193,9 @@ TEST(SocketTests, AStreamConnectsAndIsSelected)
     EXPECT_EQ(2, server->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
     server->SetBlocking(false);
     EXPECT_EQ(SocketError::WouldBlock, CodeOf([&] { server->Receive(Bytes(), Room, 0, Room, SocketFlags::None); }));
+    server->SetBlocking(true);
+    client->Shutdown(SocketShutdown::Send);
+    EXPECT_EQ(0, server->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
     server->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, LingerOption(true, 3));
     LingerOption linger(false, 0);
     server->GetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, linger);
