@@ -5,7 +5,6 @@
 #include <Serialization.Json/JSONObject.h>
 
 #include <cmath>
-#include <limits>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -55,21 +54,17 @@ TEST(JSONAccessTests, FetchesByKindAndNeverConverts)
 TEST(JSONAccessTests, NumbersBecomeIntegersByTruncationWithinTheirRange)
 {
     using Row = std::tuple<const char*, std::int32_t, std::uint32_t, std::int64_t, std::uint64_t>;
-    constexpr auto int32Min = std::numeric_limits<std::int32_t>::min();
-    constexpr auto int32Max = std::numeric_limits<std::int32_t>::max();
-    constexpr auto uint32Max = std::numeric_limits<std::uint32_t>::max();
-    constexpr auto int64Min = std::numeric_limits<std::int64_t>::min();
-    constexpr auto int64Max = std::numeric_limits<std::int64_t>::max();
-    constexpr auto uint64Max = std::numeric_limits<std::uint64_t>::max();
+    constexpr auto low = Int32::MinValue;
+    constexpr auto high = Int32::MaxValue;
     const Row rows[] = {
         {"2.9", 2, 2, 2, 2},
         {"-2.9", -2, 0, -2, 0},
-        {"4294967295", int32Max, 4294967295u, 4294967295, 4294967295u},
-        {"-3000000000", int32Min, 0, -3000000000, 0},
-        {"9007199254740992", int32Max, uint32Max, 9007199254740992, 9007199254740992u},
-        {"1e19", int32Max, uint32Max, int64Max, 10000000000000000000u},
-        {"1e999", int32Max, uint32Max, int64Max, uint64Max},
-        {"-1e999", int32Min, 0, int64Min, 0},
+        {"4294967295", high, 4294967295u, 4294967295, 4294967295u},
+        {"-3000000000", low, 0, -3000000000, 0},
+        {"9007199254740992", high, UInt32::MaxValue, 9007199254740992, 9007199254740992u},
+        {"1e19", high, UInt32::MaxValue, Int64::MaxValue, 10000000000000000000u},
+        {"1e999", high, UInt32::MaxValue, Int64::MaxValue, UInt64::MaxValue},
+        {"-1e999", low, 0, Int64::MinValue, 0},
     };
     for (const auto& [number, int32, uint32, int64, uint64] : rows)
     {
@@ -192,14 +187,12 @@ TEST(JSONAccessTests, CopiesShareNothing)
 TEST(JSONAccessTests, AWalkByIndexOverALargeArrayIsLinear)
 {
     constexpr int count = 500'000; // 125 billion steps if each look-up began anew
-    std::string text(2 * count + 1, ',');
-    for (std::size_t i = 1; i < text.size(); i += 2)
+    std::string text = "[1";
+    for (int i = 1; i < count; ++i)
     {
-        text[i] = '1';
+        text += ",1";
     }
-    text.front() = '[';
-    text.back() = ']';
-    const JSONArray array{String(std::move(text))};
+    const JSONArray array{String(text + "]")};
     int sum = 0;
     for (int i = 0; i < count; ++i)
     {

@@ -3,9 +3,6 @@
 #include <Corelib/Tests/CoreTest.h>
 #include <Serialization.Json/JSONStringer.h>
 
-#include <functional>
-#include <limits>
-
 using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
@@ -13,12 +10,13 @@ using namespace Zelkor::Serialization::Json;
 
 namespace
 {
-/// The text of an array that the calls fill.
-std::string Elements(const std::function<void(JSONStringer&)>& calls)
+/// The text of an array of values.
+template <class... Types>
+std::string Elements(const Types&... values)
 {
     JSONStringer stringer;
     stringer.BeginArray();
-    calls(stringer);
+    (stringer.Value(values), ...);
     return stringer.EndArray().ToString().Utf8();
 }
 } // namespace
@@ -41,23 +39,14 @@ TEST(JSONStringerTests, WritesDocumentsInTheOrderOfTheCalls)
 TEST(JSONStringerTests, EscapesStringsAndKeysByByte)
 {
     std::string text;
-    std::string printed = "\"";
+    std::string printed =
+        R"("\u0001\u0002\u0003\u0004\u0005\u0006\u0007\b\t\n\u000b\f\r\u000e\u000f)"
+        R"(\u0010\u0011\u0012\u0013\u0014\u0015\u0016\u0017\u0018\u0019\u001a\u001b\u001c\u001d\u001e\u001f)";
     for (int byte = 1; byte < 256; ++byte)
     {
         const auto c = static_cast<char>(byte);
         text += c;
-        constexpr std::string_view special = "\"\\\b\t\n\f\r";
-        constexpr std::string_view letters = "\"\\btnfr";
-        char code[8] = {c, '\0'};
-        if (const std::size_t found = special.find(c); found != std::string_view::npos)
-        {
-            std::snprintf(code, sizeof(code), "\\%c", letters[found]);
-        }
-        else if (byte < 0x20)
-        {
-            std::snprintf(code, sizeof(code), "\\u%04x", static_cast<unsigned>(byte));
-        }
-        printed += code;
+        printed += c == '"' || c == '\\' ? std::string{'\\', c} : byte < ' ' ? std::string() : std::string{c};
     }
     printed += '"';
     JSONStringer stringer;
@@ -68,32 +57,15 @@ TEST(JSONStringerTests, EscapesStringsAndKeysByByte)
 TEST(JSONStringerTests, WritesEachTypeInItsForm)
 {
     EXPECT_EQ("[-1,4294967295,-4294967296,18446744073709551616]",
-              Elements([](JSONStringer& s)
-                       { s.Value(-1).Value(4294967295u).Value(std::int64_t{-4294967296}).Value(~std::uint64_t{0}); }));
+              Elements(-1, 4294967295u, std::int64_t{-4294967296}, ~std::uint64_t{0}));
     EXPECT_EQ("[0,0,-3,0.500000,1.000000e-07,-1.500000e+09,null,null]",
-              Elements(
-                  [](JSONStringer& s)
-                  {
-                      s.Value(0.0).Value(-0.0).Value(-3.0).Value(0.5).Value(1e-7).Value(-1.5e9 - 0.25);
-                      s.Value(std::numeric_limits<double>::quiet_NaN());
-                      s.Value(-std::numeric_limits<double>::infinity());
-                  }));
-    EXPECT_EQ(R"(["","",null])",
-              Elements(
-                  [](JSONStringer& s)
-                  {
-                      s.Value(static_cast<const String&>(null)).Value(static_cast<const char*>(nullptr));
-                      s.Value(static_cast<const Object&>(null));
-                  }));
+              Elements(0.0, -0.0, -3.0, 0.5, 1e-7, -1.5e9 - 0.25, Double::NaN, Double::NegativeInfinity));
+    EXPECT_EQ(R"(["","",null])", Elements(static_cast<const String&>(null), static_cast<const char*>(nullptr),
+                                          static_cast<const Object&>(null)));
     EXPECT_EQ(R"([1,2,3,4,true,"t",255,2.500000,1])",
-              Elements(
-                  [](JSONStringer& s)
-                  {
-                      s.Value(Int64(1)).Value(UInt64(2)).Value(Int32(3)).Value(UInt32(4)).Value(Boolean(true));
-                      s.Value(static_cast<const Object&>(String("t"))).Value(LogStreamLevel()).Value(Double(2.5));
-                      s.Value(LogStreamLevel::Critical);
-                  }));
-    EXPECT_THROW(Elements([](JSONStringer& s) { s.Value(EventArgs()); }), FormatException);
+              Elements(Int64(1), UInt64(2), Int32(3), UInt32(4), Boolean(true), static_cast<const Object&>(String("t")),
+                       LogStreamLevel(), Double(2.5), LogStreamLevel::Critical));
+    EXPECT_THROW(Elements(EventArgs()), FormatException);
 }
 
 TEST(JSONStringerTests, CallsOutOfPlaceAreRefusedAndChangeNothing)
