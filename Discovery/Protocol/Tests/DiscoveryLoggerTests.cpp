@@ -1,21 +1,44 @@
 #include "LogRecorder.h"
 
+#include <Core/System/IO/Path.h>
 #include <Core/System/InvalidOperationException.h>
+#include <Corelib/Tests/CoreTest.h>
+#include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 
-#include <gtest/gtest.h>
-
-#include <exception>
-
-using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 using namespace Zelkor::Discovery;
 
-TEST(DiscoveryLoggerTests, WritesToTheInstalledStreamAndToNoneWithoutHarm)
+namespace
+{
+constexpr const char* name = "DiscoveryClient.log";
+
+void WriteRow(const char* text, LogStreamLevel level = LogStreamLevel::Critical)
+{
+    DiscoveryLogger::Instance().Write(LogStreamChannel("c"), text, level);
+}
+
+/// Leaves the process's logger as it found it: without a stream.
+class DiscoveryLoggerTests : public testing::Test
+{
+protected:
+    void TearDown() override
+    {
+        if (logger.IsOpen())
+        {
+            logger.Close();
+        }
+    }
+
+    DiscoveryLogger& logger = DiscoveryLogger::Instance();
+    TemporaryFolder folder;
+};
+} // namespace
+
+TEST_F(DiscoveryLoggerTests, WritesToTheInstalledStreamAndToNoneWithoutHarm)
 {
     const LogStreamChannel channel("c");
-    DiscoveryLogger& logger = DiscoveryLogger::Instance();
     EXPECT_FALSE(logger.IsOpen());
     logger.Write(channel, "lost", LogStreamLevel::Critical);
     logger.Write(channel, "lost", InvalidOperationException(ThrowSite));
@@ -32,4 +55,87 @@ TEST(DiscoveryLoggerTests, WritesToTheInstalledStreamAndToNoneWithoutHarm)
     EXPECT_FALSE(logger.IsOpen());
     logger.Write(channel, "lost", LogStreamLevel::Critical);
     EXPECT_TRUE(recorder.Take().empty());
+}
+
+TEST_F(DiscoveryLoggerTests, OpenMakesTheFoldersAndClosesWhatWasOpen)
+{
+    const String deep = IO::Path::Combine(IO::Path::Combine(folder.Path("Discovery"), "DiscoveryClient"), name);
+    logger.Open(deep, LogStreamLevel::Standard);
+    WriteRow("row");
+    WriteRow("filtered", LogStreamLevel::Debug);
+    logger.Open(folder.Path("other.log"), LogStreamLevel::Standard);
+    const std::string first = folder.Read("Discovery/DiscoveryClient/DiscoveryClient.log");
+    EXPECT_NE(std::string::npos, first.find("|S|           |Start DiscoveryClient.log|\r\n"));
+    EXPECT_NE(std::string::npos, first.find("|C|           |row|\r\n"));
+    EXPECT_EQ(std::string::npos, first.find("filtered"));
+    EXPECT_TRUE(first.ends_with("-/\r\n\r\n")); // the closing line
+    EXPECT_TRUE(folder.Read("other.log").ends_with("|Start other.log|\r\n"));
+}
+
+TEST_F(DiscoveryLoggerTests, ReopenNeedsTheFileOfAnOpenAndLaterBannersAreWideAtDebug)
+{
+    {
+        const LogRecorder recorder; // installs itself by SetStream
+    }
+    EXPECT_FALSE(logger.IsOpen());
+    EXPECT_THROW(logger.Reopen(), InvalidOperationException);
+    logger.Open(folder.Path(name), LogStreamLevel::Debug);
+    logger.Reopen(); // it is open: no effect
+    WriteRow("first", LogStreamLevel::Debug);
+    logger.Close();
+    logger.Reopen();
+    WriteRow("second", LogStreamLevel::Debug);
+    logger.Close();
+    const std::string text = folder.Read(name);
+    EXPECT_LT(text.find("|first|"), text.find("|Close DiscoveryClient.log|"));
+    EXPECT_LT(text.find("|Close DiscoveryClient.log|"), text.find("|second|"));
+    EXPECT_EQ(text.find("|Start "), text.rfind("|Start ", text.find("|first|"))); // one run, one "Start"
+    EXPECT_TRUE(text.starts_with("/" + std::string(254, '-') + "\\\r\n"));
+    EXPECT_TRUE(text.ends_with("\\" + std::string(1022, '-') + "/\r\n\r\n"));
+
+    {
+        const LogRecorder recorder;
+    }
+    EXPECT_THROW(logger.Reopen(), InvalidOperationException); // the file is forgotten
+}
+
+TEST_F(DiscoveryLoggerTests, ALargeFileIsSplitAtTheFirstRowAndThreeBackupsStay)
+{
+    folder.Write(name, std::string(6 * 1024 * 1024, 'x'));
+    folder.Write("DiscoveryClient.bak", "first");
+    folder.Write("DiscoveryClient.bak1", "second");
+    folder.Write("DiscoveryClient.bak2", "third");
+    logger.Open(folder.Path(name), LogStreamLevel::Standard);
+    EXPECT_TRUE(folder.Read(name).starts_with("xxx")); // the start of the run does not split yet
+    WriteRow("row");
+    EXPECT_TRUE(folder.Read(name).starts_with("/---"));
+    EXPECT_TRUE(folder.Read("DiscoveryClient.bak").ends_with("|row|\r\n"));
+    EXPECT_EQ("first", folder.Read("DiscoveryClient.bak1"));
+    EXPECT_EQ("second", folder.Read("DiscoveryClient.bak2"));
+    EXPECT_FALSE(folder.Has("DiscoveryClient.bak3"));
+}
+
+TEST_F(DiscoveryLoggerTests, AFailedOpenNamesThePlaceAndEndsTheOldLogOnlyWhenTheFolderIsThere)
+{
+    folder.Write("file", "");
+    folder.MakeFolder("taken.log");
+    logger.Open(folder.Path(name), LogStreamLevel::Standard);
+    using Row = std::tuple<const char*, const char*>;
+    for (const auto& [path, place] : {Row{"file/deep/c.log", "file"}, Row{"taken.log", "taken.log"}})
+    {
+        EXPECT_TRUE(logger.IsOpen());
+        try
+        {
+            logger.Open(folder.Path(path), LogStreamLevel::Standard);
+            ADD_FAILURE() << "opened " << path;
+        }
+        catch (const IO::IOException& failure)
+        {
+            const std::string text = failure.Message().Utf8();
+            EXPECT_TRUE(text.starts_with("I/O error occured. " + folder.Path(place).Utf8())) << text;
+        }
+    }
+    EXPECT_FALSE(logger.IsOpen());
+    EXPECT_NO_THROW(WriteRow("nobody listens"));
+    EXPECT_THROW(logger.Open("a|b", LogStreamLevel::Standard), ArgumentException);
 }

@@ -2,17 +2,13 @@
 #include "WireSamples.h"
 
 #include <Corelib/Tests/CoreTest.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
 
-#include <atomic>
 #include <thread>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Zelkor::Discovery;
-using Zelkor::Serialization::Json::JSONObject;
-using Zelkor::Serialization::Json::JSONStringer;
 
 namespace
 {
@@ -34,19 +30,16 @@ std::vector<std::string> Outcome(const std::string& text)
     return rows;
 }
 
-/// Counts rows; any thread.
-class CountingStream : public LogStreams::ILogStream
+using Row = std::tuple<std::string, std::vector<std::string>>; // a text and its outcome
+
+void ExpectOutcomes(const std::vector<Row>& rows)
 {
-public:
-    using ILogStream::Write;
-
-    void Write(const LogStreams::LogStreamChannel&, LogStreams::LogStreamLevel, int, const String&) override
+    for (const auto& [text, outcome] : rows)
     {
-        ++rows;
+        SCOPED_TRACE(text);
+        EXPECT_EQ(outcome, Outcome(text));
     }
-
-    std::atomic<int> rows = 0;
-};
+}
 
 std::string Header(const std::string& type, const std::string& rest)
 {
@@ -60,8 +53,7 @@ TEST(DiscoveryMessageDeserializerTests, FindsTheFaultsOfADatagramInOrder)
     const std::string noVersion = "C DiscoveryMessage: No version key !!! => BAD MESSAGE FORMAT !";
     const std::string badBroadcast = "C DiscoveryMessage: No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !";
     const std::string noBroadcast = "D DiscoveryMessage: No Broadcast key. Assuming broadcast message.";
-    using Row = std::tuple<std::string, std::vector<std::string>>;
-    const Row rows[] = {
+    ExpectOutcomes({
         {"", {"FormatException"}},
         {std::string(2048, '\0'), {"FormatException"}},
         {"[]", {"FormatException"}},
@@ -77,73 +69,41 @@ TEST(DiscoveryMessageDeserializerTests, FindsTheFaultsOfADatagramInOrder)
         {R"({"DiscoveryMessageType":"Hello","DiscoveryVersion":"1.0"})",
          {"FormatException", noBroadcast, "C SignatureBroadcastMessage: No Host key !!! => BAD MESSAGE FORMAT !"}},
         {R"({"discoverymessagetype":"AllSendYourSignature","DISCOVERYVERSION":"1.0"} rest)", {"none", noBroadcast}},
-    };
-    for (const auto& [text, outcome] : rows)
-    {
-        SCOPED_TRACE(text);
-        EXPECT_EQ(outcome, Outcome(text));
-    }
+    });
 }
 
 TEST(DiscoveryMessageDeserializerTests, EachClassNamesTheKeyThatItMisses)
 {
-    const std::string end = " !!! => BAD MESSAGE FORMAT !";
-    struct Row
-    {
-        const char* type;
-        const char* rest;
-        std::string row;
+    const auto row = [](const char* type, const char* rest, const std::string& text) {
+        return Row{Header(type, rest), {"FormatException", "C " + text + " !!! => BAD MESSAGE FORMAT !"}};
     };
-    const Row rows[] = {
-        {"SignatureBroadcast", R"(,"Host":[])", "C SignatureBroadcastMessage: No Host key"},
-        {"Bye", "", "C SignatureBroadcastMessage: No Host key"},
-        {"SendYourSignature", R"(,"TargetedMACAddress":1)", "C SendYourSignatureMessage: No targeted MAC address"},
-        {"ChangeYourIPConfig", R"(,"NewNICConfigs":{})", "C ChangeYourIPConfigMessage: No \"New NIC Configs\" key"},
-        {"ChangeYourHostName", R"(,"TargetedMACAddress":"1")", "C ChangeYourHostNameMessage: No \"New HostName\" key"},
-        {"ChangeYourHostName", R"(,"NewHostName":"n")", "C ChangeYourHostNameMessage: No \"Targeted MACAddress\" key"},
-    };
-    for (const Row& row : rows)
-    {
-        SCOPED_TRACE(row.row);
-        const std::vector<std::string> expected = {"FormatException", row.row + end};
-        EXPECT_EQ(expected, Outcome(Header(row.type, row.rest)));
-    }
+    ExpectOutcomes({
+        row("SignatureBroadcast", R"(,"Host":[])", "SignatureBroadcastMessage: No Host key"),
+        row("Bye", "", "SignatureBroadcastMessage: No Host key"),
+        row("SendYourSignature", R"(,"TargetedMACAddress":1)", "SendYourSignatureMessage: No targeted MAC address"),
+        row("ChangeYourIPConfig", R"(,"NewNICConfigs":{})", "ChangeYourIPConfigMessage: No \"New NIC Configs\" key"),
+        row("ChangeYourHostName", R"(,"TargetedMACAddress":"1")", "ChangeYourHostNameMessage: No \"New HostName\" key"),
+        row("ChangeYourHostName", R"(,"NewHostName":"n")", "ChangeYourHostNameMessage: No \"Targeted MACAddress\" key"),
+    });
 }
 
 TEST(DiscoveryMessageDeserializerTests, FailuresOfNestedRecordsTravelOutSilently)
 {
-    EXPECT_EQ(std::vector<std::string>{"ArgumentException"}, Outcome(Header("Hello", R"(,"Host":{"DeviceType":""})")));
-    EXPECT_EQ(std::vector<std::string>{"OverflowException"},
-              Outcome(Header("SendYourSignature", R"(,"TargetedMACAddress":"100")")));
-    EXPECT_EQ(std::vector<std::string>{"ArgumentException"},
-              Outcome(Header("Hello", R"(,"Host":)" + SampleHostText() + R"(,"SourceNIC":{})")));
-}
-
-TEST(DiscoveryMessageDeserializerTests, ReadsAnObjectByItsTextAndSerializesOnlyIntoAnOpenOne)
-{
-    DiscoveryMessageDeserializer deserializer;
-    for (const WireSample& sample : WireSamples())
-    {
-        const Sp<DiscoveryMessage> read(deserializer.Deserialize(JSONObject(String(sample.text))));
-        EXPECT_EQ(sample.text, read->ToJSON().Utf8());
-
-        JSONStringer stringer;
-        stringer.BeginObject();
-        deserializer.Serialize(*read, stringer);
-        EXPECT_EQ(sample.text, stringer.EndObject().ToString().Utf8());
-        EXPECT_THROW(deserializer.Serialize(*read), FormatException); // it opens no object of its own
-    }
+    ExpectOutcomes({
+        {Header("Hello", R"(,"Host":{"DeviceType":""})"), {"ArgumentException"}},
+        {Header("SendYourSignature", R"(,"TargetedMACAddress":"100")"), {"OverflowException"}},
+        {Header("Hello", R"(,"Host":)" + SampleHostText() + R"(,"SourceNIC":{})"), {"ArgumentException"}},
+    });
 }
 
 TEST(DiscoveryMessageDeserializerTests, ThreadsReadAndLogAtTheSameTime)
 {
-    constexpr int rounds = 200;
-    const Sp<CountingStream> stream(new CountingStream());
-    DiscoveryLogger::Instance().SetStream(stream);
+    constexpr std::size_t rounds = 200;
+    LogRecorder log;
     DiscoveryMessageDeserializer deserializer;
     const auto work = [&deserializer]
     {
-        for (int i = 0; i < rounds; ++i)
+        for (std::size_t i = 0; i < rounds; ++i)
         {
             deserializer.Deserialize(String(WireSamples()[6].text));
             EXPECT_THROW(deserializer.Deserialize("{}"), FormatException);
@@ -153,6 +113,5 @@ TEST(DiscoveryMessageDeserializerTests, ThreadsReadAndLogAtTheSameTime)
     std::thread second(work);
     first.join();
     second.join();
-    EXPECT_EQ(2 * rounds, stream->rows);
-    DiscoveryLogger::Instance().Close();
+    EXPECT_EQ(2 * rounds, log.Take().size());
 }

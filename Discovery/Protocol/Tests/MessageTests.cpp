@@ -13,6 +13,8 @@
 using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Zelkor::Discovery;
+using Zelkor::Serialization::Json::JSONObject;
+using Zelkor::Serialization::Json::JSONStringer;
 
 namespace
 {
@@ -22,30 +24,36 @@ Sp<DiscoveryMessage> Read(const std::string& text)
 }
 } // namespace
 
-TEST(MessageTests, EveryMessageIsWrittenInItsExactBytes)
+TEST(MessageTests, EveryMessageIsWrittenInItsExactBytesAndReadBack)
 {
-    for (const WireSample& sample : WireSamples())
-    {
-        EXPECT_EQ(sample.text, sample.message->ToJSON().Utf8());
-    }
-}
-
-TEST(MessageTests, EveryMessageIsReadBackThroughAZeroedReceiveBuffer)
-{
+    DiscoveryMessageDeserializer deserializer;
     for (const WireSample& sample : WireSamples())
     {
         SCOPED_TRACE(sample.text);
-        const int size = 2048;
+        EXPECT_EQ(sample.text, sample.message->ToJSON().Utf8());
         std::string buffer = sample.text;
-        buffer.resize(size);
-        const Sp<DiscoveryMessage> read(DiscoveryMessageDeserializer().Deserialize(
-            String::FromLatin1(reinterpret_cast<const unsigned char*>(buffer.data()), size)));
+        buffer.resize(2048); // zeroed, as the receiver's
+        const auto* const bytes = reinterpret_cast<const unsigned char*>(buffer.data());
+        const Sp<DiscoveryMessage> read(deserializer.Deserialize(String::FromLatin1(bytes, 2048)));
         const DiscoveryMessage& expected = *sample.message;
         const DiscoveryMessage& message = *read;
         EXPECT_EQ(typeid(expected), typeid(message));
-        EXPECT_EQ(sample.message->GetMessageType(), read->GetMessageType());
-        EXPECT_EQ(sample.text, read->ToJSON().Utf8());
+        EXPECT_EQ(expected.GetMessageType(), message.GetMessageType());
+        EXPECT_EQ(sample.text, message.ToJSON().Utf8());
+        const Sp<DiscoveryMessage> readFromObject(deserializer.Deserialize(JSONObject(String(sample.text))));
+        EXPECT_EQ(sample.text, readFromObject->ToJSON().Utf8());
     }
+}
+
+TEST(MessageTests, AMessageIsSerializedOnlyIntoAnOpenObject)
+{
+    const WireSample sample = WireSamples().front();
+    DiscoveryMessageDeserializer deserializer;
+    JSONStringer stringer;
+    stringer.BeginObject();
+    deserializer.Serialize(*sample.message, stringer);
+    EXPECT_EQ(sample.text, stringer.EndObject().ToString().Utf8());
+    EXPECT_THROW(deserializer.Serialize(*sample.message), FormatException); // it opens no object of its own
 }
 
 TEST(MessageTests, WhatIsNoTypeHasNoName)

@@ -18,11 +18,7 @@ using namespace Tesmo::System;
 using namespace Net;
 using namespace Net::Sockets;
 
-const IPAddress& Loopback()
-{
-    static const IPAddress address(127, 0, 0, 1);
-    return address;
-}
+const IPAddress Loopback(127, 0, 0, 1);
 
 int PortOf(const UdpClient& client)
 {
@@ -110,13 +106,13 @@ TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndSendFromItToTheRemoteP
     DiscoverySocketUdpClient shared(port, administration.port);
     DiscoverySocketUdpClient second(port, administration.port);
     DiscoverySocketUdpClientFactory factory(port, administration.port);
-    const Sp<IDiscoverySocket> bound = factory.Create(Loopback());
+    const Sp<IDiscoverySocket> bound = factory.Create(Loopback);
 
     for (IDiscoverySocket* socket : {static_cast<IDiscoverySocket*>(&shared), &*bound})
     {
-        EXPECT_EQ(5, socket->SendTo(Bytes("hello"), 5, Loopback()));
+        EXPECT_EQ(5, socket->SendTo(Bytes("hello"), 5, Loopback));
         EXPECT_EQ("hello", administration.Hear());
-        EXPECT_TRUE(administration.sender.Equals(IPEndPoint(Loopback(), port)));
+        EXPECT_TRUE(administration.sender.Equals(IPEndPoint(Loopback, port)));
         EXPECT_EQ(port, socket->GetLocalPort());
         EXPECT_EQ(administration.port, socket->GetRemotePort());
     }
@@ -125,7 +121,7 @@ TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndSendFromItToTheRemoteP
 TEST(DiscoverySocketUdpClientTests, BroadcastsWithoutAnOptionSetByHand)
 {
     Listener administration;
-    DiscoverySocketUdpClient socket(FreePort(), administration.port, Loopback());
+    DiscoverySocketUdpClient socket(FreePort(), administration.port, Loopback);
 
     EXPECT_EQ(3, socket.Broadcast(Bytes("one"), 3));
     EXPECT_EQ("one", administration.Hear());
@@ -151,11 +147,11 @@ TEST(DiscoverySocketUdpClientTests, ShutdownAndCloseWakeTheReceiver)
 {
     for (int round = 0; round < 5; ++round)
     {
-        DiscoverySocketUdpClient one(FreePort(), 1, Loopback());
+        DiscoverySocketUdpClient one(FreePort(), 1, Loopback);
         ASSERT_EQ(SocketError::Shutdown, CodeOfReceiveEndedBy(one, [&] { one.Shutdown(); }));
         ASSERT_TRUE(one.IsShutDown() && one.IsShutDownFlag() && !one.IsClosed());
 
-        DiscoverySocketUdpClient two(FreePort(), 1, Loopback());
+        DiscoverySocketUdpClient two(FreePort(), 1, Loopback);
         const int code = CodeOfReceiveEndedBy(two, [&] { two.Close(); });
         ASSERT_TRUE(code == SocketError::Interrupted || code == SocketError::NotSocket) << code;
         ASSERT_TRUE(!two.IsShutDown() && two.IsClosed());
@@ -170,7 +166,7 @@ TEST(DiscoverySocketUdpClientTests, EndsOnceInEitherOrder)
     one.Close();
     one.Close();
     EXPECT_NO_THROW(one.Shutdown());
-    EXPECT_THROW(one.SendTo(Bytes("late"), 4, Loopback()), ObjectClosedException);
+    EXPECT_THROW(one.SendTo(Bytes("late"), 4, Loopback), ObjectClosedException);
 
     DiscoverySocketUdpClient two(FreePort(), 1);
     two.Close();
