@@ -8,19 +8,6 @@
 namespace
 {
 std::atomic<long> liveBlocks = 0;
-
-void* Take(std::size_t size) noexcept
-{
-    void* const block = std::malloc(size == 0 ? 1 : size);
-    liveBlocks += block != nullptr ? 1 : 0;
-    return block;
-}
-
-void GiveBack(void* block) noexcept
-{
-    liveBlocks -= block != nullptr ? 1 : 0;
-    std::free(block);
-}
 } // namespace
 
 namespace Zelkor::Discovery
@@ -31,9 +18,18 @@ long LiveBlocks()
 }
 } // namespace Zelkor::Discovery
 
+// The library's other forms, those of arrays among them, call these.
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    void* const block = std::malloc(size == 0 ? 1 : size);
+    liveBlocks += block != nullptr ? 1 : 0;
+    return block;
+}
+
 void* operator new(std::size_t size)
 {
-    void* const block = Take(size);
+    void* const block = operator new(size, std::nothrow);
     if (block == nullptr)
     {
         throw std::bad_alloc();
@@ -41,47 +37,13 @@ void* operator new(std::size_t size)
     return block;
 }
 
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    return Take(size);
-}
-
-void* operator new[](std::size_t size)
-{
-    return operator new(size);
-}
-
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
-{
-    return Take(size);
-}
-
 void operator delete(void* block) noexcept
 {
-    GiveBack(block);
+    liveBlocks -= block != nullptr ? 1 : 0;
+    std::free(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept
 {
-    GiveBack(block);
-}
-
-void operator delete(void* block, const std::nothrow_t&) noexcept
-{
-    GiveBack(block);
-}
-
-void operator delete[](void* block) noexcept
-{
-    GiveBack(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept
-{
-    GiveBack(block);
-}
-
-void operator delete[](void* block, const std::nothrow_t&) noexcept
-{
-    GiveBack(block);
+    operator delete(block);
 }
