@@ -1,10 +1,13 @@
-#include "PlatformFake.h"
-
+#include <Discovery/Gateway/Tests/IsolatedTest.h>
 #include <Discovery/Gateway/Tests/NetworkNamespace.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Service/DiscoveryClientService.h>
+#include <Service/Platform/LogRoot.h>
+#include <Service/Platform/ServiceControl.h>
 #include <Tests/Support/HostFolders.h>
-#include <gtest/gtest.h>
+#include <functional>
+#include <string>
+#include <vector>
 
 using Zelkor::Discovery::DiscoveryLogger;
 using Zelkor::Discovery::Client::DiscoveryClientService;
@@ -13,21 +16,92 @@ namespace
 {
 using Rows = std::vector<std::vector<std::uint32_t>>;
 
+/// The control manager of these tests: it runs the service on the calling thread and keeps what is reported to it.
+struct ServiceControlFake
+{
+    bool refusesHandler = false;
+    int eventError = 0;
+    int reportError = 0;
+    std::function<void()> onReport = [] {};   ///< runs within each report
+    std::function<void()> whileWaits = [] {}; ///< runs while the service waits for its stop event
+
+    void (*handler)(std::uint32_t) = nullptr;
+    Rows reports; ///< the fields in their order
+    std::vector<std::string> debugTexts;
+    int stopEventSet = 0;
+    bool stopEventClosed = false;
+};
+
+ServiceControlFake control; // the one of the running test
+std::string logRoot;        // the folder of the maker's logs in the running test
+} // namespace
+
+namespace Zelkor::Discovery::Client::Platform
+{
+std::string LogRoot()
+{
+    return logRoot;
+}
+
+int RunService(const char*, void (*entry)())
+{
+    entry();
+    return 0;
+}
+
+bool RegisterControlHandler(const char*, void (*handler)(std::uint32_t))
+{
+    control.handler = handler;
+    return !control.refusesHandler;
+}
+
+int ReportServiceStatus(const ServiceStatus& status)
+{
+    control.reports.push_back({status.serviceType, status.currentState, status.controlsAccepted, status.exitCode,
+                               status.serviceSpecificExitCode, status.checkPoint, status.waitHint});
+    control.onReport();
+    return control.reportError;
+}
+
+int CreateStopEvent()
+{
+    return control.eventError;
+}
+
+void SetStopEvent()
+{
+    ++control.stopEventSet;
+}
+
+void WaitForStopEvent()
+{
+    control.whileWaits();
+}
+
+void CloseStopEvent()
+{
+    control.stopEventClosed = true;
+}
+
+void WriteDebugText(const char* text)
+{
+    control.debugTexts.emplace_back(text);
+}
+} // namespace Zelkor::Discovery::Client::Platform
+
+namespace
+{
 const std::vector<std::uint32_t> Entry = {16, 2, 0, 0, 0, 0, 0};
 const std::vector<std::uint32_t> Started = {16, 4, 5, 0, 0, 0, 0};
 const std::vector<std::uint32_t> Stopping = {16, 3, 0, 0, 0, 4, 0};
 const std::vector<std::uint32_t> Stopped = {16, 1, 0, 0, 0, 3, 0};
 
 /// The real client runs in these tests, so they have a network of their own.
-class DiscoveryClientServiceTests : public testing::Test
+class DiscoveryClientServiceTests : public IsolatedTest<NetworkNamespace>
 {
 protected:
     void SetUp() override
     {
-        if (!network.IsEntered())
-        {
-            GTEST_SKIP() << "the system refuses network namespaces";
-        }
         control = ServiceControlFake();
         control.whileWaits = [] { control.handler(1); };
         logRoot = folders.LogFile().parent_path().parent_path().parent_path();
@@ -42,30 +116,10 @@ protected:
     }
 
     HostFolders folders;
-
-private:
-    NetworkNamespace network;
 };
 } // namespace
 
-TEST_F(DiscoveryClientServiceTests, StopAndShutdownTakeTheSameRoad)
-{
-    for (const std::uint32_t code : {1u, 5u})
-    {
-        SCOPED_TRACE(code);
-        control = ServiceControlFake();
-        control.whileWaits = [code] { control.handler(code); };
-
-        EXPECT_EQ(0, DiscoveryClientService::Run());
-
-        EXPECT_EQ((Rows{Entry, Started, Stopping, Stopped}), control.reports);
-        EXPECT_EQ(1, control.stopEventSet);
-        EXPECT_TRUE(control.stopEventClosed);
-        EXPECT_TRUE(control.debugTexts.empty());
-    }
-}
-
-TEST_F(DiscoveryClientServiceTests, OnlyTheFirstStopOfARunningServiceCounts)
+TEST_F(DiscoveryClientServiceTests, OnlyTheFirstStopOrShutdownOfARunningServiceCounts)
 {
     control.onReport = []
     {
@@ -85,10 +139,12 @@ TEST_F(DiscoveryClientServiceTests, OnlyTheFirstStopOfARunningServiceCounts)
         control.handler(1);
     };
 
-    DiscoveryClientService::Run();
+    EXPECT_EQ(0, DiscoveryClientService::Run());
 
     EXPECT_EQ((Rows{Entry, Started, Stopping, Stopped}), control.reports);
     EXPECT_EQ(1, control.stopEventSet);
+    EXPECT_TRUE(control.stopEventClosed);
+    EXPECT_TRUE(control.debugTexts.empty());
 }
 
 TEST_F(DiscoveryClientServiceTests, ARefusedHandlerOrEventEndsTheServiceBeforeTheClient)
