@@ -18,7 +18,8 @@ long LiveBlocks()
 }
 } // namespace Zelkor::Discovery
 
-// The library's other forms, those of arrays among them, call these.
+// The library's other forms, those of arrays among them, call these. A sanitizer's forms for arrays don't: they are not
+// counted there.
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
