@@ -80,29 +80,32 @@ TEST_F(DiscoveryClientMessageParserTests, TypeTargetAndKindOfDeliveryDecideWhatI
 {
     const std::string alone = R"(,"Broadcast":"False","NewHostName":"X")";
     const std::string host = R"(,"Host":{"HostName":"","DeviceType":"","NICs":[],"Products":[]})";
+    const char* const signature = "S MessageParser: Message type : SendYourSignature";
+    const char* const hostName = "S MessageParser: Message type : ChangeYourHostName";
+    const char* const config = "S MessageParser: Message type : ChangeYourIPConfig";
+    const char* const notForMe = "D MessageParser: Message not for me : ignoring";
+    const char* const badFormat = "E MessageParser: Message dropped : bad format !";
+    const std::string toForeign = R"(,"NewNICConfigs":[)" + NIC(Foreign) + ']';
+    const std::string toBoth = R"(,"NewNICConfigs":[)" + NIC(Foreign) + ',' + NIC(Own) + ']';
     using Row = std::tuple<std::string, const char*, const char*>;
     const Row rows[] = {
-        {Text("AllSendYourSignature", ""), "0 255.255.255.255", "S MessageParser: Message type : SendYourSignature"},
-        {Text("AllSendYourSignature", alone), "0 10.0.0.9", "S MessageParser: Message type : SendYourSignature"},
-        {Text("SendYourSignature", alone), "0 10.0.0.9", "S MessageParser: Message type : SendYourSignature"},
-        {Text("SendYourSignature", Targeted(Own)), "0 255.255.255.255",
-         "S MessageParser: Message type : SendYourSignature"},
-        {Text("SendYourSignature", Targeted(Foreign)), "", "D MessageParser: Message not for me : ignoring"},
-        {Text("ChangeYourHostName", alone), "3 10.0.0.9", "S MessageParser: Message type : ChangeYourHostName"},
-        {Text("ChangeYourHostName", Targeted(Own)), "3 255.255.255.255",
-         "S MessageParser: Message type : ChangeYourHostName"},
-        {Text("ChangeYourHostName", Targeted(Foreign)), "", "D MessageParser: Message not for me : ignoring"},
-        {Text("ChangeYourIPConfig", alone + R"(,"NewNICConfigs":[)" + NIC(Foreign) + ',' + NIC(Own) + ']'),
-         "2 10.0.0.9", "S MessageParser: Message type : ChangeYourIPConfig"},
-        {Text("ChangeYourIPConfig", alone + R"(,"NewNICConfigs":[)" + NIC(Foreign) + ']'), "",
-         "D MessageParser: Message not for me : ignoring"},
-        {Text("ChangeYourIPConfig", R"(,"NewNICConfigs":[])"), "", "D MessageParser: Message not for me : ignoring"},
-        {Text("Hello", alone + host), "", "D MessageParser: Message not for me : ignoring"},
-        {Text("Bye", alone + host), "", "D MessageParser: Message not for me : ignoring"},
-        {Text("SignatureBroadcast", alone + host), "", "D MessageParser: Message not for me : ignoring"},
-        {"no JSON", "", "E MessageParser: Message dropped : bad format !"},
-        {Text("Unknown", ""), "", "E MessageParser: Message dropped : bad format !"},
-        {Text("SendYourSignature", "", "1.x"), "", "E MessageParser: Message dropped : bad format !"},
+        {Text("AllSendYourSignature", ""), "0 255.255.255.255", signature},
+        {Text("AllSendYourSignature", alone), "0 10.0.0.9", signature},
+        {Text("SendYourSignature", alone), "0 10.0.0.9", signature},
+        {Text("SendYourSignature", Targeted(Own)), "0 255.255.255.255", signature},
+        {Text("SendYourSignature", Targeted(Foreign)), "", notForMe},
+        {Text("ChangeYourHostName", alone), "3 10.0.0.9", hostName},
+        {Text("ChangeYourHostName", Targeted(Own)), "3 255.255.255.255", hostName},
+        {Text("ChangeYourHostName", Targeted(Foreign)), "", notForMe},
+        {Text("ChangeYourIPConfig", alone + toBoth), "2 10.0.0.9", config},
+        {Text("ChangeYourIPConfig", alone + toForeign), "", notForMe},
+        {Text("ChangeYourIPConfig", R"(,"NewNICConfigs":[])"), "", notForMe},
+        {Text("Hello", alone + host), "", notForMe},
+        {Text("Bye", alone + host), "", notForMe},
+        {Text("SignatureBroadcast", alone + host), "", notForMe},
+        {"no JSON", "", badFormat},
+        {Text("Unknown", ""), "", badFormat},
+        {Text("SendYourSignature", "", "1.x"), "", badFormat},
     };
     for (const auto& [text, task, lastRow] : rows)
     {

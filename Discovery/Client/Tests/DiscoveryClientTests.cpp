@@ -1,4 +1,5 @@
 #include "FakeGateway.h"
+#include "FakeSocket.h"
 
 #include <Discovery/Client/DiscoveryClient.h>
 #include <Discovery/Protocol/Tests/LogRecorder.h>
@@ -12,7 +13,6 @@
 namespace Zelkor::Discovery::Client
 {
 using Tesmo::Sp;
-using Tesmo::Up;
 using Tesmo::System::EventArgs;
 
 namespace
@@ -32,18 +32,6 @@ public:
     std::atomic<int> local = 12900;
 };
 
-/// Takes what goes to everybody in place of the network.
-class Provider : public IBroadcastProvider
-{
-public:
-    void Send(const Up<unsigned char[]>& bytes, int size) override
-    {
-        const std::string text(bytes.Get(), bytes.Get() + size);
-        types += text.substr(25, text.find('"', 25) - 25) + ";"; // behind {"DiscoveryMessageType":"
-    }
-    std::string types;
-};
-
 std::string Join(const Rows& rows, const std::string& part)
 {
     std::string joined;
@@ -61,7 +49,7 @@ protected:
     DiscoveryClientTests()
         : gateway(new FakeGateway),
           ports(new Ports),
-          provider(new Provider),
+          provider(new FakeProvider),
           client(std::make_unique<DiscoveryClient>(gateway, ports))
     {
         gateway->host.AddNIC(FakeGateway::MakeNIC("1", "127.0.0.1"));
@@ -81,33 +69,28 @@ protected:
 
     Sp<FakeGateway> gateway;
     Sp<Ports> ports;
-    Sp<Provider> provider;
+    Sp<FakeProvider> provider;
     std::unique_ptr<DiscoveryClient> client;
 };
 
-TEST_F(DiscoveryClientTests, StopBeforeStartChangesNothing)
+TEST_F(DiscoveryClientTests, AStartOrAStopInTheWrongStateIsAborted)
 {
     client->Stop();
-    EXPECT_EQ((Rows{"C Discovery Client: Stopping Discovery Client service",
-                    "C Discovery Client: Client's current state : Unstarted ! -> Stopping aborted."}),
-              log.Take());
+    EXPECT_EQ("Discovery Client: Stopping Discovery Client service\n"
+              "Discovery Client: Client's current state : Unstarted ! -> Stopping aborted.\n",
+              Join(log.Take(), ""));
     EXPECT_EQ(ClientState::Unstarted, client->State());
-}
-
-TEST_F(DiscoveryClientTests, ARunningClientSaysHelloOnceAndIsNotStartedAgain)
-{
     client->Start();
     EXPECT_EQ(ClientState::Running, client->State());
-    ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
     log.Take();
     client->Start();
     EXPECT_EQ("Discovery Client: Starting Discovery Client service (1.0.23)\n"
               "Discovery Client: Client's current state : Running ! -> Starting aborted.\n",
               Join(log.Take(), " Discovery Client: "));
-    gateway->changes.Release();
-    ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
     client->Stop();
-    EXPECT_EQ("Hello;SignatureBroadcast;Bye;", provider->types);
+    EXPECT_EQ(ClientState::Stopped, client->State());
+    client->Stop();
+    EXPECT_EQ("C Discovery Client: Client's current state : Stopped ! -> Stopping aborted.", log.Take().back());
 }
 
 TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
@@ -115,8 +98,9 @@ TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
     client->Start();
     ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
     log.Take();
+    gateway->changes.Release();
+    ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
     client->Stop();
-    EXPECT_EQ(ClientState::Stopped, client->State());
     const Rows rows = log.Take();
     EXPECT_EQ("Discovery Client: Stopping Discovery Client service\n"
               "IPChangeWatcher: Stopping IPChangeWatcher\n"
@@ -127,31 +111,10 @@ TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
     EXPECT_EQ("C Discovery Client: Discovery Client service stopped", rows.back());
     EXPECT_EQ("S ClientTaskProcessor: Message sent", rows[rows.size() - 2]);
     EXPECT_EQ("", Join(rows, "restart"));
-    client->Stop();
-    EXPECT_EQ("C Discovery Client: Client's current state : Stopped ! -> Stopping aborted.", log.Take().back());
+    EXPECT_EQ("Hello;SignatureBroadcast;Bye;", provider->types);
 }
 
-TEST_F(DiscoveryClientTests, AStartAfterAStopBuildsEverythingAnew)
-{
-    Silence();
-    client->Start();
-    ASSERT_TRUE(gateway->watching.WaitOne(10000)); // else the cancel of the stop ends the next wait
-    client->Stop();
-    log.Take();
-    client->Start();
-    for (const char* row :
-         {"C ClientTaskProcessor: ---Waiting for tasks...", "C MessageParser: ---Waiting for messages...",
-          "C Receiver: ---Listening...", "C IPChangeWatcher: ---Waiting for IP changes..."})
-    {
-        EXPECT_TRUE(log.WaitFor(row)) << row;
-    }
-    EXPECT_EQ("Discovery Client: SendHelloMessage aborted : exception caught during call to "
-              "IDiscoveryClientDataGateway::GetHost !\n",
-              Join(log.Take(), "aborted"));
-    EXPECT_EQ(ClientState::Running, client->State());
-}
-
-TEST_F(DiscoveryClientTests, SeveralRequestsMakeOneRestart)
+TEST_F(DiscoveryClientTests, SeveralRequestsMakeOneRestartWhichBuildsEverythingAnew)
 {
     Silence();
     client->Start();
@@ -162,11 +125,19 @@ TEST_F(DiscoveryClientTests, SeveralRequestsMakeOneRestart)
     Restart();
     second.join();
     gateway->mayRead.Set();
-    ASSERT_TRUE(log.WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+    for (const char* row :
+         {"C ClientTaskProcessor: ---Waiting for tasks...", "C MessageParser: ---Waiting for messages...",
+          "C Receiver: ---Listening...", "C IPChangeWatcher: ---Waiting for IP changes..."})
+    {
+        EXPECT_TRUE(log.WaitFor(row)) << row;
+    }
     client.reset(); // waits for the end of the restart
     const Rows rows = log.Take();
     EXPECT_EQ(1, std::count(rows.begin(), rows.end(), "C Discovery Client: Asynchronous restart triggered"));
     EXPECT_EQ(2, std::count(rows.begin(), rows.end(), "C Discovery Client: Discovery Client service stopped"));
+    EXPECT_EQ("Discovery Client: SendHelloMessage aborted : exception caught during call to "
+              "IDiscoveryClientDataGateway::GetHost !\n",
+              Join(rows, "SendHelloMessage"));
 }
 
 TEST_F(DiscoveryClientTests, AFailedRestartLeavesTheClientDownWithoutARow)

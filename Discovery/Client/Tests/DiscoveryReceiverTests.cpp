@@ -1,3 +1,4 @@
+#include "FakeParser.h"
 #include "FakeSocket.h"
 
 #include <Discovery/Client/DiscoveryReceiver.h>
@@ -9,47 +10,19 @@ namespace Zelkor::Discovery
 {
 using namespace Tesmo;
 using namespace Tesmo::System;
-using Net::IPAddress;
 using Threading::Semaphore;
-
-namespace
-{
-class Parser : public DiscoveryMessageParser
-{
-public:
-    ~Parser() override
-    {
-        EndThread();
-    }
-    std::vector<std::string> texts;
-    std::string sender;
-    Semaphore received{0, 100};
-
-protected:
-    void ProcessMessage(const String& text, const IPAddress& address) override
-    {
-        texts.push_back(text.Utf8());
-        sender = address.ToString().Utf8();
-        received.Release();
-    }
-};
-} // namespace
 
 class DiscoveryReceiverTests : public LogTest
 {
 protected:
-    DiscoveryReceiverTests() : socket(new FakeSocket), parser(new Parser), receiver(socket, parser)
+    DiscoveryReceiverTests() : socket(new FakeSocket), parser(new FakeParser), receiver(socket, parser)
     {
         DiscoveryReceiver::MessageSize = 2048;
         receiver.RestartRequested += EventHandler(*this, &DiscoveryReceiverTests::Count);
     }
-    ~DiscoveryReceiverTests() override
-    {
-        DiscoveryReceiver::MessageSize = 2048;
-    }
 
     Sp<FakeSocket> socket;
-    Sp<Parser> parser;
+    Sp<FakeParser> parser;
     DiscoveryReceiver receiver;
     Semaphore restarts{0, 100};
 
@@ -65,9 +38,9 @@ TEST_F(DiscoveryReceiverTests, EachByteOfTheBufferBecomesACharacter)
     parser->Start();
     receiver.Start();
     socket->Deliver("{\x81}");
-    ASSERT_TRUE(parser->received.WaitOne(10000));
+    ASSERT_TRUE(parser->entered.WaitOne(10000));
     socket->Deliver("");
-    ASSERT_TRUE(parser->received.WaitOne(10000));
+    ASSERT_TRUE(parser->entered.WaitOne(10000));
     receiver.Stop();
     parser->Stop();
     EXPECT_EQ("{\xC2\x81}" + std::string(2045, '\0'), parser->texts[0]);

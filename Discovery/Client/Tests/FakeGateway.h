@@ -38,10 +38,7 @@ public:
         }
         return addresses;
     }
-    Tesmo::Sp<NICList> GetNICConfigs() override
-    {
-        return host.NICs;
-    }
+    MOCK_METHOD(Tesmo::Sp<NICList>, GetNICConfigs, (), (override));
     MOCK_METHOD(Tesmo::Sp<ProductList>, GetProducts, (), (override));
     MOCK_METHOD(Tesmo::Sp<FileTransferInfos>, GetFileTransferInfos, (), (override));
     MOCK_METHOD(Tesmo::System::String, GetHostName, (), (override));

@@ -3,6 +3,7 @@
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/ObjectClosedException.h>
 #include <Core/System/Threading/Semaphore.h>
+#include <Discovery/Client/IBroadcastProvider.h>
 #include <Discovery/Transport/IDiscoverySocketFactory.h>
 #include <gmock/gmock.h>
 
@@ -13,6 +14,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,12 +44,12 @@ public:
     /// The next Receive gives this datagram.
     void Deliver(const std::string& text)
     {
-        Push({text, 0, false});
+        Push({text, {}});
     }
     /// The next Receive fails.
     void Fail(int code)
     {
-        Push({"", code, true});
+        Push({"", code});
     }
 
     MOCK_METHOD(Tesmo::Sp<Tesmo::System::Net::Sockets::Socket>, GetSocket, (), (override));
@@ -58,9 +60,9 @@ public:
         const Input next = inputs.front();
         inputs.pop_front();
         lastSize = size;
-        if (next.isFailure)
+        if (next.failure)
         {
-            ThrowFailure(next.code);
+            ThrowFailure(*next.failure);
         }
         std::copy(next.text.begin(), next.text.end(), buffer.Get());
         endpoint = Tesmo::System::Net::IPEndPoint(Tesmo::System::Net::IPAddress(10, 0, 0, 9), 12001);
@@ -89,10 +91,7 @@ public:
             Fail(Tesmo::System::Net::Sockets::SocketError::Shutdown);
         }
     }
-    bool IsShutDown() const override
-    {
-        return shutDown;
-    }
+    MOCK_METHOD(bool, IsShutDown, (), (const, override));
     void Close() override
     {
         beforeClose();
@@ -119,8 +118,7 @@ private:
     struct Input
     {
         std::string text;
-        int code;
-        bool isFailure;
+        std::optional<int> failure;
     };
 
     void Push(const Input& next)
@@ -157,5 +155,23 @@ public:
 
     std::map<std::string, Tesmo::Sp<FakeSocket>> sockets;
     std::string refused;
+};
+
+/// Takes what goes to everybody in place of the network, and keeps the types of the messages.
+class FakeProvider : public IBroadcastProvider
+{
+public:
+    void Send(const Tesmo::Up<unsigned char[]>& bytes, int size) override
+    {
+        const std::string text(bytes.Get(), bytes.Get() + size);
+        types += text.substr(25, text.find('"', 25) - 25) + ";"; // behind {"DiscoveryMessageType":"
+        if (failure != 0)
+        {
+            ThrowFailure(failure);
+        }
+    }
+
+    std::string types;
+    int failure = 0;
 };
 } // namespace Zelkor::Discovery
