@@ -18,11 +18,14 @@ protected:
               "\"*) exit 1; esac\\n' >/usr/sbin/nmcli; chmod +x /usr/sbin/nmcli");
     }
 
-    static void AddAdapterWithAddressSetByHand(const std::string& name)
+    /// Before the manager starts: a running one may see the adapter without its address first, and leaves it alone then.
+    void AddAdapterWithAddressSetByHand(const std::string& name)
     {
+        managed->Stop();
         AddAdapter(name);
-        Shell("ip addr add 10.8.0.1/24 dev " + name + "; n=0; until nmcli device show " + name +
-              " | grep -q externally; do n=$((n + 1)); [ $n -lt 100 ]; sleep .1; done");
+        Shell("ip addr add 10.8.0.1/24 dev " + name);
+        managed->Start();
+        Shell("nmcli device show " + name + " | grep -q externally");
     }
 };
 
