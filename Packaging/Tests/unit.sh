@@ -101,6 +101,17 @@ check_hook()
     expect 'what a hook started outlives the service' guest pkill --full 'sleep 4711'
 }
 
+# It is ended when the time for the change is over, and nothing of it stays behind; the former address is back.
+check_hanging_hook()
+{
+    printf '#!/bin/sh\n[ -e /run/hung ] || { touch /run/hung; sleep 4712; }\n' >"$layer/etc/network/if-up.d/daemon"
+    request ipconfig "$(guest cat /sys/class/net/v0/address)" 10.9.0.78 255.255.255.0 10.9.0.2
+    expect 'a hanging hook makes the change fail' wait_for 40 grep -q 'SetIPAddresses failed' \
+        "$layer/var/log/Zelkor/Discovery/DiscoveryClient/DiscoveryClient.log"
+    ! guest pgrep --full 'sleep 4712' || expect 'what hung is ended' false
+    expect 'the former address is back' has_only 10.9.0.77
+}
+
 # The stop waits for the change, and the programs that make it are not ended before.
 check_stop_amid_change()
 {
@@ -131,6 +142,7 @@ check_memory
 check_address
 if [ "$manager" = ifupdown ]; then
     check_hook
+    check_hanging_hook
     check_stop_amid_change
     check_sources
     check_restart
