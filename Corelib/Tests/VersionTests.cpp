@@ -45,6 +45,7 @@ TEST(VersionTests, TheFirstDifferenceDecides)
         {
             const auto order = &left - &right;
             EXPECT_EQ(order < 0, left.CompareTo(right) < 0) << left.ToString().Utf8() << " " << right.ToString().Utf8();
+            EXPECT_EQ(order == 0, left == right);
             EXPECT_EQ(order == 0, left.Equals(right));
         }
     }
