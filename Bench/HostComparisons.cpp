@@ -1,11 +1,10 @@
 #include "Benchmarks.h"
 #include "RatioReporter.h"
 
-#include "../Tests/Lan/NetworkNamespace.h"
-
 #include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
 #include <Discovery/Gateway/DiscoveryProductPluginsController.h>
+#include <Tests/Support/NetworkNamespace.h>
 
 #include <dlfcn.h>
 #include <filesystem>
@@ -64,7 +63,7 @@ void AskSystem(const std::vector<std::string>& plugins)
 }
 
 /// Gives the host an even number of adapters, or one, each with an address.
-void AddAdapters(const Lan::NetworkNamespace& host, int adapters)
+void AddAdapters(const NetworkNamespace& host, int adapters)
 {
     const auto address = [&host](const std::string& name, int index)
     { host.Ip("addr add 10.77." + std::to_string(index) + ".2/24 dev " + name); };
@@ -86,7 +85,7 @@ template <class Round>
 void RunOn(benchmark::State& state, int adapters, Round round)
 try
 {
-    const Lan::NetworkNamespace host;
+    const NetworkNamespace host;
     AddAdapters(host, adapters);
     host.Within(
         [&]

@@ -1,10 +1,10 @@
-#include <Discovery/Gateway/Tests/IsolatedTest.h>
-#include <Discovery/Gateway/Tests/NetworkNamespace.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Service/DiscoveryClientService.h>
 #include <Service/Platform/LogRoot.h>
 #include <Service/Platform/ServiceControl.h>
 #include <Tests/Support/HostFolders.h>
+#include <Tests/Support/IsolatedTest.h>
+#include <Tests/Support/PrivateNetwork.h>
 #include <functional>
 #include <string>
 #include <vector>
@@ -97,7 +97,7 @@ const std::vector<std::uint32_t> Stopping = {16, 3, 0, 0, 0, 4, 0};
 const std::vector<std::uint32_t> Stopped = {16, 1, 0, 0, 0, 3, 0};
 
 /// The real client runs in these tests, so they have a network of their own.
-class DiscoveryClientServiceTests : public IsolatedTest<NetworkNamespace>
+class DiscoveryClientServiceTests : public IsolatedTest<PrivateNetwork>
 {
 protected:
     void SetUp() override

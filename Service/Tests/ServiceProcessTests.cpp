@@ -1,6 +1,8 @@
-#include <Discovery/Gateway/Tests/IsolatedTest.h>
-#include <Discovery/Gateway/Tests/NetworkNamespace.h>
-#include <Tests/Lan/ClientProcess.h>
+#include <Tests/Support/ClientProcess.h>
+#include <Tests/Support/Commands.h>
+#include <Tests/Support/IsolatedTest.h>
+#include <Tests/Support/NetworkNamespace.h>
+#include <Tests/Support/PrivateNetwork.h>
 #include <array>
 #include <csignal>
 #include <fstream>
@@ -69,7 +71,7 @@ bool HoldsSignalsBack(pid_t program)
     return has("SigIgn:", SIGPIPE) && has("SigBlk:", SIGTERM);
 }
 
-class ServiceProcessTests : public IsolatedTest<NetworkNamespace>
+class ServiceProcessTests : public IsolatedTest<PrivateNetwork>
 {
 protected:
     void SetUp() override
@@ -80,9 +82,9 @@ protected:
         std::signal(SIGPIPE, SIG_DFL);
     }
 
-    Lan::ClientProcess StartService() const
+    ClientProcess StartService() const
     {
-        return {Lan::NetworkNamespace::OfThisThread(), "STUDIO4", folders};
+        return {NetworkNamespace::OfThisThread(), "STUDIO4", folders};
     }
 
     NotifySocket notify; // made within the network: abstract sockets belong to one too
@@ -95,7 +97,7 @@ TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
     for (const int number : {SIGTERM, SIGINT})
     {
         SCOPED_TRACE(number);
-        Lan::ClientProcess service = StartService();
+        ClientProcess service = StartService();
         ASSERT_EQ("READY=1", notify.Hear());
 
         service.Signal(number);
@@ -108,7 +110,7 @@ TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
 
 TEST_F(ServiceProcessTests, AStopSignalDuringTheStartWaitsForItsEnd)
 {
-    Lan::ClientProcess service = StartService();
+    ClientProcess service = StartService();
     for (int waited = 0; !HoldsSignalsBack(service.Id()) && waited < Limit.count(); ++waited)
     {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

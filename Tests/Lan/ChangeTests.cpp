@@ -1,6 +1,6 @@
 #include "LanTest.h"
 
-#include <Discovery/Gateway/Tests/ManagedHost.h>
+#include <Tests/Support/ManagedHost.h>
 #include <fstream>
 
 namespace Lan

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "ClientProcess.h"
-#include "NetworkNamespace.h"
 #include "Station.h"
 
-#include <Discovery/Gateway/Tests/PrivateHost.h>
+#include <Tests/Support/ClientProcess.h>
+#include <Tests/Support/Commands.h>
+#include <Tests/Support/NetworkNamespace.h>
+#include <Tests/Support/PrivateHost.h>
 #include <gtest/gtest.h>
 
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "NetworkNamespace.h"
+#include <Tests/Support/NetworkNamespace.h>
 
 #include <cstdint>
 #include <optional>

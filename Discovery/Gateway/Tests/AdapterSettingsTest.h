@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ManagedHost.h"
-#include "PrivateHost.h"
-
 #include <Discovery/Gateway/Platform/AdapterSettings.h>
+#include <Tests/Support/Commands.h>
+#include <Tests/Support/ManagedHost.h>
+#include <Tests/Support/PrivateHost.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>

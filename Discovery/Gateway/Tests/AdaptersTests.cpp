@@ -1,7 +1,7 @@
-#include "IsolatedTest.h"
-#include "NetworkNamespace.h"
-
 #include <Discovery/Gateway/Platform/Adapters.h>
+#include <Tests/Support/Commands.h>
+#include <Tests/Support/IsolatedTest.h>
+#include <Tests/Support/PrivateNetwork.h>
 #include <algorithm>
 #include <cstring>
 #include <fcntl.h>
@@ -17,7 +17,7 @@ using Zelkor::Discovery::Platform::ReadAdapters;
 namespace
 {
 
-class AdaptersTests : public IsolatedTest<NetworkNamespace>
+class AdaptersTests : public IsolatedTest<PrivateNetwork>
 {
 protected:
     static std::map<std::string, Adapter> ReadByName()

@@ -1,8 +1,8 @@
-#include "IsolatedTest.h"
-#include "NetworkNamespace.h"
-
 #include <Discovery/Gateway/Platform/AddressChange.h>
 #include <Discovery/Gateway/Platform/Linux/AddressNotice.h>
+#include <Tests/Support/Commands.h>
+#include <Tests/Support/IsolatedTest.h>
+#include <Tests/Support/PrivateNetwork.h>
 #include <chrono>
 #include <fstream>
 #include <future>
@@ -34,7 +34,7 @@ bool HasListener()
     return false;
 }
 
-class AddressChangeTests : public IsolatedTest<NetworkNamespace>
+class AddressChangeTests : public IsolatedTest<PrivateNetwork>
 {
 protected:
     void SetUp() override

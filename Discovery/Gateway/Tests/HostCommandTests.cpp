@@ -1,6 +1,6 @@
-#include "PrivateHost.h"
-
 #include <Discovery/Gateway/Platform/Linux/HostCommand.h>
+#include <Tests/Support/Commands.h>
+#include <Tests/Support/PrivateHost.h>
 #include <gtest/gtest.h>
 #include <linux/capability.h>
 #include <sys/prctl.h>

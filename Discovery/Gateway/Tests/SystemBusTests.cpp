@@ -1,7 +1,6 @@
-#include "IsolatedTest.h"
-#include "PrivateHost.h"
-
 #include <Discovery/Gateway/Platform/Linux/SystemBus.h>
+#include <Tests/Support/IsolatedTest.h>
+#include <Tests/Support/PrivateHost.h>
 #include <sys/socket.h>
 
 using namespace std::chrono_literals;

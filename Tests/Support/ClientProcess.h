@@ -1,15 +1,12 @@
 #pragma once
 
+#include "HostFolders.h"
 #include "NetworkNamespace.h"
-
-#include <Tests/Support/HostFolders.h>
 
 #include <chrono>
 #include <string>
 #include <sys/types.h>
 
-namespace Lan
-{
 /// The real program, running in a network namespace under a host name and in folders of its own. It is killed with the
 /// object if it still runs.
 class ClientProcess
@@ -42,4 +39,3 @@ private:
     const HostFolders& folders;
     pid_t process = -1;
 };
-} // namespace Lan

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 /// A test in namespaces of its own, skipped where the system refuses them.
-/// @tparam Place  NetworkNamespace or PrivateHost
+/// @tparam Place  PrivateNetwork or PrivateHost
 template <class Place>
 class IsolatedTest : public testing::Test
 {

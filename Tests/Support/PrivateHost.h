@@ -1,6 +1,7 @@
 #pragma once
 
-#include "NetworkNamespace.h"
+#include "Descriptor.h"
+#include "PrivateNetwork.h"
 
 #include <functional>
 #include <string>
@@ -34,16 +35,13 @@ public:
     void StartService(const std::string& name, const std::vector<std::string>& arguments);
 
 private:
-    NetworkNamespace network;
-    int oldMounts;
+    PrivateNetwork network;
+    Descriptor oldMounts;
     bool left; ///< the old mounts
     bool entered;
-    int silentBus = -1;
+    Descriptor silentBus;
     std::vector<pid_t> programs;
 };
 
 /// Runs action on a thread that has no capability left, as a confined service of root's has none.
 void WithoutCapabilities(const std::function<void()>& action);
-
-/// The content of a file, empty if there is none.
-std::string ReadText(const std::string& path);

@@ -1,12 +1,11 @@
 #include "ManagedHost.h"
 
-#include "NetworkNamespace.h"
+#include "Commands.h"
 
 #include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
-#include <sys/wait.h>
 #include <unistd.h>
 
 /// How a manager is run in a test. The shell commands find an adapter in $N, its addresses in $A, its gateway in $G.
@@ -97,32 +96,15 @@ void WaitFor(const std::string& command)
 
 pid_t Launch(const std::vector<std::string>& arguments)
 {
-    std::vector<char*> words;
-    for (const std::string& argument : arguments)
-    {
-        words.push_back(const_cast<char*>(argument.c_str()));
-    }
-    words.push_back(nullptr);
     const pid_t process = fork();
     if (process == 0)
     {
         const int log = open("/run/daemons.log", O_WRONLY | O_CREAT | O_APPEND, 0666);
         dup2(log, STDOUT_FILENO);
         dup2(log, STDERR_FILENO);
-        execvp(words[0], words.data());
-        _exit(127);
+        ReplaceBy(arguments);
     }
     return process;
-}
-
-void End(pid_t& process)
-{
-    if (process > 0)
-    {
-        kill(process, SIGKILL);
-        waitpid(process, nullptr, 0);
-    }
-    process = -1;
 }
 
 } // namespace

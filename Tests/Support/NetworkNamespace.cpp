@@ -1,5 +1,7 @@
 #include "NetworkNamespace.h"
 
+#include "Commands.h"
+
 #include <exception>
 #include <fcntl.h>
 #include <sched.h>
@@ -8,10 +10,7 @@
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
-#include <utility>
 
-namespace Lan
-{
 namespace
 {
 int OpenOfThisThread()
@@ -26,22 +25,6 @@ int OpenNew()
     return number;
 }
 } // namespace
-
-Descriptor::Descriptor(Descriptor&& other) noexcept : number(std::exchange(other.number, -1)) {}
-
-Descriptor& Descriptor::operator=(Descriptor&& other) noexcept
-{
-    std::swap(number, other.number);
-    return *this;
-}
-
-Descriptor::~Descriptor()
-{
-    if (number >= 0)
-    {
-        close(number);
-    }
-}
 
 NetworkNamespace::NetworkNamespace() : NetworkNamespace(Descriptor(OpenNew()))
 {
@@ -94,18 +77,12 @@ void NetworkNamespace::Enter() const
 
 void NetworkNamespace::Run(const std::vector<std::string>& arguments) const
 {
-    std::vector<char*> words;
-    for (const std::string& argument : arguments)
-    {
-        words.push_back(const_cast<char*>(argument.c_str()));
-    }
-    words.push_back(nullptr);
     const pid_t child = fork();
     if (child == 0)
     {
         if (setns(descriptor.Number(), CLONE_NEWNET) == 0)
         {
-            execvp(words[0], words.data());
+            ReplaceBy(arguments);
         }
         _exit(127);
     }
@@ -145,4 +122,3 @@ void Connect(const NetworkNamespace& near, const std::string& nearName, const st
     near.Ip("link set " + nearName + " up");
     far.Ip("link set " + farName + " up");
 }
-} // namespace Lan

@@ -1,18 +1,18 @@
 #include "PrivateHost.h"
 
+#include "Commands.h"
+
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <linux/capability.h>
 #include <sched.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/un.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -43,18 +43,12 @@ PrivateHost::PrivateHost()
 
 PrivateHost::~PrivateHost()
 {
-    for (const pid_t program : programs)
-    {
-        kill(program, SIGKILL);
-        waitpid(program, nullptr, 0);
-    }
+    std::for_each(programs.begin(), programs.end(), End);
     if (left)
     {
         EXPECT_EQ(0, unshare(CLONE_FS)); // a thread of a sanitizer's own may share what the return needs alone
-        EXPECT_EQ(0, setns(oldMounts, CLONE_NEWNS));
+        EXPECT_EQ(0, setns(oldMounts.Number(), CLONE_NEWNS));
     }
-    close(oldMounts);
-    close(silentBus);
 }
 
 bool PrivateHost::IsEntered() const
@@ -64,18 +58,11 @@ bool PrivateHost::IsEntered() const
 
 void PrivateHost::Start(const std::vector<std::string>& arguments)
 {
-    std::vector<char*> words;
-    for (const std::string& argument : arguments)
-    {
-        words.push_back(const_cast<char*>(argument.c_str()));
-    }
-    words.push_back(nullptr);
     const pid_t program = fork();
     if (program == 0)
     {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
-        execvp(words[0], words.data());
-        _exit(127);
+        ReplaceBy(arguments);
     }
     ASSERT_GT(program, 0); // -1 would later mean every process of the machine
     programs.push_back(program);
@@ -89,10 +76,10 @@ void PrivateHost::StartBus()
 int PrivateHost::StartSilentBus()
 {
     const sockaddr_un address{AF_UNIX, "/run/dbus/system_bus_socket"};
-    silentBus = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    EXPECT_EQ(0, bind(silentBus, reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
-    EXPECT_EQ(0, listen(silentBus, SOMAXCONN));
-    return silentBus;
+    silentBus = Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    EXPECT_EQ(0, bind(silentBus.Number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
+    EXPECT_EQ(0, listen(silentBus.Number(), SOMAXCONN));
+    return silentBus.Number();
 }
 
 void PrivateHost::StartService(const std::string& name, const std::vector<std::string>& arguments)
@@ -112,10 +99,4 @@ void WithoutCapabilities(const std::function<void()>& action)
             action();
         })
         .join();
-}
-
-std::string ReadText(const std::string& path)
-{
-    std::ifstream stream(path);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }

@@ -1,23 +1,24 @@
 #include "ClientProcess.h"
 
+#include "Commands.h"
+
 #include <csignal>
 #include <sched.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
-namespace Lan
-{
 namespace
 {
 using namespace std::chrono_literals;
 
-void ReplaceByProgram(const NetworkNamespace& network, const std::string& hostName, const HostFolders& folders)
+/// @attention runs in a forked process, which an exception must not leave
+void ReplaceByProgram(const NetworkNamespace& network, const std::string& hostName, const HostFolders& folders) noexcept
 {
     network.Enter();
     if (unshare(CLONE_NEWUTS) == 0 && sethostname(hostName.data(), hostName.size()) == 0 && folders.Enter())
     {
-        execl(DISCOVERY_CLIENT, DISCOVERY_CLIENT, static_cast<char*>(nullptr));
+        ReplaceBy({DISCOVERY_CLIENT});
     }
     _exit(127);
 }
@@ -35,11 +36,7 @@ ClientProcess::ClientProcess(const NetworkNamespace& network, const std::string&
 
 ClientProcess::~ClientProcess()
 {
-    if (process > 0)
-    {
-        kill(process, SIGKILL);
-        waitpid(process, nullptr, 0);
-    }
+    End(process);
 }
 
 std::string ClientProcess::Log() const
@@ -96,4 +93,3 @@ int ClientProcess::ExitCode(std::chrono::milliseconds limit)
     process = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
-} // namespace Lan

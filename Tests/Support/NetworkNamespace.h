@@ -1,29 +1,10 @@
 #pragma once
 
+#include "Descriptor.h"
+
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
-
-namespace Lan
-{
-/// A file descriptor that closes itself.
-class Descriptor
-{
-public:
-    explicit Descriptor(int opened = -1) : number(opened) {}
-    Descriptor(Descriptor&& other) noexcept;
-    Descriptor& operator=(Descriptor&& other) noexcept;
-    ~Descriptor();
-
-    int Number() const
-    {
-        return number;
-    }
-
-private:
-    int number;
-};
 
 /// A network of its own with loopback up: one host of a test LAN. It ends with the object.
 class NetworkNamespace
@@ -60,4 +41,3 @@ private:
 /// hardware address.
 void Connect(const NetworkNamespace& near, const std::string& nearName, const std::string& nearMac,
              const NetworkNamespace& far, const std::string& farName);
-} // namespace Lan

@@ -1,0 +1,42 @@
+#include "Commands.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <sys/wait.h>
+#include <unistd.h>
+
+void Shell(const std::string& commands)
+{
+    ASSERT_EQ(0, std::system(("set -e; " + commands).c_str())) << commands;
+}
+
+void ReplaceBy(const std::vector<std::string>& arguments)
+{
+    std::vector<char*> words;
+    for (const std::string& argument : arguments)
+    {
+        words.push_back(const_cast<char*>(argument.c_str()));
+    }
+    words.push_back(nullptr);
+    execvp(words[0], words.data());
+    _exit(127);
+}
+
+void End(pid_t& process)
+{
+    if (process > 0) // -1 would mean every process of the machine
+    {
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0);
+    }
+    process = -1;
+}
+
+std::string ReadText(const std::string& path)
+{
+    std::ifstream stream(path);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
