@@ -25,7 +25,7 @@ int DisableAddressProbes(const AdapterSettings& settings);
 /// in the new subnet fails before anything is changed.
 /// An adapter without a cable may get its addresses only with one: then the manager has taken them.
 /// @param remark  receives what an operator should know, in one line of ASCII: on failure the reason, on success that the
-///                setting doesn't outlast a reboot or waits for a cable; else empty
+///                setting doesn't outlast a reboot or waits for a cable, or which VLANs did not come up again; else empty
 /// @returns 0, or a failure: the platform's code where it gives one
 int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark);
 
