@@ -60,6 +60,16 @@ bool RunIsolated(const std::string& commands, const std::function<void()>& work)
     return isolated;
 }
 
+/// True for a select that finds nothing and takes all of its time.
+bool WaitsInVain(SelectEntry entry)
+{
+    constexpr std::chrono::microseconds wait = 200ms;
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(0, SelectSockets(&entry, 1, wait.count()));
+    EXPECT_FALSE(entry.read || entry.write || entry.error);
+    return std::chrono::steady_clock::now() - start >= wait;
+}
+
 /// Announces from a socket bound to no address, where there is no route, and expects the sender's address.
 void ExpectBroadcastFrom(const unsigned char (&expected)[4])
 {
@@ -89,6 +99,43 @@ TEST_F(NativeSocketsLinuxTests, AClosedPortIsToldOnceOnALaterReceiveAndCostsNoSe
     EXPECT_EQ(SocketConnectionReset, one.Receive());
     EXPECT_EQ(0, one.Receive());
     EXPECT_EQ("answer", one.text);
+}
+
+TEST_F(NativeSocketsLinuxTests, SelectFindsWhatAReceiveWouldTell)
+{
+    SelectEntry entry = {one.socket, true, false, true};
+    ASSERT_EQ(0, one.SendTo(closed, "nobody there"));
+    ASSERT_EQ(0, SelectSockets(&entry, 1, 10'000'000));
+    EXPECT_TRUE(entry.read && !entry.error); // the report waits in the kernel
+
+    ASSERT_EQ(0, one.SendTo(two.local, "takes the report out"));
+    ASSERT_EQ(0, SelectSockets(&entry, 1, 0));
+    EXPECT_TRUE(entry.read);
+    EXPECT_EQ(SocketConnectionReset, one.Receive());
+    ASSERT_EQ(0, SelectSockets(&entry, 1, 0));
+    EXPECT_FALSE(entry.read);
+}
+
+TEST_F(NativeSocketsLinuxTests, SelectGoesOnWaitingAfterWhatNobodyAskedFor)
+{
+    ASSERT_EQ(0, one.SendTo(closed, "nobody there"));
+    EXPECT_TRUE(WaitsInVain({one.socket, false, false, true})) << "the report of a closed port is no error";
+    ASSERT_EQ(0, ShutdownSocket(*two.socket, 2));
+    EXPECT_TRUE(WaitsInVain({two.socket, false, false, true})) << "nor is the end";
+
+    const char* const lan = "ip link set lo up && ip link add lan1 type veth peer name lan2 && ip link set lan2 up && "
+                            "ip address add 10.77.0.5/24 dev lan1 && ip link set lan1 up && "
+                            "ip ntable change name arp_cache dev lan1 retrans 5 mcast_probes 1";
+    const auto askNobody = []
+    {
+        NativeTestSocket asking(0);
+        ASSERT_EQ(0, asking.SendTo({2, 0, 1, 1, 10, 77, 0, 9}, "is told as unreachable after 5 milliseconds"));
+        EXPECT_TRUE(WaitsInVain({asking.socket, true, false, false}));
+    };
+    if (!RunIsolated(lan, askNobody))
+    {
+        GTEST_SKIP() << "no network namespace of our own is to be had";
+    }
 }
 
 TEST_F(NativeSocketsLinuxTests, AClosedPortWakesAReceiverThatIsBlocked)

@@ -158,6 +158,23 @@ TEST(NativeSocketsTests, FailuresCarryWindowsNumbers)
     EXPECT_EQ(SocketTimedOut, one.Receive());
 }
 
+TEST(NativeSocketsTests, ASocketWithoutAPortReceivesNothing)
+{
+    NativeSocket* socket = nullptr;
+    NativeTestSocket::Address address = {};
+    int size = 0;
+    int received = 0;
+    unsigned char byte = 0;
+    const int milliseconds = 10;
+    ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeDatagram, 17, socket));
+    ASSERT_EQ(0, SetSocketOption(*socket, 65535, 4102, &milliseconds, sizeof(milliseconds)));
+    EXPECT_EQ(SocketInvalidArgument, ReceiveSocket(*socket, &byte, 1, 0, address, size, received));
+    const NativeTestSocket other;
+    EXPECT_EQ(0, SendSocket(*socket, &byte, 1, 0, other.local, 16, size)); // binds it
+    EXPECT_EQ(SocketTimedOut, ReceiveSocket(*socket, &byte, 1, 0, address, size, received));
+    FreeSocket(socket);
+}
+
 TEST(NativeSocketsTests, CloseWakesABlockedAccept)
 {
     NativeSocket* listener = nullptr;

@@ -29,6 +29,8 @@ struct NativeSocket
     std::atomic<bool> blocking = true;
     /// A report of a closed port that a send came upon; the next receive tells it.
     std::atomic<bool> portUnreachable = false;
+    /// Known to have a local port; the kernel is asked while it is not.
+    std::atomic<bool> hasPort = false;
     SocketState state;
 };
 
@@ -40,6 +42,11 @@ inline void LeaveSocket(NativeSocket& socket)
         ::close(socket.descriptor);
     }
 }
+
+/// Empties the queue of reports, which otherwise uses up the receive buffer, and keeps what is to be told of it: that
+/// a port was closed. An unreachable host or network is no news that Windows gives to a datagram socket.
+/// @returns true when there was one
+bool DrainReports(NativeSocket& socket);
 
 /// Stands for one call under way.
 class Call
@@ -129,6 +136,11 @@ public:
     bool IsAnyIPv4() const
     {
         return storage.ss_family == AF_INET && IPv4() == INADDR_ANY;
+    }
+
+    bool HasPort() const
+    {
+        return reinterpret_cast<const sockaddr_in*>(&storage)->sin_port != 0; // that of IPv6 lies in the same place
     }
 
     socklen_t length = 0;

@@ -48,30 +48,6 @@ bool TellsOfClosedPort(msghdr& message)
     return false;
 }
 
-/// Empties the queue of reports, which otherwise uses up the receive buffer, and keeps what is to be told of it: that
-/// a port was closed. An unreachable host or network is no news that Windows gives to a datagram socket.
-/// @returns true when there was one
-bool DrainReports(NativeSocket& socket)
-{
-    int count = 0;
-    for (; count < MaxReportsAtOnce; ++count)
-    {
-        alignas(cmsghdr) unsigned char control[256];
-        msghdr message = {};
-        message.msg_control = control;
-        message.msg_controllen = sizeof(control);
-        if (::recvmsg(socket.descriptor, &message, MSG_ERRQUEUE | MSG_DONTWAIT) < 0)
-        {
-            break;
-        }
-        if (TellsOfClosedPort(message))
-        {
-            socket.portUnreachable = true;
-        }
-    }
-    return count > 0;
-}
-
 bool TakePortUnreachable(NativeSocket& socket)
 {
     return socket.portUnreachable.load() && socket.portUnreachable.exchange(false);
@@ -119,6 +95,16 @@ BroadcastInterface FindBroadcastInterface()
         }
     }
     return best;
+}
+
+bool HasPort(NativeSocket& socket)
+{
+    NativeAddress bound;
+    if (!socket.hasPort && ::getsockname(socket.descriptor, bound.Receiver(), &bound.length) == 0)
+    {
+        socket.hasPort = bound.HasPort();
+    }
+    return socket.hasPort;
 }
 
 bool IsBoundToNoAddress(const NativeSocket& socket)
@@ -181,6 +167,27 @@ int SendErrorOf(const NativeSocket& socket, int error)
 }
 } // namespace
 
+bool DrainReports(NativeSocket& socket)
+{
+    int count = 0;
+    for (; count < MaxReportsAtOnce; ++count)
+    {
+        alignas(cmsghdr) unsigned char control[256];
+        msghdr message = {};
+        message.msg_control = control;
+        message.msg_controllen = sizeof(control);
+        if (::recvmsg(socket.descriptor, &message, MSG_ERRQUEUE | MSG_DONTWAIT) < 0)
+        {
+            break;
+        }
+        if (TellsOfClosedPort(message))
+        {
+            socket.portUnreachable = true;
+        }
+    }
+    return count > 0;
+}
+
 int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int flags, const unsigned char* address,
                int addressSize, int& sent)
 {
@@ -225,6 +232,10 @@ int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int fla
     if (call.Refused() || (flags & ~allowed) != 0)
     {
         return call.Refused() ? SocketNotSocket : SocketNotSupported;
+    }
+    if (socket.datagram && call.End(ReceivingDirection) == 0 && !HasPort(socket))
+    {
+        return SocketInvalidArgument; // nothing can come; the kernel would wait for ever
     }
     for (;;)
     {

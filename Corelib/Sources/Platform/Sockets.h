@@ -98,7 +98,7 @@ int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int fl
                int addressSize, int& sent);
 
 /// Receives one datagram, or bytes of a stream. Blocks without a limit unless the socket has a time-out (10060) or
-/// does not block (10035).
+/// does not block (10035). A datagram socket without a local port gives 10022: it gets one by a bind or its first send.
 /// @param flags        1 out of band, 2 leave the data queued; other bits fail with SocketNotSupported
 /// @param address      receives the sender's address
 /// @param addressSize  receives its length in bytes, 0 for a stream
@@ -130,7 +130,8 @@ struct SelectEntry
     bool error;
 };
 
-/// Waits until one of the conditions asked for holds, and clears those that do not.
+/// Waits until one of the conditions asked for holds, and clears those that do not. A closed port that the next
+/// receive would tell of makes a datagram socket readable.
 /// @param microseconds  limit, negative for none
 int SelectSockets(SelectEntry* entries, int count, int microseconds);
 } // namespace Tesmo::Platform

@@ -7,9 +7,6 @@
 #include <sys/ioctl.h>
 
 #include <cerrno>
-#include <chrono>
-#include <deque>
-#include <vector>
 
 namespace Tesmo::Platform
 {
@@ -50,27 +47,6 @@ void Prepare(const NativeSocket& socket)
         if (socket.datagram)
         {
             ::setsockopt(socket.descriptor, IPPROTO_IPV6, IPV6_RECVERR, &on, sizeof(on));
-        }
-    }
-}
-
-/// Polls until something is found or the time is over; a signal does not end the wait.
-int Await(std::vector<pollfd>& waits, int microseconds)
-{
-    using Clock = std::chrono::steady_clock;
-    const auto end = Clock::now() + std::chrono::microseconds(microseconds);
-    for (;;)
-    {
-        const auto left = std::max(end - Clock::now(), Clock::duration::zero());
-        const timespec limit = {static_cast<time_t>(left / std::chrono::seconds(1)),
-                                static_cast<long>((left % std::chrono::seconds(1)).count())};
-        if (::ppoll(waits.data(), waits.size(), microseconds < 0 ? nullptr : &limit, nullptr) >= 0)
-        {
-            return 0;
-        }
-        if (errno != EINTR)
-        {
-            return SocketErrorOf(errno);
         }
     }
 }
@@ -155,6 +131,7 @@ int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addres
     {
         return call.Refused() ? SocketNotSocket : SocketFault;
     }
+    socket.hasPort = false; // a dissolved association takes the port along that nobody had bound
     int error = ::connect(socket.descriptor, peer.Get(), peer.length) == 0 ? 0 : errno;
     if (error == EINTR)
     {
@@ -241,32 +218,5 @@ int GetSocketAddress(NativeSocket& socket, unsigned char (&address)[SocketAddres
         bound.Give(address, addressSize);
     }
     return code;
-}
-
-int SelectSockets(SelectEntry* entries, int count, int microseconds)
-{
-    std::deque<Call> calls;
-    std::vector<pollfd> waits;
-    for (SelectEntry* entry = entries; entry != entries + count; ++entry)
-    {
-        if (calls.emplace_back(*entry->socket).Refused())
-        {
-            return SocketNotSocket;
-        }
-        const int events = (entry->read ? POLLIN : 0) | (entry->write ? POLLOUT : 0) | (entry->error ? POLLPRI : 0);
-        waits.push_back({entry->socket->descriptor, static_cast<short>(events), 0});
-    }
-    if (const int code = Await(waits, microseconds); code != 0)
-    {
-        return code;
-    }
-    for (int i = 0; i < count; ++i)
-    {
-        const int found = waits[static_cast<std::size_t>(i)].revents;
-        entries[i].read = entries[i].read && (found & (POLLIN | POLLHUP | POLLERR)) != 0;
-        entries[i].write = entries[i].write && (found & (POLLOUT | POLLERR)) != 0;
-        entries[i].error = entries[i].error && (found & (POLLPRI | POLLERR)) != 0;
-    }
-    return 0;
 }
 } // namespace Tesmo::Platform
