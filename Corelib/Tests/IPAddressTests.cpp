@@ -91,14 +91,18 @@ TEST(IPAddressTests, EqualsAndHashesByValue)
     EXPECT_EQ(IPAddress(1, 2, 3, 4).GetHashCode(), IPAddress::Parse("1.2.3.4").GetHashCode());
 }
 
-TEST(IPAddressTests, OnlyIPv6HasAScope)
+TEST(IPAddressTests, OnlyIPv6HasAScopeAndOnlyIPv4ANumber)
 {
     IPAddress address = MakeIPv6(0, 1, 4294967295);
+    EXPECT_EQ(1, address.Numbers()[7]);
+    EXPECT_THROW(address.Address(1), Sockets::SocketException);
     EXPECT_EQ(4294967295, address.GetScopeId());
     address.SetScopeId(5);
     EXPECT_EQ("0:0:0:0:0:0:0:1%5", address.ToString().Utf8());
     EXPECT_THROW(address.SetScopeId(-1), ArgumentOutOfRangeException);
     IPAddress other(1, 2, 3, 4);
+    other.Address(0x0100007F);
+    EXPECT_EQ("127.0.0.1", other.ToString().Utf8());
     EXPECT_THROW(other.GetScopeId(), Sockets::SocketException);
     EXPECT_THROW(other.SetScopeId(5), Sockets::SocketException);
 }

@@ -147,6 +147,32 @@ TEST(SocketTests, TrueIsPassedOnWithAllBitsSet)
     EXPECT_GT(hops, 1) << "-1 stands for the system's own value";
 }
 
+TEST(SocketTests, AMembershipIsSetAndTheOptionsOfAGroupAreRead)
+{
+    UdpClient client;
+    Socket& socket = *client.Client();
+    const IPAddress group(239, 1, 2, 3);
+    MulticastOption option(group, IPAddress(127, 0, 0, 1));
+    client.JoinMulticastGroup(option);
+    EXPECT_EQ(SocketError::AddressNotAvailable, CodeOf([&] { client.DropMulticastGroup(IPAddress(239, 9, 9, 9)); }));
+    client.DropMulticastGroup(option);
+
+    EXPECT_EQ(SocketError::ProtocolOption, // no platform tells of memberships
+              CodeOf([&] { socket.GetSocketOption(SocketOptionLevel::IP, SocketOptionName::AddMembership, option); }));
+    EXPECT_TRUE(option.Group() == group);
+    socket.SetSocketOption(SocketOptionLevel::IP, SocketOptionName::MulticastInterface,
+                           Array<Byte>(std::vector<Byte>{127, 0, 0, 1}));
+    socket.GetSocketOption(SocketOptionLevel::IP, SocketOptionName::MulticastInterface, option);
+    EXPECT_EQ("127.0.0.1", option.Group().ToString().Utf8());
+    EXPECT_EQ("0.0.0.0", option.LocalAddress().ToString().Utf8()); // behind what the platform has filled
+
+    Socket socket6(AddressFamily::InterNetworkV6, SocketType::Dgram, ProtocolType::Udp);
+    IPv6MulticastOption option6(group, 7);
+    socket6.GetSocketOption(SocketOptionLevel::IPv6, SocketOptionName::IPv6Only, option6);
+    EXPECT_EQ("100:0:0:0:0:0:0:0", option6.Group().ToString().Utf8());
+    EXPECT_EQ(0, option6.InterfaceIndex());
+}
+
 TEST(SocketTests, AUdpClientNeedsItsSocket)
 {
     UdpClient client(Loopback());
@@ -200,5 +226,8 @@ TEST(SocketTests, AStreamConnectsAndIsSelected)
     LingerOption linger(false, 0);
     server->GetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, linger);
     EXPECT_TRUE(linger.Enabled() && linger.LingerTime() == 3);
+    EXPECT_THROW(linger.LingerTime(70000), ArgumentOutOfRangeException); // a platform takes 16 bits
+    EXPECT_THROW(LingerOption(true, -1), ArgumentOutOfRangeException);
+    EXPECT_EQ(65535, LingerOption(true, 65535).LingerTime());
 }
 } // namespace Tesmo::System::Net::Sockets

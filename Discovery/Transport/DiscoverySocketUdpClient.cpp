@@ -48,6 +48,7 @@ DiscoverySocketUdpClient::DiscoverySocketUdpClient(int boundPort, int targetPort
       remotePort(targetPort),
       client(MakeClient(Sp<EndPoint>(new IPEndPoint(address, boundPort))))
 {
+    localPort = dynamic_cast<const IPEndPoint&>(client->Client()->LocalEndPoint()).Port();
 }
 
 DiscoverySocketUdpClient::~DiscoverySocketUdpClient()

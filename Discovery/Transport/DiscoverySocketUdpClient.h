@@ -13,7 +13,7 @@ class DiscoverySocketUdpClient : public IDiscoverySocket
 {
 public:
     /// Bound to all interfaces (0.0.0.0).
-    /// @param boundPort   port to bind, 0 to 65535
+    /// @param boundPort  port to bind, 1 to 65535, or 0 for one that the system chooses and GetLocalPort tells
     /// @param targetPort port that every datagram is sent to, 0 to 65535
     /// @throws ArgumentOutOfRangeException  boundPort is above 65535
     /// @throws SocketException              a step failed, in most cases the bind; no socket stays behind

@@ -12,8 +12,9 @@ namespace Zelkor::Discovery
 /// What the discovery protocol needs of the network: datagrams in, datagrams out, and an end that can be called from
 /// another thread. One thread may block in Receive while others send, shut down and close.
 ///
-/// Failures are Tesmo::System::Net::Sockets::SocketException with the code of the socket layer,
-/// ObjectClosedException on a closed socket and ArgumentNullException for an empty buffer.
+/// Failures are Tesmo::System::Net::Sockets::SocketException with the code of the socket layer and
+/// ObjectClosedException on a closed socket. An empty buffer gives ArgumentNullException to a receive and
+/// NullReferenceException to a send, a size of 0 or less IndexOutOfRangeException to both.
 class IDiscoverySocket : public Tesmo::System::Object
 {
 public:
@@ -25,18 +26,17 @@ public:
     /// @param buffer    at least size bytes
     /// @param endpoint  any endpoint of the socket's address family; receives the sender
     /// @returns the bytes received, 0 for an empty datagram
+    /// @throws ArgumentNullException  endpoint is null
     virtual int Receive(const Tesmo::Up<unsigned char[]>& buffer, int size,
                         Tesmo::System::Net::IPEndPoint& endpoint) = 0;
 
     /// Sends one datagram to the remote port at address.
     /// @returns the bytes sent
-    /// @throws IndexOutOfRangeException  size is 0
     virtual int SendTo(const Tesmo::Up<unsigned char[]>& buffer, int size,
                        const Tesmo::System::Net::IPAddress& address) = 0;
 
     /// Sends one datagram to the remote port at 255.255.255.255.
     /// @returns the bytes sent
-    /// @throws IndexOutOfRangeException  size is 0
     virtual int Broadcast(const Tesmo::Up<unsigned char[]>& buffer, int size) = 0;
 
     /// Ends sending and receiving for good and wakes a blocked Receive. Does nothing the second time.
@@ -55,7 +55,7 @@ public:
     /// True once Close has been called.
     virtual bool IsClosed() const = 0;
 
-    /// The port bound.
+    /// The port bound; the one that the system chose where 0 was asked for.
     virtual int GetLocalPort() const = 0;
 
     /// The port sent to.

@@ -118,6 +118,13 @@ TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndSendFromItToTheRemoteP
     }
 }
 
+TEST(DiscoverySocketUdpClientTests, TellsThePortThatTheSystemChose)
+{
+    DiscoverySocketUdpClient socket(0, 1);
+    EXPECT_NE(0, socket.GetLocalPort());
+    EXPECT_EQ(dynamic_cast<const IPEndPoint&>(socket.GetSocket()->LocalEndPoint()).Port(), socket.GetLocalPort());
+}
+
 TEST(DiscoverySocketUdpClientTests, BroadcastsWithoutAnOptionSetByHand)
 {
     Listener administration;

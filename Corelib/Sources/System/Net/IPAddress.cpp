@@ -32,9 +32,9 @@ std::uint32_t CheckedScope(std::int64_t scopeId)
     return static_cast<std::uint32_t>(scopeId);
 }
 
-void RequireIPv6(bool isIPv6)
+void RequireFamily(bool isTheRightOne)
 {
-    if (!isIPv6)
+    if (!isTheRightOne)
     {
         throw Sockets::SocketException(Sockets::SocketError::OperationNotSupported, ThrowSite);
     }
@@ -212,6 +212,12 @@ Sockets::AddressFamily IPAddress::AddressFamily() const
     return isIPv6 ? Sockets::AddressFamily::InterNetworkV6 : Sockets::AddressFamily::InterNetwork;
 }
 
+void IPAddress::Address(std::uint32_t value)
+{
+    RequireFamily(!isIPv6);
+    address = value;
+}
+
 Array<Byte> IPAddress::GetAddressBytes() const
 {
     unsigned char bytes[IPv6Size];
@@ -221,13 +227,13 @@ Array<Byte> IPAddress::GetAddressBytes() const
 
 std::int64_t IPAddress::GetScopeId() const
 {
-    RequireIPv6(isIPv6);
+    RequireFamily(isIPv6);
     return scopeId;
 }
 
 void IPAddress::SetScopeId(std::int64_t scope)
 {
-    RequireIPv6(isIPv6);
+    RequireFamily(isIPv6);
     scopeId = CheckedScope(scope);
 }
 

@@ -7,6 +7,7 @@
 #include <Core/System/String.h>
 
 #include <cstdint>
+#include <span>
 
 namespace Tesmo::System::Net
 {
@@ -57,10 +58,19 @@ public:
 
     Sockets::AddressFamily AddressFamily() const;
 
-    /// IPv4: the address as a number, first octet in the low byte.
+    /// IPv4: the address as a number, first octet in the low byte; 0 for IPv6.
     std::uint32_t Address() const
     {
         return address;
+    }
+
+    /// @throws Sockets::SocketException  the address is IPv6
+    void Address(std::uint32_t value);
+
+    /// IPv6: the groups, the first one at the left of the text; all zero for IPv4.
+    std::span<const std::uint16_t, 8> Numbers() const
+    {
+        return numbers;
     }
 
     /// 4 bytes or 16.

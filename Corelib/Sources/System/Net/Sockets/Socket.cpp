@@ -9,6 +9,7 @@
 #include "Platform/Sockets.h"
 
 #include <algorithm>
+#include <cstring>
 #include <vector>
 
 namespace Tesmo::System::Net::Sockets
@@ -37,6 +38,9 @@ struct Socket::RawAddress
 
 namespace
 {
+constexpr int IPv4Size = 4; // bytes
+constexpr int IPv6Size = 16;
+
 /// The value of the linger option as the native layer takes it.
 struct RawLinger
 {
@@ -89,6 +93,11 @@ int Append(std::vector<unsigned char>& raw, const IPAddress& address)
     const Array<Byte> bytes = address.GetAddressBytes();
     raw.insert(raw.end(), bytes.begin(), bytes.end());
     return static_cast<int>(raw.size());
+}
+
+IPAddress AddressIn(const unsigned char* raw, int size)
+{
+    return IPAddress(Array<Byte>(std::vector<Byte>(raw, raw + size)));
 }
 
 /// The entry of a socket among those to wait for.
@@ -302,6 +311,22 @@ void Socket::GetSocketOption(const SocketOptionLevel& level, const SocketOptionN
     RawLinger raw = {};
     GetRawOption(level, name, &raw, sizeof(raw));
     value = LingerOption(raw.on != 0, raw.seconds);
+}
+
+void Socket::GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, MulticastOption& value)
+{
+    unsigned char raw[2 * IPv4Size] = {};
+    GetRawOption(level, name, raw, sizeof(raw));
+    value = MulticastOption(AddressIn(raw, IPv4Size), AddressIn(raw + IPv4Size, IPv4Size));
+}
+
+void Socket::GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, IPv6MulticastOption& value)
+{
+    std::uint32_t index = 0;
+    unsigned char raw[IPv6Size + sizeof(index)] = {};
+    GetRawOption(level, name, raw, sizeof(raw));
+    std::memcpy(&index, raw + IPv6Size, sizeof(index));
+    value = IPv6MulticastOption(AddressIn(raw, IPv6Size), index);
 }
 
 bool Socket::GetBlocking() const

@@ -9,7 +9,8 @@ class LingerOption : public Object
 {
 public:
     /// @param seconds  0 to 65535
-    LingerOption(bool enable, int seconds) : enabled(enable), lingerTime(seconds) {}
+    /// @throws ArgumentOutOfRangeException  seconds is not in that range
+    LingerOption(bool enable, int seconds);
 
     bool Enabled() const
     {
@@ -25,10 +26,8 @@ public:
     {
         return lingerTime;
     }
-    void LingerTime(int seconds)
-    {
-        lingerTime = seconds;
-    }
+    /// @throws ArgumentOutOfRangeException  seconds is not in 0 to 65535
+    void LingerTime(int seconds);
 
 private:
     bool enabled;

@@ -32,10 +32,11 @@ namespace Tesmo::System::Net::Sockets
 /// A socket of the operating system. One thread may block in a receive while others send, shut down and close;
 /// whoever calls must hold the object until the call has returned.
 ///
-/// A call that the platform refuses throws SocketException with its number. Every operation but Close throws
-/// ObjectClosedException on a closed socket. A buffer that is null or empty-handed gives ArgumentNullException, and
+/// A call that the platform refuses throws SocketException with its number. Arguments are checked before the state of
+/// the socket: null gives ArgumentNullException, and so does a buffer that is null or empty-handed; then
 /// IndexOutOfRangeException where offset is not below length or size goes beyond the end: a buffer of length 0 can
-/// therefore not be sent.
+/// therefore not be sent. On a closed socket every operation that asks the platform throws ObjectClosedException; Close
+/// does not, nor do those that tell of the object itself (GetBlocking, IsConnected, LocalEndPoint and the like).
 class Socket : public Object
 {
 public:
@@ -61,8 +62,9 @@ public:
     /// @param length    of buffer, in bytes
     /// @param endPoint  an end point of the socket's family; replaced by that of the sender
     /// @returns the bytes received, 0 for an empty datagram
-    /// @throws SocketException  among others 10058 or 10004: shut down or closed meanwhile; 10038: closed before; 10040:
-    ///                          the datagram was longer than size, and is lost; 10054: one sent earlier met a closed port
+    /// @throws SocketException  among others 10058 or 10004: shut down or closed meanwhile; 10038: closed as the call
+    ///                          began; 10022: the socket has no local port; 10040: the datagram was longer than size,
+    ///                          and is lost; 10054: one sent earlier met a closed port
     int ReceiveFrom(const Up<unsigned char[]>& buffer, int length, int offset, int size, const SocketFlags& flags,
                     Sp<EndPoint>& endPoint);
 
@@ -98,6 +100,9 @@ public:
     /// @param value  receives as many bytes as it is long; those that the platform does not fill become 0
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, Array<Byte>& value);
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, LingerOption& value);
+    /// @param value  receives what the platform fills of the option, zeros behind it; of memberships none tells (10042)
+    void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, MulticastOption& value);
+    void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, IPv6MulticastOption& value);
 
     bool GetBlocking() const;
     void SetBlocking(bool blocking);
