@@ -1,10 +1,10 @@
 #include "Benchmarks.h"
 #include "RatioReporter.h"
 
-#include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
 #include <Discovery/Gateway/DiscoveryProductPluginsController.h>
 #include <Tests/Support/NetworkNamespace.h>
+#include <Tests/Support/TemporaryFolder.h>
 
 #include <dlfcn.h>
 #include <filesystem>

@@ -2,7 +2,7 @@
 #include "RatioReporter.h"
 
 #include <Core/LogStream/LogStream.h>
-#include <Corelib/Tests/TemporaryFolder.h>
+#include <Tests/Support/TemporaryFolder.h>
 
 #include <cstdio>
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/BoxEnum.h>
 #include <Core/System/IO/FileMode.h>

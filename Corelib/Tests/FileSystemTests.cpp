@@ -1,5 +1,5 @@
-#include "CoreTest.h"
-#include "TemporaryFolder.h"
+#include <Tests/Support/CoreTest.h>
+#include <Tests/Support/TemporaryFolder.h>
 
 #include <Core/System/IO/Directory.h>
 #include <Core/System/IO/DirectoryInfo.h>

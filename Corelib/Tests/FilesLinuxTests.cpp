@@ -1,4 +1,4 @@
-#include "TemporaryFolder.h"
+#include <Tests/Support/TemporaryFolder.h>
 
 #include <Core/System/IO/DirectoryInfo.h>
 #include <Core/System/IO/FileStream.h>

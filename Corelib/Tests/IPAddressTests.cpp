@@ -1,4 +1,4 @@
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Net/IPAddress.h>
 #include <Core/System/Net/Sockets/SocketException.h>

@@ -1,4 +1,4 @@
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Net/Dns.h>
 #include <Core/System/Net/IPEndPoint.h>

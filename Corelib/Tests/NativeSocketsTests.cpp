@@ -1,4 +1,4 @@
-#include "NativeTestSocket.h"
+#include <Tests/Support/NativeTestSocket.h>
 
 #include <atomic>
 #include <chrono>

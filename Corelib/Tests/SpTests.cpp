@@ -1,4 +1,4 @@
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Ref.h>
 #include <Core/System/Sp.h>

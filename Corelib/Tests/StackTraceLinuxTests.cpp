@@ -1,6 +1,6 @@
 // What a stack looks like where symbols are at hand: every build on Linux has them.
 
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Delegate.h>
 #include <Core/System/Diagnostics/StackTrace.h>

@@ -1,4 +1,4 @@
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/DateTime.h>
 #include <Core/System/Version.h>

@@ -1,6 +1,6 @@
-#include "CoreTest.h"
-#include "RecordingStream.h"
-#include "TemporaryFolder.h"
+#include <Tests/Support/CoreTest.h>
+#include <Tests/Support/RecordingStream.h>
+#include <Tests/Support/TemporaryFolder.h>
 
 #include <Core/System/IO/FileStream.h>
 #include <Core/System/IO/StreamReader.h>

@@ -1,4 +1,4 @@
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Collections/Generic/List.h>
 #include <Core/System/EventHandler.h>

@@ -1,4 +1,4 @@
-#include "CoreTest.h"
+#include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Threading/AutoResetEvent.h>
 #include <Core/System/Threading/Mutex.h>

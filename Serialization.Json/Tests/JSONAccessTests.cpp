@@ -1,8 +1,8 @@
 #include <Core/LogStream/LogStreamLevel.h>
 #include <Core/System/EventArgs.h>
-#include <Corelib/Tests/CoreTest.h>
 #include <Serialization.Json/JSONArray.h>
 #include <Serialization.Json/JSONObject.h>
+#include <Tests/Support/CoreTest.h>
 
 #include <cmath>
 

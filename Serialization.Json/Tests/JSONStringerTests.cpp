@@ -1,7 +1,7 @@
 #include <Core/LogStream/LogStreamLevel.h>
 #include <Core/System/EventArgs.h>
-#include <Corelib/Tests/CoreTest.h>
 #include <Serialization.Json/JSONStringer.h>
+#include <Tests/Support/CoreTest.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,7 +1,7 @@
 #include <Core/System/Threading/Thread.h>
-#include <Corelib/Tests/CoreTest.h>
 #include <Serialization.Json/JSONArray.h>
 #include <Serialization.Json/JSONObject.h>
+#include <Tests/Support/CoreTest.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,7 +1,7 @@
-#include "FakeGateway.h"
+#include <Tests/Support/FakeGateway.h>
 
 #include <Discovery/Client/DiscoveryClientIPChangeWatcher.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/LogRecorder.h>
 
 namespace Zelkor::Discovery::Client
 {

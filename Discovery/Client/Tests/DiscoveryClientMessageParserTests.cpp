@@ -1,10 +1,10 @@
-#include "FakeGateway.h"
+#include <Tests/Support/FakeGateway.h>
 
 #include <Discovery/Client/ChangeYourHostNameAction.h>
 #include <Discovery/Client/ChangeYourIPConfigAction.h>
 #include <Discovery/Client/ClientActionArgs.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/LogRecorder.h>
 
 #include <tuple>
 

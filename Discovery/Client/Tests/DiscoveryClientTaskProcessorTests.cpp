@@ -1,11 +1,11 @@
-#include "FakeGateway.h"
-#include "FakeSocket.h"
+#include <Tests/Support/FakeGateway.h>
+#include <Tests/Support/FakeSocket.h>
 
 #include <Discovery/Client/ChangeYourHostNameAction.h>
 #include <Discovery/Client/ChangeYourIPConfigAction.h>
 #include <Discovery/Client/DiscoveryClientTaskProcessor.h>
 #include <Discovery/Client/HelloAction.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/LogRecorder.h>
 
 #include <tuple>
 #include <typeinfo>

@@ -1,8 +1,8 @@
-#include "FakeGateway.h"
-#include "FakeSocket.h"
+#include <Tests/Support/FakeGateway.h>
+#include <Tests/Support/FakeSocket.h>
 
 #include <Discovery/Client/DiscoveryClient.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/LogRecorder.h>
 
 #include <algorithm>
 #include <atomic>

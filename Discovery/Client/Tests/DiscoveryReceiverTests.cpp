@@ -1,8 +1,8 @@
-#include "FakeParser.h"
-#include "FakeSocket.h"
+#include <Tests/Support/FakeParser.h>
+#include <Tests/Support/FakeSocket.h>
 
 #include <Discovery/Client/DiscoveryReceiver.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/LogRecorder.h>
 
 #include <tuple>
 

@@ -2,9 +2,9 @@
 
 #include <Core/System/Exception.h>
 #include <Core/System/Net/IPAddress.h>
-#include <Corelib/Tests/CoreTest.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/CoreTest.h>
+#include <Tests/Support/LogRecorder.h>
 #include <algorithm>
 #include <cstring>
 #include <filesystem>

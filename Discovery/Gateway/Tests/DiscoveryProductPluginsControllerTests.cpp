@@ -1,8 +1,8 @@
-#include <Corelib/Tests/CoreTest.h>
-#include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Gateway/DiscoveryProductPluginsController.h>
 #include <Discovery/Gateway/Platform/DynamicLibrary.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/CoreTest.h>
+#include <Tests/Support/LogRecorder.h>
+#include <Tests/Support/TemporaryFolder.h>
 
 #include <filesystem>
 #include <fstream>

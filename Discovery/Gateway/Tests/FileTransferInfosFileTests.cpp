@@ -1,9 +1,9 @@
 #include "HostFake.h"
 
-#include <Corelib/Tests/CoreTest.h>
-#include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
-#include <Discovery/Protocol/Tests/LogRecorder.h>
+#include <Tests/Support/CoreTest.h>
+#include <Tests/Support/LogRecorder.h>
+#include <Tests/Support/TemporaryFolder.h>
 
 #include <filesystem>
 #include <map>

@@ -1,5 +1,5 @@
-#include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Gateway/Platform/Linux/StagedFile.h>
+#include <Tests/Support/TemporaryFolder.h>
 #include <gtest/gtest.h>
 
 using Zelkor::Discovery::Platform::StagedFile;

@@ -1,10 +1,10 @@
-#include "LogRecorder.h"
+#include <Tests/Support/LogRecorder.h>
 
 #include <Core/System/IO/Path.h>
 #include <Core/System/InvalidOperationException.h>
-#include <Corelib/Tests/CoreTest.h>
-#include <Corelib/Tests/TemporaryFolder.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Tests/Support/CoreTest.h>
+#include <Tests/Support/TemporaryFolder.h>
 
 using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;

@@ -1,8 +1,8 @@
-#include "LogRecorder.h"
 #include "WireSamples.h"
+#include <Tests/Support/LogRecorder.h>
 
-#include <Corelib/Tests/CoreTest.h>
 #include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
+#include <Tests/Support/CoreTest.h>
 
 #include <thread>
 

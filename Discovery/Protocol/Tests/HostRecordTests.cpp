@@ -1,7 +1,7 @@
-#include "LogRecorder.h"
 #include "WireSamples.h"
+#include <Tests/Support/LogRecorder.h>
 
-#include <Corelib/Tests/CoreTest.h>
+#include <Tests/Support/CoreTest.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,14 +1,14 @@
-#include "LogRecorder.h"
 #include "WireSamples.h"
+#include <Tests/Support/LogRecorder.h>
 
 #include <Core/System/Version.h>
-#include <Corelib/Tests/CoreTest.h>
 #include <Discovery/Protocol/AllSendYourSignatureMessage.h>
 #include <Discovery/Protocol/ChangeYourHostNameMessage.h>
 #include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
 #include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
 #include <Discovery/Protocol/HelloMessage.h>
 #include <Discovery/Protocol/SendYourSignatureMessage.h>
+#include <Tests/Support/CoreTest.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

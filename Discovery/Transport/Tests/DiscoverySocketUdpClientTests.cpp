@@ -1,5 +1,5 @@
 #include <Core/System/Net/Sockets/SocketException.h>
-#include <Corelib/Tests/CoreTest.h>
+#include <Tests/Support/CoreTest.h>
 
 #include <Discovery/Transport/DiscoveryPorts.h>
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
