@@ -190,6 +190,11 @@ DiscoveryClientDataGatewayW32::DiscoveryClientDataGatewayW32() : channel("Client
     fileTransferInfosFile = Path::Combine(folder, "FileTransferInfos.json");
 }
 
+DiscoveryClientDataGatewayW32::~DiscoveryClientDataGatewayW32()
+{
+    Platform::EndAddressChangeWatch();
+}
+
 Sp<List<MACAddress>> DiscoveryClientDataGatewayW32::GetMACAddress()
 {
     Sp<List<MACAddress>> addresses(new List<MACAddress>());

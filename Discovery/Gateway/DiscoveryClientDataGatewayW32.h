@@ -13,6 +13,10 @@ public:
     /// Works out the folder and the file that products share with this client. Where the host names no program
     /// folder, both are relative to the current directory.
     DiscoveryClientDataGatewayW32();
+    /// Ends the watch over the host's addresses, of which there is one in the process. Not while a wait is under way.
+    ~DiscoveryClientDataGatewayW32() override;
+    DiscoveryClientDataGatewayW32(const DiscoveryClientDataGatewayW32&) = delete;
+    DiscoveryClientDataGatewayW32& operator=(const DiscoveryClientDataGatewayW32&) = delete;
 
     /// Adapters whose hardware address hasn't 6 bytes are logged and left out.
     /// @throws Exception  "W32Gateway::GetAdaptersInfos failed !"

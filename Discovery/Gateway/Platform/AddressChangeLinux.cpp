@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <linux/netlink.h>
 #include <linux/rtnetlink.h>
+#include <optional>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -35,7 +36,7 @@ enum class Outcome
     Failed,
 };
 
-/// A subscription to the changes of IPv4 addresses, for one wait.
+/// A subscription to the changes of IPv4 addresses.
 class AddressSocket
 {
 public:
@@ -84,6 +85,21 @@ private:
     bool subscribed = false;
 };
 
+/// From the first wait on: a subscription for each wait would miss what happens between two of them.
+std::optional<AddressSocket> subscription;
+
+/// There are changes, or may have been some, of which no wait has told yet, and the socket has no message of them left.
+bool untold = false;
+
+bool Subscribe()
+{
+    if (!subscription)
+    {
+        subscription.emplace();
+    }
+    return subscription->IsSubscribed();
+}
+
 /// The event of all cancels, open until the process ends: so a cancel finds it even before the first wait.
 int CancelEvent()
 {
@@ -105,14 +121,19 @@ Outcome Take(int event, Outcome outcome)
     return read(event, &count, sizeof(count)) == sizeof(count) ? outcome : Outcome::Failed;
 }
 
-/// @param changes  null: waits for a cancel alone
-/// @param timeout  negative: no limit
-Outcome Wait(AddressSocket* changes, milliseconds timeout)
+enum class Sources
 {
-    const bool all = changes != nullptr;
+    CancelAlone,
+    All,
+};
+
+/// @param timeout  negative: no limit
+Outcome Wait(Sources wanted, milliseconds timeout)
+{
+    const bool all = wanted == Sources::All;
     pollfd sources[] = {{CancelEvent(), POLLIN, 0},
                         {all ? NoticeEvent() : -1, POLLIN, 0},
-                        {all ? changes->Descriptor() : -1, POLLIN, 0}};
+                        {all ? subscription->Descriptor() : -1, POLLIN, 0}};
     int ready = 0;
     do
     {
@@ -121,31 +142,43 @@ Outcome Wait(AddressSocket* changes, milliseconds timeout)
     return ready < 0                 ? Outcome::Failed
            : sources[0].revents != 0 ? Take(CancelEvent(), Outcome::Cancelled)
            : sources[1].revents != 0 ? Take(NoticeEvent(), Outcome::Changed)
-           : sources[2].revents != 0 ? changes->Drain()
+           : sources[2].revents != 0 ? subscription->Drain()
                                      : Outcome::TimedOut;
 }
 
-Outcome Settle(AddressSocket& changes)
+Outcome Settle()
 {
     const Clock::time_point latest = Clock::now() + LongestSettling;
     Outcome outcome = Outcome::Changed;
     while (outcome == Outcome::Changed && Clock::now() < latest)
     {
         const auto left = std::chrono::ceil<milliseconds>(latest - Clock::now());
-        outcome = Wait(&changes, std::clamp(left, milliseconds(0), Settling));
+        outcome = Wait(Sources::All, std::clamp(left, milliseconds(0), Settling));
     }
     return outcome == Outcome::Cancelled ? outcome : Outcome::Changed;
 }
 
+/// A subscription that failed is made anew by the next wait; what it missed counts as a change.
 Outcome WaitForChange()
 {
-    AddressSocket changes;
-    if (!changes.IsSubscribed() || CancelEvent() < 0)
+    Outcome outcome = Outcome::Failed;
+    if (Subscribe() && CancelEvent() >= 0)
     {
-        return Outcome::Failed;
+        outcome = Wait(Sources::All, milliseconds(untold ? 0 : -1));
     }
-    const Outcome outcome = Wait(&changes, milliseconds(-1));
-    return outcome == Outcome::Changed ? Settle(changes) : outcome;
+    if (outcome == Outcome::Cancelled)
+    {
+        return outcome;
+    }
+    if (outcome == Outcome::Failed)
+    {
+        subscription.reset();
+        untold = true;
+        return outcome;
+    }
+    outcome = Settle();
+    untold = outcome != Outcome::Changed;
+    return outcome;
 }
 
 } // namespace
@@ -153,7 +186,7 @@ Outcome WaitForChange()
 bool WaitForAddressChange()
 {
     const Outcome outcome = WaitForChange();
-    if (outcome == Outcome::Failed && Wait(nullptr, FailurePause) == Outcome::Failed)
+    if (outcome == Outcome::Failed && Wait(Sources::CancelAlone, FailurePause) == Outcome::Failed)
     {
         std::this_thread::sleep_for(FailurePause);
     }
@@ -171,6 +204,14 @@ int CancelAddressChangeWait()
 {
     const std::uint64_t one = 1;
     return write(CancelEvent(), &one, sizeof(one)) == sizeof(one) ? 0 : errno;
+}
+
+void EndAddressChangeWatch()
+{
+    subscription.reset();
+    untold = false;
+    Take(CancelEvent(), Outcome::Cancelled);
+    Take(NoticeEvent(), Outcome::Changed);
 }
 
 } // namespace Zelkor::Discovery::Platform

@@ -67,4 +67,12 @@ int CancelAddressChangeWait()
     return result;
 }
 
+void EndAddressChangeWatch()
+{
+    if (const HANDLE event = changeEvent; event != nullptr)
+    {
+        WSAResetEvent(event);
+    }
+}
+
 } // namespace Zelkor::Discovery::Platform

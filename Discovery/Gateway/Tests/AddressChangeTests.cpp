@@ -6,11 +6,13 @@
 #include <chrono>
 #include <fstream>
 #include <future>
+#include <sstream>
 #include <sys/resource.h>
 #include <thread>
 
 using namespace std::chrono_literals;
 using Zelkor::Discovery::Platform::CancelAddressChangeWait;
+using Zelkor::Discovery::Platform::EndAddressChangeWatch;
 using Zelkor::Discovery::Platform::NoteAddressChange;
 using Zelkor::Discovery::Platform::WaitForAddressChange;
 
@@ -19,8 +21,9 @@ namespace
 
 constexpr auto Limit = 10s;
 
-/// True if some socket in this namespace listens to changes of IPv4 addresses (rtnetlink.h: RTMGRP_IPV4_IFADDR, 16).
-bool HasListener()
+/// What the system tells of the socket in this namespace that listens to changes of IPv4 addresses (rtnetlink.h:
+/// RTMGRP_IPV4_IFADDR, 16): its lost messages, or -1 where there is none.
+int MessagesLost()
 {
     std::ifstream sockets("/proc/thread-self/net/netlink");
     std::string line;
@@ -28,10 +31,14 @@ bool HasListener()
     {
         if (line.find(" 00000010 ") != std::string::npos)
         {
-            return true;
+            std::string socket, protocol, process, groups, received, sent, dump, locks;
+            int drops = 0;
+            std::istringstream(line) >> socket >> protocol >> process >> groups >> received >> sent >> dump >> locks >>
+                drops;
+            return drops;
         }
     }
-    return false;
+    return -1;
 }
 
 class AddressChangeTests : public IsolatedTest<PrivateNetwork>
@@ -42,16 +49,39 @@ protected:
         Shell("ip link add v0 type veth peer name v1; ip link set v0 up");
     }
 
-    /// A wait on a thread of its own, which has begun when this returns.
+    void TearDown() override
+    {
+        EndAddressChangeWatch();
+    }
+
+    /// The answer of the first wait, which a cancel ended: from here on changes count.
+    static bool FirstWait()
+    {
+        CancelAddressChangeWait();
+        return WaitForAddressChange();
+    }
+
+    /// A wait on a thread of its own; changes count when this returns.
     static std::future<bool> StartWait()
     {
         std::future<bool> wait = std::async(std::launch::async, WaitForAddressChange);
         const auto end = std::chrono::steady_clock::now() + Limit;
-        while (!HasListener() && std::chrono::steady_clock::now() < end)
+        while (MessagesLost() < 0 && std::chrono::steady_clock::now() < end)
         {
             std::this_thread::yield();
         }
         return wait;
+    }
+
+    /// What a wait that needn't have begun answers; one that goes on beyond the limit is cancelled.
+    static bool NextWait()
+    {
+        std::future<bool> wait = std::async(std::launch::async, WaitForAddressChange);
+        if (!Ends(wait))
+        {
+            CancelAddressChangeWait();
+        }
+        return wait.get();
     }
 
     static bool Ends(const std::future<bool>& wait)
@@ -95,6 +125,34 @@ TEST_F(AddressChangeTests, ABurstOfChangesIsOneChange)
     EXPECT_FALSE(third.get());
 }
 
+TEST_F(AddressChangeTests, WhatHappensWhileNobodyWaitsCountsAtTheNextWaitUntilTheWatchEnds)
+{
+    const auto change = [] { Shell("ip addr replace 10.9.0.1/24 dev v0"); };
+    EXPECT_FALSE(FirstWait());
+
+    change();
+    EXPECT_TRUE(NextWait());
+
+    change();
+    CancelAddressChangeWait();
+    EXPECT_FALSE(WaitForAddressChange()) << "a cancel that no wait has met";
+    EXPECT_TRUE(NextWait()) << "the change behind it";
+
+    Shell("yes 'addr replace 10.9.0.1/24 dev v0' | head -n 3000 | ip -batch -");
+    ASSERT_GT(MessagesLost(), 0);
+    EXPECT_TRUE(NextWait());
+
+    change();
+    NoteAddressChange();
+    CancelAddressChangeWait();
+    EndAddressChangeWatch();
+    EXPECT_EQ(-1, MessagesLost());
+    std::future<bool> wait = StartWait();
+    EXPECT_EQ(std::future_status::timeout, wait.wait_for(300ms)) << "nothing is left";
+    CancelAddressChangeWait();
+    EXPECT_FALSE(wait.get());
+}
+
 TEST_F(AddressChangeTests, ChangesWithoutAnEndDoNotHoldTheWait)
 {
     std::future<bool> wait = StartWait();
@@ -121,11 +179,12 @@ TEST_F(AddressChangeTests, AChangeOfIPv6OrOfALinkIsNone)
 TEST_F(AddressChangeTests, ACancelEndsTheSettlingToo)
 {
     std::future<bool> wait = StartWait();
-    const std::jthread changes = StartChanges();
-
-    CancelAddressChangeWait();
-
-    EXPECT_FALSE(wait.get());
+    {
+        const std::jthread changes = StartChanges();
+        CancelAddressChangeWait();
+        EXPECT_FALSE(wait.get());
+    }
+    EXPECT_TRUE(NextWait()) << "the changes that the cancelled wait has seen";
 }
 
 TEST_F(AddressChangeTests, ACancelBeforeOrAtTheBeginOfAWaitEndsIt)
@@ -144,8 +203,8 @@ TEST_F(AddressChangeTests, ACancelBeforeOrAtTheBeginOfAWaitEndsIt)
 
 TEST_F(AddressChangeTests, AFailedWaitPausesUnlessItIsCancelled)
 {
-    CancelAddressChangeWait();
-    WaitForAddressChange(); // the cancel's descriptor is open from here on
+    FirstWait(); // the cancel's descriptor is open from here on
+    EndAddressChangeWatch();
     rlimit old = {};
     ASSERT_EQ(0, getrlimit(RLIMIT_NOFILE, &old));
     const rlimit none = {3, old.rlim_max};
@@ -163,4 +222,5 @@ TEST_F(AddressChangeTests, AFailedWaitPausesUnlessItIsCancelled)
     EXPECT_FALSE(changedAfterCancel);
     EXPECT_GE(paused - begin, 900ms);
     EXPECT_LT(cancelled - paused, 900ms);
+    EXPECT_TRUE(NextWait()) << "nobody knows what happened meanwhile";
 }

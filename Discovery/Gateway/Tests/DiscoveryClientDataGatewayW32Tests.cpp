@@ -314,12 +314,16 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, SharedFilesLieUnderTheProgramRoot)
     }
 }
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, TheWatchersAnswersAreTheHosts)
+TEST_F(DiscoveryClientDataGatewayW32Tests, TheWatchersAnswersAreTheHostsAndTheWatchEndsWithTheGateway)
 {
-    DiscoveryClientDataGatewayW32 gateway;
-    host.cancelResult = 7;
-    EXPECT_FALSE(gateway.RunIPChangeWatcher());
-    host.addressChange = true;
-    EXPECT_TRUE(gateway.RunIPChangeWatcher());
-    EXPECT_EQ(7, gateway.CancelWaitForIPChange());
+    {
+        DiscoveryClientDataGatewayW32 gateway;
+        host.cancelResult = 7;
+        EXPECT_FALSE(gateway.RunIPChangeWatcher());
+        host.addressChange = true;
+        EXPECT_TRUE(gateway.RunIPChangeWatcher());
+        EXPECT_EQ(7, gateway.CancelWaitForIPChange());
+        EXPECT_EQ(0, host.endedWatches);
+    }
+    EXPECT_EQ(1, host.endedWatches);
 }

@@ -28,6 +28,11 @@ int CancelAddressChangeWait()
     return host.cancelResult;
 }
 
+void EndAddressChangeWatch()
+{
+    ++host.endedWatches;
+}
+
 int DisableAddressProbes(const AdapterSettings& settings)
 {
     host.changes.push_back("probes " + settings.adapterName);

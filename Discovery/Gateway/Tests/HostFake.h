@@ -15,6 +15,7 @@ struct HostFake
     std::string programRoot;
     bool addressChange = false;
     int cancelResult = 0;
+    int endedWatches = 0; ///< over addresses
 
     int probesResult = 0;
     int settingsResult = 0; ///< of the adapter that refuses, or of all while refusingAdapter is empty
