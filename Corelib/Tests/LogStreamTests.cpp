@@ -280,6 +280,12 @@ TEST(LogStreamTests, ASplitThatFailsAfterTheFileWasClosedIsSilentAndEndsTheLog)
     EXPECT_NO_THROW(log.Write(channel, "row"));
     EXPECT_TRUE(folder.Read("c.log").ends_with("|row|\r\n"));
     EXPECT_THROW(log.Write(channel, "next"), ObjectClosedException);
+    EXPECT_NO_THROW(log.Close());
+
+    LogStream ended(folder.Path("c.log"));
+    ended.BackupCount(1);
+    ended.MaxFileSize(0);
+    EXPECT_NO_THROW(ended.Close()); // by the split after its last row
 }
 
 TEST(LogStreamTests, RowsOfTwoThreadsStayWholeWhileTheFileIsSplit)

@@ -89,8 +89,9 @@ void DiscoveryLogger::Write(const LogStreamChannel& channel, const String& messa
 
 void DiscoveryLogger::Close()
 {
-    stream->Close();
-    stream.Reset(nullptr);
+    const Sp<ILogStream> closed = stream;
+    stream.Reset(nullptr); // first: a stream that can't be closed shall not stand in the way of the next one
+    closed->Close();
 }
 
 void DiscoveryLogger::OpenFile()

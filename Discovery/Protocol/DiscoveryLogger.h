@@ -42,7 +42,7 @@ public:
     void Write(const Tesmo::System::LogStreams::LogStreamChannel& channel, const Tesmo::System::String& message,
                const Tesmo::System::Exception& exception);
 
-    /// Closes the stream and drops it.
+    /// Closes the stream and drops it, also where closing fails; what the stream throws then reaches the caller.
     /// @throws std::exception  no stream is installed
     void Close();
 

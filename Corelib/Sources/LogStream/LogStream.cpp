@@ -237,8 +237,15 @@ void LogStream::WriteDump(const LogStreamChannel& channel, LogStreamLevel level,
 void LogStream::Close()
 {
     const Lock lock(lockObject);
-    const FileStream* const file = File();
-    WriteOwnRow("Close " + (file == nullptr ? String("Log") : Path::GetFileName(file->Name())));
+    if (!IsEnded())
+    {
+        const FileStream* const file = File();
+        WriteOwnRow("Close " + (file == nullptr ? String("Log") : Path::GetFileName(file->Name())));
+    }
+    if (IsEnded()) // this row, too, may have been the one that could not be split off
+    {
+        return;
+    }
     writer->WriteLine(Filled("\\", '-', '/'));
     writer->WriteLine(String());
     writer->Flush();
@@ -283,6 +290,11 @@ void LogStream::LineWidth(int value)
     }
     const Lock lock(lockObject);
     lineWidth = value;
+}
+
+bool LogStream::IsEnded() const
+{
+    return writer->BaseStream()->IsClosed();
 }
 
 const FileStream* LogStream::File() const
@@ -344,7 +356,7 @@ void LogStream::SplitIfTooLarge()
     }
     catch (const Exception& failure)
     {
-        if (writer->BaseStream()->IsClosed())
+        if (IsEnded())
         {
             return; // required: nobody is told, and the log is dead
         }

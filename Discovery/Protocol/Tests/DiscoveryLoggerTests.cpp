@@ -115,6 +115,33 @@ TEST_F(DiscoveryLoggerTests, ALargeFileIsSplitAtTheFirstRowAndThreeBackupsStay)
     EXPECT_FALSE(folder.Has("DiscoveryClient.bak3"));
 }
 
+TEST_F(DiscoveryLoggerTests, ALogThatAFailedSplitEndedGivesWayToANewOne)
+{
+    folder.Write(name, std::string(6 * 1024 * 1024, 'x'));
+    folder.MakeFolder("DiscoveryClient.bak"); // in the way
+    logger.Open(folder.Path(name), LogStreamLevel::Standard);
+    WriteRow("splits");
+    EXPECT_THROW(WriteRow("lost"), ObjectClosedException);
+    EXPECT_NO_THROW(logger.Close());
+    EXPECT_FALSE(logger.IsOpen());
+    logger.Reopen();
+    WriteRow("splits again");
+    logger.Open(folder.Path("other.log"), LogStreamLevel::Standard);
+    WriteRow("row");
+    EXPECT_TRUE(folder.Read("other.log").ends_with("|row|\r\n"));
+
+    class Failing : public ILogStream
+    {
+        void Close() override
+        {
+            throw IO::IOException(ThrowSite);
+        }
+    };
+    logger.SetStream(Tesmo::Sp<ILogStream>(new Failing));
+    EXPECT_THROW(logger.Close(), IO::IOException);
+    EXPECT_FALSE(logger.IsOpen());
+}
+
 TEST_F(DiscoveryLoggerTests, AFailedOpenNamesThePlaceAndEndsTheOldLogOnlyWhenTheFolderIsThere)
 {
     folder.Write("file", "");

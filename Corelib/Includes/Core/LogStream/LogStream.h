@@ -64,7 +64,7 @@ public:
     void WriteSeparator(const LogStreamChannel& channel, LogStreamLevel level) override;
     /// The date, the reference time, the channel, and the text on lines of its own; it does not count for the size.
     void WriteDump(const LogStreamChannel& channel, LogStreamLevel level, const String& text) override;
-    /// Writes a last row and the closing line, and closes the file or stream.
+    /// Writes a last row and the closing line, and closes the file or stream. No effect on a log that has ended.
     void Close() override;
 
     /// Files that are kept beside the current one; 0, as at first, turns splitting off.
@@ -84,6 +84,7 @@ private:
               LogStreamLevel level, const String& author, const String& company, const String& product);
 
     /// These expect the lock to be held.
+    bool IsEnded() const;               ///< closed, or dead after a failed split
     const IO::FileStream* File() const; ///< a null pointer where the log goes to another stream
     void WriteRow(const String& row);
     String Filled(const String& text, char32 filler, char32 end) const;
