@@ -157,6 +157,16 @@ JSONItem Parse(const std::string& text, char opening)
     return JSONItem(cJSON_ParseWithLength(container.data(), container.size()));
 }
 
+JSONItem ParsePart(const std::string& text)
+{
+    const JSONItem around = Parse("[" + text + "]", '[');
+    if (around == nullptr || around->child == nullptr)
+    {
+        throw FormatException(ThrowSite);
+    }
+    return JSONItem(cJSON_DetachItemFromArray(around.get(), 0));
+}
+
 void Print(const cJSON* item, std::string& text)
 {
     switch (item == nullptr ? cJSON_Invalid : Kind(*item))

@@ -16,6 +16,11 @@ namespace Zelkor::Serialization::Json::CJSONAdapter
 /// @returns an empty item for text that is refused
 JSONItem Parse(const std::string& text, char opening);
 
+/// A document's copy that is to become a part of another document.
+/// @param text  compact, of the document
+/// @throws FormatException  with a container around it the text would nest too deep to be read again
+JSONItem ParsePart(const std::string& text);
+
 /// Appends the compact text of a tree; nothing for a null pointer.
 void Print(const cJSON* item, std::string& text);
 

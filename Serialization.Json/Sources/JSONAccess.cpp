@@ -237,6 +237,7 @@ template <class Document, class Key>
 String JSONAccess<Document, Key>::OptString(Key key, const String& defaultValue) const
 {
     const cJSON* const item = FindKind(key, cJSON_String);
+    CheckNull(defaultValue);
     return item != nullptr ? String(item->valuestring) : defaultValue;
 }
 
@@ -251,7 +252,8 @@ template <class Document, class Key>
 JSONObject JSONAccess<Document, Key>::OptObject(Key key, const JSONObject& defaultValue) const
 {
     const cJSON* const item = FindKind(key, cJSON_Object);
-    return item != nullptr ? JSONObject(*item) : JSONObject(defaultValue);
+    CheckNull(defaultValue);
+    return item != nullptr ? JSONObject(*item) : defaultValue;
 }
 
 template <class Document, class Key>
@@ -319,7 +321,7 @@ void JSONAccess<Document, Key>::Put(Key key, bool value)
 template <class Document, class Key>
 void JSONAccess<Document, Key>::Put(Key key, const char* value)
 {
-    Put(key, String(value));
+    Put(key, value != nullptr ? static_cast<const Object&>(String(value)) : Tesmo::null);
 }
 
 template <class Document, class Key>
@@ -331,15 +333,13 @@ void JSONAccess<Document, Key>::Put(Key key, const String& value)
 template <class Document, class Key>
 void JSONAccess<Document, Key>::Put(Key key, const JSONObject& value)
 {
-    CheckNull(key);
-    static_cast<Document*>(this)->Attach(key, std::move(JSONObject(value).root));
+    PutDocument(key, value);
 }
 
 template <class Document, class Key>
 void JSONAccess<Document, Key>::Put(Key key, const JSONArray& value)
 {
-    CheckNull(key);
-    static_cast<Document*>(this)->Attach(key, std::move(JSONArray(value).root));
+    PutDocument(key, value);
 }
 
 template <class Document, class Key>
@@ -406,6 +406,15 @@ bool JSONAccess<Document, Key>::TryGetNumber(Key key, T& value) const
         value = ToInteger<T>(item->valuedouble);
     }
     return true;
+}
+
+template <class Document, class Key>
+template <class T>
+void JSONAccess<Document, Key>::PutDocument(Key key, const T& value)
+{
+    CheckNull(key);
+    CheckNull(value);
+    static_cast<Document*>(this)->Attach(key, CJSONAdapter::ParsePart(value.ToString().Utf8()));
 }
 
 template <class Document, class Key>

@@ -1,9 +1,10 @@
 #include "JSONTextScanner.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
-#include <cstdlib>
+#include <cstdint>
+#include <system_error>
 
 namespace Zelkor::Serialization::Json
 {
@@ -29,6 +30,25 @@ int CodeUnit(const char* digits)
 bool IsDigit(char c)
 {
     return c >= '0' && c <= '9';
+}
+
+/// True for a number beyond the range of a double at its upper end, false for one at its lower end: decided by the
+/// power of ten of its first digit.
+bool IsTooLarge(std::string_view number)
+{
+    const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, mantissaEnd);
+    std::string_view exponentText = number.substr(std::min(mantissaEnd + 1, number.size()));
+    exponentText.remove_prefix(exponentText.starts_with('+') ? 1 : 0);
+    std::int64_t exponent = 0;
+    if (std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent).ec ==
+        std::errc::result_out_of_range)
+    {
+        return exponentText.front() != '-';
+    }
+    const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto firstDigit = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+    return exponent > firstDigit - point;
 }
 
 bool IsHighSurrogate(int unit)
@@ -176,16 +196,17 @@ bool JSONTextScanner::ScanNumber()
     {
         return true;
     }
-    const std::string number(start, cursor);
-    char* end = nullptr;
-    const double value = std::strtod(number.c_str(), &end);
+    const char* const end = cursor;
+    double value = 0;
+    const auto [read, error] = std::from_chars(start, end, value);
+    const bool isTooLarge = error == std::errc::result_out_of_range && IsTooLarge({start, end});
     std::array<char, 32> shortened = {};
     const char* const last = std::to_chars(shortened.data(), shortened.data() + shortened.size(), value).ptr;
     cursor = start;
-    Replace(static_cast<int>(number.size()),
-            std::isinf(value) ? (value < 0 ? "-1e999" : "1e999") : std::string_view(shortened.data(), last));
-    cursor += number.size();
-    return *end == '\0';
+    Replace(static_cast<int>(end - start),
+            isTooLarge ? (*start == '-' ? "-1e999" : "1e999") : std::string_view(shortened.data(), last));
+    cursor = end;
+    return read == end;
 }
 
 /// Puts the replacement in the place of the next characters; the cursor stays.

@@ -93,6 +93,8 @@ TEST(JSONAccessTests, OptGivesTheDefaultWhereTheKindIsAnother)
     EXPECT_EQ("default", object.OptString("n", "default").Utf8());
     EXPECT_EQ("{}", object.OptObject("a").ToString().Utf8());
     EXPECT_EQ(R"({"in":"side"})", object.OptObject("o", JSONObject()).ToString().Utf8());
+    EXPECT_THROW(object.OptString("s", static_cast<const String&>(null)), ArgumentNullException);
+    EXPECT_THROW(object.OptObject("o", static_cast<const JSONObject&>(null)), ArgumentNullException);
     EXPECT_TRUE(object.IsNull("z") && object.IsNull("missing") && !object.IsNull("s"));
     EXPECT_TRUE(object.Has("z") && !object.Has("missing"));
 }
@@ -132,10 +134,11 @@ TEST(JSONAccessTests, PutAppendsValuesOfEveryClassWithAJSONForm)
     object.Put("o", Sample().GetJSONObject("o"));
     object.Put("e", static_cast<const Object&>(LogStreamLevel(LogStreamLevel::Debug)));
     object.Put("n", static_cast<const Object&>(null));
+    object.Put("p", static_cast<const char*>(nullptr));
     EXPECT_EQ(R"({"i":-1,"u":4294967295,"l":-4294967296,"d":0.250000,"b":true,"c":"literal","i":"again",)"
-              R"("o":{"in":"side"},"e":3,"n":null})",
+              R"("o":{"in":"side"},"e":3,"n":null,"p":null})",
               object.ToString().Utf8());
-    EXPECT_EQ(10u, object.GetLength());
+    EXPECT_EQ(11u, object.GetLength());
     EXPECT_THROW(object.Put("x", EventArgs()), FormatException);
     EXPECT_THROW(object.Put(static_cast<const String&>(null), 1), ArgumentNullException);
 }

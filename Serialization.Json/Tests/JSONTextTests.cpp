@@ -68,13 +68,31 @@ TEST(JSONTextTests, ReadsEscapesOfAnyKind)
 
 TEST(JSONTextTests, ReadsNumbersAndPrintsThemByTheirSize)
 {
-    for (const auto& [text, printed] :
-         {Row{"0", "0"}, Row{"-0", "0"}, Row{"007", "7"}, Row{"1e3", "1000"}, Row{"1E+3", "1000"},
-          Row{"-15e-1", "-1.500000"}, Row{"2147483647", "2147483647"}, Row{"-2147483648", "-2147483648"},
-          Row{"2147483648", "2147483648"}, Row{"9007199254740992", "9007199254740992"},
-          Row{"1e21", "1000000000000000000000"}, Row{"0.5", "0.500000"}, Row{"0.0000001", "1.000000e-07"},
-          Row{"1234567890.5", "1.234568e+09"}, Row{"999999999.5", "999999999.500000"}, Row{"1e999", "null"},
-          Row{"0." + std::string(100, '1'), "0.111111"}, Row{"-1" + std::string(400, '0'), "null"}})
+    for (const auto& [text, printed] : {Row{"0", "0"},
+                                        Row{"-0", "0"},
+                                        Row{"007", "7"},
+                                        Row{"1e3", "1000"},
+                                        Row{"1E+3", "1000"},
+                                        Row{"-15e-1", "-1.500000"},
+                                        Row{"2147483647", "2147483647"},
+                                        Row{"-2147483648", "-2147483648"},
+                                        Row{"2147483648", "2147483648"},
+                                        Row{"9007199254740992", "9007199254740992"},
+                                        Row{"1e21", "1000000000000000000000"},
+                                        Row{"0.5", "0.500000"},
+                                        Row{"0.0000001", "1.000000e-07"},
+                                        Row{"1234567890.5", "1.234568e+09"},
+                                        Row{"999999999.5", "999999999.500000"},
+                                        Row{"1e999", "null"},
+                                        Row{"0." + std::string(100, '1'), "0.111111"},
+                                        Row{"-1" + std::string(400, '0'), "null"},
+                                        Row{"0." + std::string(400, '0') + "1", "0"},
+                                        Row{std::string(60, '0') + "2e-400", "0"},
+                                        Row{"0." + std::string(500, '0') + "1e+900", "null"},
+                                        Row{"1" + std::string(500, '0') + "e-900", "0"},
+                                        Row{"1" + std::string(63, '0') + "e" + std::string(30, '9'), "null"},
+                                        Row{"1" + std::string(63, '0') + "e-" + std::string(30, '9'), "0"},
+                                        Row{"7" + std::string(80, '0') + "e-80", "7"}})
     {
         EXPECT_EQ("{\"n\":[" + printed + "]}", Printed("{\"n\":[" + text + "]}")) << text;
     }
@@ -111,6 +129,13 @@ TEST(JSONTextTests, NestingEndsAtAThousandLevels)
     EXPECT_EQ(Nested(1000), JSONArray(String(Nested(1000))).ToString().Utf8());
     EXPECT_THROW(JSONArray(String(Nested(1001))), FormatException);
     EXPECT_THROW(JSONArray(String(std::string(65507, '['))), FormatException);
+
+    JSONArray array;
+    JSONObject object;
+    EXPECT_THROW(array.Put(0, JSONArray(String(Nested(1000)))), FormatException);
+    EXPECT_THROW(object.Put("a", JSONArray(String(Nested(1000)))), FormatException);
+    array.Put(0, JSONArray(String(Nested(999))));
+    EXPECT_EQ(Nested(1000), JSONArray(array).ToString().Utf8());
 }
 
 TEST(JSONTextTests, TheSmallestStackTakesTheDeepestDocument)

@@ -52,7 +52,7 @@ public:
     JSONObject GetJSONObject(Key key) const;
     JSONArray GetJSONArray(Key key) const;
 
-    /// Fetch a value, or give the default where it is missing.
+    /// Fetch a value, or give the default where it is missing. @throws ArgumentNullException  the default is null
     bool OptBoolean(Key key, bool defaultValue = false) const;
     double OptDouble(Key key, double defaultValue = std::numeric_limits<double>::quiet_NaN()) const;
     std::int32_t OptInt32(Key key, std::int32_t defaultValue = 0) const;
@@ -77,10 +77,11 @@ public:
     void Put(Key key, std::uint64_t value);
     void Put(Key key, double value);
     void Put(Key key, bool value);
-    void Put(Key key, const char* value);
-    void Put(Key key, const Tesmo::System::String& value);
-    void Put(Key key, const JSONObject& value); ///< puts a copy
-    void Put(Key key, const JSONArray& value);  ///< puts a copy
+    void Put(Key key, const char* value);                  ///< puts null for a null pointer
+    void Put(Key key, const Tesmo::System::String& value); ///< puts null for null
+    /// Put a copy. @throws FormatException  this document would then nest too deep to be read again
+    void Put(Key key, const JSONObject& value);
+    void Put(Key key, const JSONArray& value);
 
     /// Puts null for the null reference, else by the class of value as JSONStringer::Value does.
     /// @throws FormatException  the class has no JSON form
@@ -103,6 +104,8 @@ private:
     const cJSON& Required(Key key, int kind) const;
     template <class T>
     bool TryGetNumber(Key key, T& value) const;
+    template <class T>
+    void PutDocument(Key key, const T& value);
     template <class T>
     bool TakeValue(Key key, T& value);
 };
