@@ -23,7 +23,10 @@ namespace
 {
 const String newNICConfigsKey = "NewNICConfigs";
 
-void LogCritical(const char* text)
+/// So many bad elements of a message have a row of their own: a datagram can hold some 32,000.
+constexpr int MostElementRows = 100;
+
+void LogCritical(const String& text)
 {
     DiscoveryLogger::Instance().Write(LogStreamChannel("ChangeYourIPConfigMessage"), text, LogStreamLevel::Critical);
 }
@@ -45,6 +48,26 @@ bool ReadElement(const JSONArray& elements, int index, NICConfig& config)
     {
         return false;
     }
+}
+
+/// @returns how many elements are bad
+int ReadElements(const JSONArray& elements, ChangeYourIPConfigMessage::NICList& configs)
+{
+    int bad = 0;
+    const int count = elements.GetLength();
+    for (int i = 0; i < count; ++i)
+    {
+        const Sp<NICConfig> config(new NICConfig());
+        if (ReadElement(elements, i, *config))
+        {
+            configs.Add(config);
+        }
+        else if (++bad <= MostElementRows)
+        {
+            LogCritical("Failed to parse NIC config !!! Ignoring this one...");
+        }
+    }
+    return bad;
 }
 } // namespace
 
@@ -83,18 +106,10 @@ void ChangeYourIPConfigMessage::ReadJSON(const String& text)
         throw FormatException(ThrowSite);
     }
     NewNICConfigs->Clear();
-    const int count = elements.GetLength();
-    for (int i = 0; i < count; ++i)
+    const int untold = ReadElements(elements, *NewNICConfigs) - MostElementRows;
+    if (untold > 0)
     {
-        const Sp<NICConfig> config(new NICConfig());
-        if (ReadElement(elements, i, *config))
-        {
-            NewNICConfigs->Add(config);
-        }
-        else
-        {
-            LogCritical("Failed to parse NIC config !!! Ignoring this one...");
-        }
+        LogCritical(String::Format("Failed to parse NIC config !!! Ignoring {0} more...", untold));
     }
 }
 } // namespace Zelkor::Discovery

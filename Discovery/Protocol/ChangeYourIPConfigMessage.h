@@ -20,7 +20,7 @@ public:
 
     DiscoveryMessageType GetMessageType() const override;
     void WriteJSON(Serialization::Json::JSONStringer& stringer) const override;
-    /// Skips the elements that can't be read, each with a log line.
+    /// Skips the elements that can't be read: a log line for each of the first 100, one for the number of the others.
     void ReadJSON(const Tesmo::System::String& text) override;
 
     Tesmo::Sp<NICList> NewNICConfigs;

@@ -119,15 +119,31 @@ TEST(MessageTests, AHelloWithoutSourceInterfaceIsValid)
     EXPECT_EQ(std::vector<std::string>{"S SignatureBroadcastMessage: No Source NIC key. Ignoring."}, log.Take());
 }
 
-TEST(MessageTests, BadConfigurationsAreSkippedOneByOne)
+TEST(MessageTests, BadConfigurationsAreSkippedWithARowForEachOfTheFirstHundredAndOneForTheRest)
 {
     LogRecorder log;
-    const Sp<DiscoveryMessage> message =
-        Read(R"({"DiscoveryMessageType":"ChangeYourIPConfig","DiscoveryVersion":"1.0.23","Broadcast":"True",)"
-             R"("NewNICConfigs":[1,)" +
-             SampleNICText() + R"(,{"FriendlyName":"x"},[]]})");
-    EXPECT_EQ(1, dynamic_cast<ChangeYourIPConfigMessage&>(*message).NewNICConfigs->Count());
-    EXPECT_EQ(
-        std::vector<std::string>(3, "C ChangeYourIPConfigMessage: Failed to parse NIC config !!! Ignoring this one..."),
-        log.Take());
+    const auto readWithBadOnes = [](int count)
+    {
+        std::string elements = SampleNICText();
+        for (int i = 0; i < count; ++i)
+        {
+            elements += i % 3 == 0 ? ",1" : i % 3 == 1 ? R"(,{"FriendlyName":"x"})" : ",[]";
+        }
+        const Sp<DiscoveryMessage> message =
+            Read(R"({"DiscoveryMessageType":"ChangeYourIPConfig","DiscoveryVersion":"1.0.23","Broadcast":"True",)"
+                 R"("NewNICConfigs":[)" +
+                 elements + "," + SampleNICText() + "]}");
+        EXPECT_EQ(2, dynamic_cast<ChangeYourIPConfigMessage&>(*message).NewNICConfigs->Count());
+    };
+    const std::string start = "C ChangeYourIPConfigMessage: Failed to parse NIC config !!! Ignoring ";
+    using Row = std::tuple<int, int, std::string>;
+    for (const auto& [bad, rows, last] : {Row{3, 3, "this one..."}, Row{100, 100, "this one..."},
+                                          Row{101, 101, "1 more..."}, Row{4000, 101, "3900 more..."}})
+    {
+        SCOPED_TRACE(bad);
+        readWithBadOnes(bad);
+        Rows expected(static_cast<std::size_t>(rows), start + "this one...");
+        expected.back() = start + last;
+        EXPECT_EQ(expected, log.Take());
+    }
 }
