@@ -10,6 +10,7 @@
 #include <Core/System/IO/Path.h>
 #include <Core/System/IO/StreamReader.h>
 #include <Core/System/Net/IPAddress.h>
+#include <Discovery/Gateway/AdapterStack.h>
 #include <Discovery/Gateway/DiscoveryProductPluginsController.h>
 #include <Discovery/Gateway/Platform/AdapterSettings.h>
 #include <Discovery/Gateway/Platform/Adapters.h>
@@ -24,7 +25,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <string>
+#include <vector>
 
 namespace Zelkor::Discovery::Client
 {
@@ -62,15 +65,20 @@ MACAddress MakeMACAddress(const Platform::Adapter& adapter)
     return MACAddress(bytes);
 }
 
-/// Hands over the adapters in the host's order; one that fails is logged and left out.
-void ForEachAdapter(const LogStreamChannel& channel, const AdapterVisitor& visit)
+std::vector<Platform::Adapter> ReadAdapters()
 {
     std::vector<Platform::Adapter> adapters;
     if (Platform::ReadAdapters(adapters) != 0)
     {
         throw Exception("W32Gateway::GetAdaptersInfos failed !", ThrowSite);
     }
-    for (const Platform::Adapter& adapter : adapters)
+    return adapters;
+}
+
+/// Hands over the adapters in the host's order; one that fails is logged and left out.
+void ForEachAdapter(const LogStreamChannel& channel, const AdapterVisitor& visit)
+{
+    for (const Platform::Adapter& adapter : ReadAdapters())
     {
         try
         {
@@ -112,21 +120,50 @@ Sp<NICConfig> MakeWorkItem(const NICConfig& request, const NICConfig& adapter)
                                        request.DefaultGateway, request.MTU));
 }
 
-/// One item for each request and each adapter that it names, unless the adapter is as it shall be.
+/// Leaves the adapter with the requested name, else each that isn't stacked on another of them.
+void KeepMeant(std::vector<Sp<NICConfig>>& adapters, const String& requestedName)
+{
+    const auto isOther = [&](const Sp<NICConfig>& adapter) { return adapter->FriendlyName != requestedName; };
+    if (!std::all_of(adapters.begin(), adapters.end(), isOther))
+    {
+        std::erase_if(adapters, isOther);
+        return;
+    }
+    const AdapterStack stack(ReadAdapters());
+    std::erase_if(adapters,
+                  [&, all = adapters](const Sp<NICConfig>& upper)
+                  {
+                      return std::any_of(all.begin(), all.end(),
+                                         [&](const Sp<NICConfig>& lower)
+                                         { return stack.IsAbove(upper->FriendlyName, lower->FriendlyName); });
+                  });
+}
+
+/// The adapters of this host that a request means, by their hardware address.
+std::vector<Sp<NICConfig>> FindAdapters(const NICConfig& request, const List<Sp<NICConfig>>& adapters)
+{
+    std::vector<Sp<NICConfig>> found;
+    std::copy_if(adapters.begin(), adapters.end(), std::back_inserter(found),
+                 [&](const Sp<NICConfig>& adapter) { return adapter->MACAddress == request.MACAddress; });
+    if (found.size() > 1)
+    {
+        KeepMeant(found, request.FriendlyName);
+    }
+    return found;
+}
+
+/// One item for each request and each adapter that it means, unless the adapter is as it shall be.
 Sp<List<Sp<NICConfig>>> MakeWorkItems(const List<Sp<NICConfig>>& requests, const List<Sp<NICConfig>>& adapters)
 {
     Sp<List<Sp<NICConfig>>> items(new List<Sp<NICConfig>>());
     for (const Sp<NICConfig>& request : requests)
     {
-        for (const Sp<NICConfig>& adapter : adapters)
+        for (const Sp<NICConfig>& adapter : FindAdapters(*request, adapters))
         {
-            if (request->MACAddress == adapter->MACAddress)
+            const Sp<NICConfig> item = MakeWorkItem(*request, *adapter);
+            if (!(*item == *adapter))
             {
-                const Sp<NICConfig> item = MakeWorkItem(*request, *adapter);
-                if (!(*item == *adapter))
-                {
-                    items->Add(item);
-                }
+                items->Add(item);
             }
         }
     }

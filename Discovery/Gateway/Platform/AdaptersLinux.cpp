@@ -1,5 +1,7 @@
 #include "Adapters.h"
 
+#include "Linux/LinkStack.h"
+
 #include <algorithm>
 #include <arpa/inet.h>
 #include <cerrno>
@@ -75,20 +77,39 @@ Entry MakeEntry(rtnl_link* link)
     return entry;
 }
 
+LinkPlace MakePlace(rtnl_link* link)
+{
+    LinkPlace place;
+    place.master = rtnl_link_get_master(link);
+    if (int elsewhere = 0;
+        rtnl_link_get_link_netnsid(link, &elsewhere) != 0) // else the number is that of another network
+    {
+        place.lower = rtnl_link_get_link(link);
+    }
+    return place;
+}
+
 void TakeLinks(const Cache& links, Snapshot& snapshot)
 {
-    std::set<int> seen;
+    std::map<int, LinkPlace> places;
     ForEach<rtnl_link>(links,
                        [&](rtnl_link* link)
                        {
                            const int index = rtnl_link_get_ifindex(link);
-                           snapshot.hasDuplicates |= !seen.insert(index).second;
+                           snapshot.hasDuplicates |= !places.emplace(index, MakePlace(link)).second;
                            // A bridge has its port's hardware address: with both listed, a request would hit both.
                            if ((rtnl_link_get_flags(link) & IFF_LOOPBACK) == 0 && rtnl_link_get_master(link) == 0)
                            {
                                snapshot.entries.emplace(index, MakeEntry(link));
                            }
                        });
+    for (const auto& [upper, lower] : FindStack(places))
+    {
+        if (const auto entry = snapshot.entries.find(upper); entry != snapshot.entries.end())
+        {
+            entry->second.adapter.lowerIndex = static_cast<std::uint32_t>(lower);
+        }
+    }
 }
 
 void TakeAddress(rtnl_addr* address, Adapter& adapter)

@@ -1,5 +1,6 @@
 #include <Discovery/Gateway/Platform/Adapters.h>
 #include <Tests/Support/Commands.h>
+#include <Tests/Support/Descriptor.h>
 #include <Tests/Support/IsolatedTest.h>
 #include <Tests/Support/PrivateNetwork.h>
 #include <algorithm>
@@ -8,6 +9,7 @@
 #include <linux/if_tun.h>
 #include <map>
 #include <net/if.h>
+#include <optional>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -97,6 +99,31 @@ TEST_F(AdaptersTests, PortsOfABridgeAreLeftOut)
 
     EXPECT_EQ(2u, adapters.size());
     EXPECT_EQ(0u, adapters.count("port"));
+}
+
+TEST_F(AdaptersTests, WhatAnAdapterIsStackedOnIsTheNextListedOne)
+{
+    Shell("ip link add lan type veth peer name end; ip link add wide type bridge");
+    if (std::system("ip link add link lan name upper type macvlan mode private 2>/dev/null") != 0)
+    {
+        GTEST_SKIP() << "the kernel has no macvlans, which stand on another adapter as VLANs do";
+    }
+    Shell("ip link add link lan name port type macvlan mode private; ip link set port master wide");
+    const Descriptor here(open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC));
+    const std::string path = "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(here.Number());
+    std::optional<PrivateNetwork> container(std::in_place);
+    const Descriptor there(open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC));
+    Shell("ip link add inside type veth peer name abroad netns " + path); // its number there is that of an adapter here
+    container.reset();
+
+    const auto adapters = ReadByName();
+
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [upper, lower] :
+         {Row{"lan", ""}, Row{"end", ""}, Row{"abroad", ""}, Row{"upper", "lan"}, Row{"wide", "lan"}})
+    {
+        EXPECT_EQ(if_nametoindex(lower), adapters.at(upper).lowerIndex) << upper;
+    }
 }
 
 TEST_F(AdaptersTests, AHardwareAddressOfEightBytesKeepsItsLength)

@@ -254,19 +254,52 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesStopAtTheFirstAdapterThatRefus
     EXPECT_EQ("C ClientDataGateway: IP config of second : a reason", rows[3]);
 }
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, ARequestForAnAddressThatTwoAdaptersHaveChangesBothEachTimeItIsNamed)
+TEST_F(DiscoveryClientDataGatewayW32Tests, OfAdaptersWithOneAddressThoseAreChangedThatTheRequestMeans)
 {
-    AddAdapter("lan", 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
-    AddAdapter("twin", 6, "10.1.2.4", "255.255.0.0", "10.1.0.1");
-    Sp<List<Sp<NICConfig>>> requests(new List<Sp<NICConfig>>());
-    const Sp<NICConfig> request = (*DiscoveryClientDataGatewayW32().GetNICConfigs())[0];
-    request->IPAddress = Address("10.1.2.5");
-    requests->Add(request);
-    requests->Add(request);
+    struct Row
+    {
+        const char* description;
+        const char* requestedName;
+        std::vector<std::pair<const char*, std::uint32_t>> stack; ///< names, each with the number of the one below it
+        std::vector<std::string> changed;
+    };
+    for (const Row& row :
+         {Row{"the name decides", "lan.7", {{"lan", 0}, {"lan.7", 1}, {"twin", 0}}, {"lan.7"}},
+          Row{"else the lowest of the stack", "LAN.7", {{"lan.7", 2}, {"lan", 0}}, {"lan"}},
+          Row{"also over one with an address of its own", "", {{"lan.7.8", 2}, {"macvlan", 3}, {"lan", 0}}, {"lan"}},
+          Row{"one alone needs no name", "x", {{"macvlan", 2}, {"lan.7", 0}}, {"lan.7"}},
+          Row{"what stands on none of them stays", "", {{"lan", 0}, {"twin", 9}, {"lan.7", 1}}, {"lan", "twin"}},
+          Row{"a ring has no lowest", "", {{"one", 2}, {"two", 1}}, {"one", "two"}}})
+    {
+        SCOPED_TRACE(row.description);
+        host.adapters.clear();
+        for (const auto& [name, lower] : row.stack)
+        {
+            AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
+            host.adapters.back().index = static_cast<std::uint32_t>(host.adapters.size());
+            host.adapters.back().lowerIndex = lower;
+            host.adapters.back().macBytes[0] = std::strcmp(name, "macvlan") == 0 ? 2 : 0;
+        }
+        Sp<List<Sp<NICConfig>>> requests(new List<Sp<NICConfig>>());
+        requests->Add(
+            Sp<NICConfig>(new NICConfig(row.requestedName, MACAddress("00:A1:A2:A3:A4:A5"), Address("10.1.2.5"),
+                                        Address("255.255.0.0"), Address("10.1.0.1"), "Unknown")));
+        requests->Add((*requests)[0]);
+        std::vector<std::string> expected;
+        for (int named = 0; named < requests->Count(); ++named)
+        {
+            for (const std::string& name : row.changed)
+            {
+                expected.push_back("probes " + name);
+                expected.push_back("set " + name + " 10.1.2.5 255.255.0.0 10.1.0.1");
+            }
+        }
 
-    DiscoveryClientDataGatewayW32().ChangeIPConfig(requests);
+        host.changes.clear();
+        DiscoveryClientDataGatewayW32().ChangeIPConfig(requests);
 
-    EXPECT_EQ(8u, host.changes.size());
+        EXPECT_EQ(expected, host.changes);
+    }
 }
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, ANewHostNameIsSetAndTheHostRestarted)

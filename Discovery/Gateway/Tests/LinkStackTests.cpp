@@ -1,0 +1,31 @@
+#include <Discovery/Gateway/Platform/Linux/LinkStack.h>
+#include <gtest/gtest.h>
+
+using Zelkor::Discovery::Platform::FindStack;
+using Links = std::map<int, Zelkor::Discovery::Platform::LinkPlace>;
+using Stack = std::map<int, int>;
+
+TEST(LinkStackTests, AnUpperLinkStandsOnTheOneThatIsListedForTheLinkBelow)
+{
+    struct Row
+    {
+        const char* description;
+        Links links; ///< each with what it is made on and its master
+        Stack stack;
+    };
+    for (const Row& row :
+         {Row{"adapters, a pair, one made on a link elsewhere", {{1, {}}, {2, {3, 0}}, {3, {2, 0}}, {4, {9, 0}}}, {}},
+          Row{"a VLAN on a VLAN", {{2, {}}, {3, {2, 0}}, {4, {3, 0}}}, {{3, 2}, {4, 3}}},
+          Row{"a VLAN of a bridge's port", {{2, {0, 5}}, {3, {2, 0}}, {5, {}}}, {{3, 5}}},
+          Row{"a VLAN of a bond's port, the bond a bridge's",
+              {{2, {0, 4}}, {3, {2, 0}}, {4, {0, 5}}, {5, {}}},
+              {{3, 5}}},
+          Row{"a bridge over a VLAN and a pair's end",
+              {{2, {}}, {3, {2, 5}}, {5, {}}, {6, {7, 5}}, {7, {6, 0}}},
+              {{5, 2}}},
+          Row{"a bridge over a VLAN of its own port", {{2, {0, 5}}, {3, {2, 5}}, {5, {}}}, {}},
+          Row{"masters in a ring, read while they changed", {{2, {3, 0}}, {3, {0, 4}}, {4, {0, 3}}}, {{2, 3}}}})
+    {
+        EXPECT_EQ(row.stack, FindStack(row.links)) << row.description;
+    }
+}
