@@ -1,5 +1,7 @@
 #include <Core/LogStream/LogStreamLevel.h>
 #include <Core/System/EventArgs.h>
+#include <Core/System/Net/Sockets/AddressFamily.h>
+#include <Serialization.Json/IJSONSerializer.h>
 #include <Serialization.Json/JSONStringer.h>
 #include <Tests/Support/CoreTest.h>
 
@@ -62,9 +64,10 @@ TEST(JSONStringerTests, WritesEachTypeInItsForm)
               Elements(0.0, -0.0, -3.0, 0.5, 1e-7, -1.5e9 - 0.25, Double::NaN, Double::NegativeInfinity));
     EXPECT_EQ(R"(["","",null])", Elements(static_cast<const String&>(null), static_cast<const char*>(nullptr),
                                           static_cast<const Object&>(null)));
-    EXPECT_EQ(R"([1,2,3,4,true,"t",255,2.500000,1])",
+    EXPECT_EQ(R"([1,2,3,4,true,"t",255,2.500000,1,23])",
               Elements(Int64(1), UInt64(2), Int32(3), UInt32(4), Boolean(true), static_cast<const Object&>(String("t")),
-                       LogStreamLevel(), Double(2.5), LogStreamLevel::Critical));
+                       LogStreamLevel(), Double(2.5), LogStreamLevel::Critical,
+                       Net::Sockets::AddressFamily(Net::Sockets::AddressFamily::InterNetworkV6)));
     EXPECT_THROW(Elements(EventArgs()), FormatException);
 }
 
@@ -100,4 +103,23 @@ TEST(JSONStringerTests, HoldsTwentyScopes)
         stringer.EndArray();
     }
     EXPECT_EQ(std::string(20, '[') + std::string(20, ']'), stringer.ToString().Utf8());
+}
+
+TEST(JSONStringerTests, ASerializerGoesByTextOverTheDocument)
+{
+    struct Names : public IJSONSerializer<String>
+    {
+        using IJSONSerializer::Deserialize;
+        using IJSONSerializer::Serialize;
+        Up<String> Deserialize(const JSONObject& object) override
+        {
+            return Up<String>(new String(object.GetString("name")));
+        }
+        void Serialize(const String& value, JSONStringer& stringer) override
+        {
+            stringer.BeginObject().Key("name").Value(value).EndObject();
+        }
+    };
+    EXPECT_EQ(R"({"name":"x"})", Names().Serialize("x").Utf8());
+    EXPECT_EQ("x", Names().Deserialize(String(R"({"name":"x"})"))->Utf8());
 }
