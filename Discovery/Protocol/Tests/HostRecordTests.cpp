@@ -40,13 +40,11 @@ std::string Changed(const std::string& old, const std::string& replacement)
 
 TEST(HostRecordTests, AHardwareAddressIsReadFromLooseTextAndPrintedStrictly)
 {
-    const std::pair<const char*, const char*> rows[] = {
-        {"aa:BB:cc:DD:ee:FF", "AA:BB:CC:DD:EE:FF"},
-        {"1:2:3:4:5:6", "01:02:03:04:05:06"},
-        {"AA", "AA:00:00:00:00:00"},
-        {"", "00:00:00:00:00:00"},
-        {"0x1:002", "01:02:00:00:00:00"},
-    };
+    const std::pair<const char*, const char*> rows[] = {{"aa:BB:cc:DD:ee:FF", "AA:BB:CC:DD:EE:FF"},
+                                                        {"1:2:3:4:5:6", "01:02:03:04:05:06"},
+                                                        {"AA", "AA:00:00:00:00:00"},
+                                                        {"", "00:00:00:00:00:00"},
+                                                        {"0x1:002", "01:02:00:00:00:00"}};
     for (const auto& [text, printed] : rows)
     {
         EXPECT_EQ(printed, MACAddress(text).ToString().Utf8());
@@ -69,29 +67,24 @@ TEST(HostRecordTests, AHardwareAddressIsReadFromLooseTextAndPrintedStrictly)
 
 TEST(HostRecordTests, EachFieldIsReadWrittenCopiedAndCompared)
 {
-    const std::pair<std::string, std::string> changes[] = {
-        {"STUDIO4", "x"},
-        {R"(Only":false)", R"(Only":true)"},
-        {R"(IPConfigChange":false)", R"(IPConfigChange":true)"},
-        {"Windows PC", "x"},
-        {"Computer", "x"},
-        {"4711", "x"},
-        {"LAN 1", "x"},
-        {"4D:5E", "4D:5F"},
-        {"1.20", "1.21"},
-        {"255.0", "254.0"},
-        {"1.1\"", "1.2\""},
-        {"1500", "x"},
-        {SampleNICText, ""},
-        {SampleNICText, SampleNICText + "," + SampleNICText},
-        {R"("Server")", R"("x")"},
-        {R"("88")", R"("x")"},
-        {R"("2.1")", R"("x")"},
-        {R"("Store")", R"("x")"},
-        {R"("Store"})", R"("Store"},{"ProductType":"","ProductSerialNumber":"","ProductVersion":"","ProductName":""})"},
-        {R"("21")", R"("22")"},
-        {R"("Port")", R"("Part")"},
-    };
+    using Change = std::pair<std::string, std::string>;
+    std::vector<Change> changes = {
+        Change{R"(Only":false)", R"(Only":true)"},
+        Change{R"(IPConfigChange":false)", R"(IPConfigChange":true)"},
+        Change{"4D:5E", "4D:5F"},
+        Change{"1.20", "1.21"},
+        Change{"255.0", "254.0"},
+        Change{R"(1.1")", R"(1.2")"},
+        Change{R"("Port")", R"("Part")"},
+        Change{SampleNICText, ""},
+        Change{SampleNICText, SampleNICText + "," + SampleNICText},
+        Change{R"("Store"})",
+               R"("Store"},{"ProductType":"","ProductSerialNumber":"","ProductVersion":"","ProductName":""})"}};
+    for (const std::string text :
+         {"STUDIO4", "Windows PC", "Computer", "4711", "LAN 1", "1500", "Server", "88", "2.1", "Store", "21"})
+    {
+        changes.emplace_back("\"" + text + "\"", R"("x")");
+    }
     const DiscoveryHost sample = SampleHost();
     EXPECT_TRUE(Read<DiscoveryHost>(SampleHostText) == sample);
     for (const auto& [old, replacement] : changes)
