@@ -1,14 +1,13 @@
+#include <Tests/Support/Commands.h>
 #include <Tests/Support/NativeTestSocket.h>
+#include <Tests/Support/PrivateNetwork.h>
 
 #include <pthread.h>
-#include <sched.h>
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
-#include <functional>
 #include <future>
 #include <thread>
 
@@ -42,24 +41,6 @@ protected:
     NativeTestSocket::Address closed = {};
 };
 
-/// Runs work in a network namespace of its own, made ready by shell commands.
-/// @returns false when the host refuses
-bool RunIsolated(const std::string& commands, const std::function<void()>& work)
-{
-    bool isolated = false;
-    std::jthread(
-        [&]
-        {
-            isolated = ::unshare(CLONE_NEWNET) == 0 && std::system((commands + " >&2").c_str()) == 0;
-            if (isolated)
-            {
-                work();
-            }
-        })
-        .join();
-    return isolated;
-}
-
 /// True for a select that finds nothing and takes all of its time.
 bool WaitsInVain(SelectEntry entry)
 {
@@ -68,23 +49,6 @@ bool WaitsInVain(SelectEntry entry)
     EXPECT_EQ(0, SelectSockets(&entry, 1, wait.count()));
     EXPECT_FALSE(entry.read || entry.write || entry.error);
     return std::chrono::steady_clock::now() - start >= wait;
-}
-
-/// Announces from a socket bound to no address, where there is no route, and expects the sender's address.
-void ExpectBroadcastFrom(const unsigned char (&expected)[4])
-{
-    NativeTestSocket listener(0);
-    NativeTestSocket sender(0);
-    NativeTestSocket::Address target = {2, 0, listener.local[2], listener.local[3], 255, 255, 255, 255};
-    ASSERT_EQ(0, listener.SetOption(4102, 10000)); // milliseconds
-    ASSERT_EQ(SocketAccessDenied, sender.SendTo(target, "not allowed yet"));
-    ASSERT_EQ(0, sender.SetOption(32, -1));
-
-    ASSERT_EQ(0, sender.SendTo(target, "announcement"));
-
-    ASSERT_EQ(0, listener.Receive());
-    EXPECT_EQ("announcement", listener.text);
-    EXPECT_TRUE(std::equal(std::begin(expected), std::end(expected), listener.sender + 4));
 }
 } // namespace
 
@@ -123,19 +87,16 @@ TEST_F(NativeSocketsLinuxTests, SelectGoesOnWaitingAfterWhatNobodyAskedFor)
     ASSERT_EQ(0, ShutdownSocket(*two.socket, 2));
     EXPECT_TRUE(WaitsInVain({two.socket, false, false, true})) << "nor is the end";
 
-    const char* const lan = "ip link set lo up && ip link add lan1 type veth peer name lan2 && ip link set lan2 up && "
-                            "ip address add 10.77.0.5/24 dev lan1 && ip link set lan1 up && "
-                            "ip ntable change name arp_cache dev lan1 retrans 5 mcast_probes 1";
-    const auto askNobody = []
-    {
-        NativeTestSocket asking(0);
-        ASSERT_EQ(0, asking.SendTo({2, 0, 1, 1, 10, 77, 0, 9}, "is told as unreachable after 5 milliseconds"));
-        EXPECT_TRUE(WaitsInVain({asking.socket, true, false, false}));
-    };
-    if (!RunIsolated(lan, askNobody))
+    const PrivateNetwork network;
+    if (!network.IsEntered())
     {
         GTEST_SKIP() << "no network namespace of our own is to be had";
     }
+    Shell("ip link add lan1 type veth peer name lan2 && ip link set lan2 up && ip address add 10.77.0.5/24 dev lan1 && "
+          "ip link set lan1 up && ip ntable change name arp_cache dev lan1 retrans 5 mcast_probes 1");
+    NativeTestSocket asking(0);
+    ASSERT_EQ(0, asking.SendTo({2, 0, 1, 1, 10, 77, 0, 9}, "is told as unreachable after 5 milliseconds"));
+    EXPECT_TRUE(WaitsInVain({asking.socket, true, false, false}));
 }
 
 TEST_F(NativeSocketsLinuxTests, AClosedPortWakesAReceiverThatIsBlocked)
@@ -201,16 +162,5 @@ TEST_F(NativeSocketsLinuxTests, ASignalDoesNotEndAReceive)
     EXPECT_EQ(0, receive.get());
     EXPECT_EQ("after the signals", one.text);
     ::sigaction(SIGUSR1, &before, nullptr);
-}
-
-TEST_F(NativeSocketsLinuxTests, ABroadcastLeavesAHostWithoutADefaultRoute)
-{
-    const char* const lan = "ip link set lo up && ip link add lan1 type veth peer name lan2 && ip link set lan2 up && "
-                            "ip address add 10.77.0.5/24 dev lan1 && ip link set lan1 up";
-    if (!RunIsolated(lan, [] { ExpectBroadcastFrom({10, 77, 0, 5}); }))
-    {
-        GTEST_SKIP() << "no network namespace of our own is to be had";
-    }
-    EXPECT_TRUE(RunIsolated("ip link set lo up", [] { ExpectBroadcastFrom({127, 0, 0, 1}); }));
 }
 } // namespace Tesmo::Platform

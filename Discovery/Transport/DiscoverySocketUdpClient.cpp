@@ -26,12 +26,12 @@ namespace
 {
 constexpr int ReceiveBufferSize = 65536; // bytes
 
-Sp<UdpClient> MakeClient(const Sp<EndPoint>& local)
+Sp<UdpClient> MakeClient(const Sp<EndPoint>& local, void (Socket::*bind)(const Sp<EndPoint>&))
 {
     const Sp<Socket> socket(new Socket(AddressFamily::InterNetwork, SocketType::Dgram, ProtocolType::Udp));
     socket->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReuseAddress, true);
     socket->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReceiveBuffer, ReceiveBufferSize);
-    socket->Bind(local);
+    (*socket.*bind)(local);
     const Sp<UdpClient> client(new UdpClient);
     client->Client(socket);
     return client;
@@ -44,11 +44,23 @@ DiscoverySocketUdpClient::DiscoverySocketUdpClient(int boundPort, int targetPort
 }
 
 DiscoverySocketUdpClient::DiscoverySocketUdpClient(int boundPort, int targetPort, const IPAddress& address)
+    : DiscoverySocketUdpClient(boundPort, targetPort, address, &Socket::Bind)
+{
+}
+
+DiscoverySocketUdpClient::DiscoverySocketUdpClient(int boundPort, int targetPort, const IPAddress& address, Bind bind)
     : localPort(boundPort),
       remotePort(targetPort),
-      client(MakeClient(Sp<EndPoint>(new IPEndPoint(address, boundPort))))
+      client(MakeClient(Sp<EndPoint>(new IPEndPoint(address, boundPort)), bind))
 {
     localPort = dynamic_cast<const IPEndPoint&>(client->Client()->LocalEndPoint()).Port();
+}
+
+Sp<DiscoverySocketUdpClient> DiscoverySocketUdpClient::ForSending(int boundPort, int targetPort,
+                                                                  const IPAddress& address)
+{
+    return Sp<DiscoverySocketUdpClient>(
+        new DiscoverySocketUdpClient(boundPort, targetPort, address, &Socket::BindForSending));
 }
 
 DiscoverySocketUdpClient::~DiscoverySocketUdpClient()

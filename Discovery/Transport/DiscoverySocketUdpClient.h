@@ -23,6 +23,11 @@ public:
     /// @throws ArgumentNullException  address is null
     DiscoverySocketUdpClient(int boundPort, int targetPort, const Tesmo::System::Net::IPAddress& address);
 
+    /// A socket that sends from one local address, by the interface that has it, and never takes what arrives for it.
+    /// @throws ArgumentNullException  address is null
+    static Tesmo::Sp<DiscoverySocketUdpClient> ForSending(int boundPort, int targetPort,
+                                                          const Tesmo::System::Net::IPAddress& address);
+
     /// Shuts down and closes what is still open. Raises nothing: a failing shut-down gives way to the close.
     ~DiscoverySocketUdpClient() override;
 
@@ -40,6 +45,10 @@ public:
     int GetRemotePort() const override;
 
 private:
+    using Bind = void (Tesmo::System::Net::Sockets::Socket::*)(const Tesmo::Sp<Tesmo::System::Net::EndPoint>&);
+
+    DiscoverySocketUdpClient(int boundPort, int targetPort, const Tesmo::System::Net::IPAddress& address, Bind bind);
+
     int localPort;
     int remotePort;
     Tesmo::Sp<Tesmo::System::Net::Sockets::UdpClient> client;

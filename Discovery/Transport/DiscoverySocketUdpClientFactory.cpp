@@ -12,6 +12,6 @@ DiscoverySocketUdpClientFactory::DiscoverySocketUdpClientFactory(int boundPort, 
 
 Tesmo::Sp<IDiscoverySocket> DiscoverySocketUdpClientFactory::Create(const Tesmo::System::Net::IPAddress& address)
 {
-    return Tesmo::Sp<IDiscoverySocket>(new DiscoverySocketUdpClient(localPort, remotePort, address));
+    return DiscoverySocketUdpClient::ForSending(localPort, remotePort, address);
 }
 } // namespace Zelkor::Discovery

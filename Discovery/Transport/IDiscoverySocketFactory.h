@@ -11,8 +11,9 @@ namespace Zelkor::Discovery
 class IDiscoverySocketFactory : public Tesmo::System::Object
 {
 public:
-    /// A new socket bound to one local address.
-    /// @throws Tesmo::System::Net::Sockets::SocketException  the address cannot be bound
+    /// A new socket that sends from one local address, by the adapter that has it, and never takes a request away from
+    /// the shared socket.
+    /// @throws Tesmo::System::Net::Sockets::SocketException  the address cannot be bound (10049: the host hasn't got it)
     virtual Tesmo::Sp<IDiscoverySocket> Create(const Tesmo::System::Net::IPAddress& address) = 0;
 };
 } // namespace Zelkor::Discovery

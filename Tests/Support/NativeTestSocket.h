@@ -13,17 +13,20 @@ class NativeTestSocket
 {
 public:
     using Address = unsigned char[SocketAddressSize];
+    using Bind = int (*)(NativeSocket& socket, const unsigned char* address, int addressSize);
 
-    /// @param lastOctet  of 127.0.0.x, or 0 for 0.0.0.0
-    explicit NativeTestSocket(int lastOctet = 1, int wantedPort = 0)
+    /// @param lastOctet   of 127.0.0.x, or 0 for 0.0.0.0
+    /// @param wantedPort  one to share with a socket that allows it, or 0 for a free one
+    explicit NativeTestSocket(int lastOctet = 1, int wantedPort = 0, Bind bind = BindSocket)
     {
         EXPECT_EQ(0, OpenSocket(FamilyInterNetwork, TypeDatagram, 17, socket));
+        EXPECT_EQ(0, SetOption(4, wantedPort == 0 ? 0 : -1)); // SO_REUSEADDR
         Address address = {FamilyInterNetwork};
         address[2] = static_cast<unsigned char>(wantedPort >> 8);
         address[3] = static_cast<unsigned char>(wantedPort);
         address[4] = lastOctet == 0 ? 0 : 127;
         address[7] = static_cast<unsigned char>(lastOctet);
-        EXPECT_EQ(0, BindSocket(*socket, address, 16));
+        EXPECT_EQ(0, bind(*socket, address, 16));
         int size = 0;
         EXPECT_EQ(0, GetSocketAddress(*socket, local, size));
         EXPECT_EQ(16, size);

@@ -13,6 +13,10 @@
 
 namespace Tesmo::Platform
 {
+/// Where a socket stands that is bound for sending alone: the group address that is never assigned (RFC 1112, section 4),
+/// to which nothing is sent.
+constexpr in_addr_t Nowhere = 0xE0000000; // 224.0.0.0
+
 /// A socket of Linux behind the handle: see Sockets.h for the contract.
 struct NativeSocket
 {
@@ -31,6 +35,8 @@ struct NativeSocket
     std::atomic<bool> portUnreachable = false;
     /// Known to have a local port; the kernel is asked while it is not.
     std::atomic<bool> hasPort = false;
+    /// The address that a socket bound for sending alone sends from; see Nowhere.
+    std::atomic<in_addr_t> source = INADDR_ANY;
     SocketState state;
 };
 
@@ -128,14 +134,19 @@ public:
         }
     }
 
-    bool IsLimitedBroadcast() const
+    bool IsIPv4() const
     {
-        return storage.ss_family == AF_INET && IPv4() == INADDR_BROADCAST;
+        return storage.ss_family == AF_INET;
     }
 
-    bool IsAnyIPv4() const
+    in_addr IPv4() const
     {
-        return storage.ss_family == AF_INET && IPv4() == INADDR_ANY;
+        return reinterpret_cast<const sockaddr_in*>(&storage)->sin_addr;
+    }
+
+    void IPv4(in_addr_t address)
+    {
+        reinterpret_cast<sockaddr_in*>(&storage)->sin_addr.s_addr = address;
     }
 
     bool HasPort() const
@@ -146,11 +157,10 @@ public:
     socklen_t length = 0;
 
 private:
-    in_addr_t IPv4() const
-    {
-        return reinterpret_cast<const sockaddr_in*>(&storage)->sin_addr.s_addr;
-    }
-
     sockaddr_storage storage = {};
 };
+
+/// Reads the address that the socket is bound to, or sends from.
+/// @returns 0 or an errno
+int ReadLocalAddress(const NativeSocket& socket, NativeAddress& local);
 } // namespace Tesmo::Platform

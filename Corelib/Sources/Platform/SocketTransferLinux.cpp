@@ -1,15 +1,14 @@
 #include "Platform/NativeSocketLinux.h"
+#include "Platform/RoadsLinux.h"
 #include "Platform/SocketErrorsLinux.h"
 
-#include <ifaddrs.h>
 #include <linux/errqueue.h>
-#include <net/if.h>
 #include <netinet/icmp6.h>
 #include <netinet/ip_icmp.h>
 
 #include <cerrno>
 #include <iterator>
-#include <memory>
+#include <optional>
 
 namespace Tesmo::Platform
 {
@@ -53,50 +52,6 @@ bool TakePortUnreachable(NativeSocket& socket)
     return socket.portUnreachable.load() && socket.portUnreachable.exchange(false);
 }
 
-/// An interface to broadcast by; the lower the rank, the better.
-struct BroadcastInterface
-{
-    int rank = 3;
-    unsigned index = 0;
-    in_addr address = {};
-};
-
-BroadcastInterface MakeBroadcastInterface(const ifaddrs& entry)
-{
-    BroadcastInterface made;
-    if (entry.ifa_addr == nullptr || entry.ifa_addr->sa_family != AF_INET || (entry.ifa_flags & IFF_UP) == 0)
-    {
-        return made;
-    }
-    const bool canBroadcast = (entry.ifa_flags & IFF_BROADCAST) != 0;
-    const bool hasCarrier = (entry.ifa_flags & IFF_RUNNING) != 0;
-    const bool isLoopback = (entry.ifa_flags & IFF_LOOPBACK) != 0;
-    made.rank = isLoopback ? 2 : canBroadcast ? (hasCarrier ? 0 : 1) : 3;
-    made.index = ::if_nametoindex(entry.ifa_name);
-    made.address = reinterpret_cast<const sockaddr_in*>(entry.ifa_addr)->sin_addr;
-    return made;
-}
-
-BroadcastInterface FindBroadcastInterface()
-{
-    BroadcastInterface best;
-    ifaddrs* first = nullptr;
-    if (::getifaddrs(&first) != 0)
-    {
-        return best;
-    }
-    const std::unique_ptr<ifaddrs, decltype(&::freeifaddrs)> list(first, &::freeifaddrs);
-    for (const ifaddrs* entry = first; entry != nullptr; entry = entry->ifa_next)
-    {
-        const BroadcastInterface found = MakeBroadcastInterface(*entry);
-        if (found.rank < best.rank || (found.rank == best.rank && found.index < best.index))
-        {
-            best = found;
-        }
-    }
-    return best;
-}
-
 bool HasPort(NativeSocket& socket)
 {
     NativeAddress bound;
@@ -107,27 +62,29 @@ bool HasPort(NativeSocket& socket)
     return socket.hasPort;
 }
 
-bool IsBoundToNoAddress(const NativeSocket& socket)
+/// A datagram, or bytes of a stream, on the way out.
+struct Outgoing
 {
-    NativeAddress bound;
-    return ::getsockname(socket.descriptor, bound.Receiver(), &bound.length) == 0 && bound.IsAnyIPv4();
+    const unsigned char* data;
+    int size;
+    int flags;
+    const NativeAddress& target;
+};
+
+ssize_t SendOnce(const NativeSocket& socket, const Outgoing& outgoing)
+{
+    const NativeAddress& target = outgoing.target;
+    return ::sendto(socket.descriptor, outgoing.data, static_cast<std::size_t>(outgoing.size), outgoing.flags,
+                    target.Get(), target.length);
 }
 
-/// Sends to the limited broadcast address by an interface of our own choice, for want of a route.
-ssize_t SendByInterface(const NativeSocket& socket, const unsigned char* data, int size, int flags,
-                        const NativeAddress& target)
+ssize_t SendOnceBy(const Road& road, const NativeSocket& socket, const Outgoing& outgoing)
 {
-    const BroadcastInterface by = FindBroadcastInterface();
-    if (by.index == 0)
-    {
-        errno = ENETUNREACH;
-        return -1;
-    }
     alignas(cmsghdr) unsigned char control[CMSG_SPACE(sizeof(in_pktinfo))] = {};
-    iovec part = {const_cast<unsigned char*>(data), static_cast<std::size_t>(size)};
+    iovec part = {const_cast<unsigned char*>(outgoing.data), static_cast<std::size_t>(outgoing.size)};
     msghdr message = {};
-    message.msg_name = const_cast<sockaddr*>(target.Get());
-    message.msg_namelen = target.length;
+    message.msg_name = const_cast<sockaddr*>(outgoing.target.Get());
+    message.msg_namelen = outgoing.target.length;
     message.msg_iov = &part;
     message.msg_iovlen = 1;
     message.msg_control = control;
@@ -137,33 +94,76 @@ ssize_t SendByInterface(const NativeSocket& socket, const unsigned char* data, i
     header->cmsg_type = IP_PKTINFO;
     header->cmsg_len = CMSG_LEN(sizeof(in_pktinfo));
     in_pktinfo info = {};
-    info.ipi_ifindex = static_cast<int>(by.index);
-    info.ipi_spec_dst = by.address;
+    info.ipi_ifindex = static_cast<int>(road.interface);
+    info.ipi_spec_dst = road.source;
     std::memcpy(CMSG_DATA(header), &info, sizeof(info));
-    return ::sendmsg(socket.descriptor, &message, flags);
+    return ::sendmsg(socket.descriptor, &message, outgoing.flags);
 }
 
-ssize_t SendOnce(const NativeSocket& socket, const unsigned char* data, int size, int flags,
-                 const NativeAddress& target)
+/// Sends, by a road if one is given, and again where only a signal or the report of an earlier datagram stood in the way.
+/// @param sent  receives the number of bytes sent
+/// @returns 0 or an errno
+int Send(NativeSocket& socket, const Call& call, const Outgoing& outgoing, const std::optional<Road>& road, int& sent)
 {
-    const ssize_t result =
-        ::sendto(socket.descriptor, data, static_cast<std::size_t>(size), flags, target.Get(), target.length);
-    if (result < 0 && errno == ENETUNREACH && target.IsLimitedBroadcast() && IsBoundToNoAddress(socket))
+    for (int attempt = 0;;)
     {
-        return SendByInterface(socket, data, size, flags, target);
+        const ssize_t result = road ? SendOnceBy(*road, socket, outgoing) : SendOnce(socket, outgoing);
+        const int error = errno;
+        if (result >= 0 || (error == ENOBUFS && socket.datagram))
+        {
+            // ENOBUFS: lost in a full queue of the interface, which is told only because we ask for reports
+            sent = result >= 0 ? static_cast<int>(result) : outgoing.size;
+            return 0;
+        }
+        if (error == EINTR && call.End(SendingDirection) == 0)
+        {
+            continue;
+        }
+        const bool drained = socket.datagram && DrainReports(socket);
+        const bool mayBeReport = socket.datagram && IsReport(error) && (drained || attempt == 0);
+        if (!mayBeReport || ++attempt == MaxSendAttempts)
+        {
+            return error;
+        }
     }
-    return result;
+}
+
+/// True for the errors that say that no route leads to the target, or one that refuses (ip-route(8): unreachable,
+/// prohibit, blackhole).
+bool IsRefusedByRoute(int error)
+{
+    return error == ENETUNREACH || error == EHOSTUNREACH || error == EACCES || error == EINVAL;
+}
+
+bool IsLimitedBroadcast(const NativeAddress& target)
+{
+    return target.IsIPv4() && target.IPv4().s_addr == INADDR_BROADCAST;
+}
+
+bool IsBoundToNoAddress(const NativeSocket& socket)
+{
+    NativeAddress local;
+    return ReadLocalAddress(socket, local) == 0 && local.IsIPv4() && local.IPv4().s_addr == INADDR_ANY;
 }
 
 /// The error number of a send that failed for a reason of its own.
-int SendErrorOf(const NativeSocket& socket, int error)
+int SendErrorOf(const NativeSocket& socket, int error, const NativeAddress& target)
 {
     if (error == EAGAIN)
     {
         return socket.blocking ? SocketTimedOut : SocketWouldBlock;
     }
-    // no road from this local address, or a route that leads nowhere
-    return error == EINVAL && socket.datagram ? SocketAddressNotAvailable : SocketErrorOf(error);
+    if (!socket.datagram || !(IsRefusedByRoute(error) || error == EPERM)) // EPERM: a firewall's word about a datagram
+    {
+        return SocketErrorOf(error);
+    }
+    if (error == EINVAL && target.IsIPv4() && !target.HasPort())
+    {
+        return SocketAddressNotAvailable;
+    }
+    // without the option to broadcast
+    return error == EACCES && target.IsIPv4() && IsBroadcast(target.IPv4()) ? SocketAccessDenied
+                                                                            : SocketNetworkUnreachable;
 }
 } // namespace
 
@@ -197,31 +197,24 @@ int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int fl
     {
         return call.Refused() ? SocketNotSocket : !target.IsUsable() ? SocketFault : SocketNotSupported;
     }
-    for (int attempt = 0;;)
+    const Outgoing outgoing = {data, size, flags | MSG_NOSIGNAL, target};
+    std::optional<Road> road;
+    if (const in_addr source = {socket.source}; source.s_addr != INADDR_ANY && target.IsIPv4())
     {
-        const ssize_t result = SendOnce(socket, data, size, flags | MSG_NOSIGNAL, target);
-        const int error = errno;
-        if (result >= 0 || (error == ENOBUFS && socket.datagram))
+        road = FindRoad(source, target.IPv4());
+        if (!road)
         {
-            // ENOBUFS: lost in a full queue of the interface, which is told only because we ask for reports
-            sent = result >= 0 ? static_cast<int>(result) : size;
-            return 0;
-        }
-        if (const int end = call.End(SendingDirection); end != 0)
-        {
-            return end;
-        }
-        if (error == EINTR)
-        {
-            continue;
-        }
-        const bool drained = socket.datagram && DrainReports(socket);
-        const bool mayBeReport = socket.datagram && IsReport(error) && (drained || attempt == 0);
-        if (!mayBeReport || ++attempt == MaxSendAttempts)
-        {
-            return SendErrorOf(socket, error);
+            return SocketNetworkUnreachable;
         }
     }
+    int error = Send(socket, call, outgoing, road, sent);
+    if (IsRefusedByRoute(error) && !road && IsLimitedBroadcast(target) && IsBoundToNoAddress(socket))
+    {
+        road = FindBroadcastRoad();
+        error = road ? Send(socket, call, outgoing, road, sent) : ENETUNREACH;
+    }
+    const int end = error == 0 ? 0 : call.End(SendingDirection);
+    return end != 0 ? end : error == 0 ? 0 : SendErrorOf(socket, error, target);
 }
 
 int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int flags,

@@ -76,6 +76,11 @@ int ShutdownSocket(NativeSocket& socket, int how);
 
 int BindSocket(NativeSocket& socket, const unsigned char* address, int addressSize);
 
+/// Binds an IPv4 datagram socket (10045, 10047 for others) for sending alone: it sends from the address and never takes
+/// what arrives there, which goes to whoever else is bound to the port. From an address other than 0.0.0.0 a datagram
+/// leaves by the interface that has the address, or not at all (10051).
+int BindSocketForSending(NativeSocket& socket, const unsigned char* address, int addressSize);
+
 /// Connects; an address of family 0 dissolves the association of a datagram socket.
 int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addressSize);
 
@@ -89,9 +94,10 @@ int AcceptSocket(NativeSocket& socket, NativeSocket*& accepted, unsigned char (&
 
 /// Sends one datagram, or bytes of a stream to the connected peer when address is a null pointer.
 ///
-/// A report that an earlier datagram met a closed port costs no send. Where the host has no route for 255.255.255.255
-/// and the socket is bound to no address, it leaves by the first interface, in ascending index, that is up, can
-/// broadcast and has an IPv4 address (one with a carrier before one without); only where there is none, by loopback.
+/// A report that an earlier datagram met a closed port costs no send. Where the host has no route for 255.255.255.255,
+/// or one that refuses, and the socket is bound to no address, it leaves by the first interface, in ascending index,
+/// that is up, can broadcast and has an IPv4 address (one with a carrier before one without); only where there is none,
+/// by loopback. A datagram that no route takes, or a firewall refuses, fails with SocketNetworkUnreachable.
 /// @param flags  1 out of band, 4 without routing; other bits fail with SocketNotSupported
 /// @param sent   receives the number of bytes sent
 int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int flags, const unsigned char* address,

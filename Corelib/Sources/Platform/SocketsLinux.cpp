@@ -1,6 +1,7 @@
 #include "Platform/Sockets.h"
 
 #include "Platform/NativeSocketLinux.h"
+#include "Platform/RoadsLinux.h"
 #include "Platform/SocketErrorsLinux.h"
 
 #include <poll.h>
@@ -51,6 +52,19 @@ void Prepare(const NativeSocket& socket)
     }
 }
 } // namespace
+
+int ReadLocalAddress(const NativeSocket& socket, NativeAddress& local)
+{
+    if (::getsockname(socket.descriptor, local.Receiver(), &local.length) != 0)
+    {
+        return errno;
+    }
+    if (local.IsIPv4() && local.IPv4().s_addr == htonl(Nowhere))
+    {
+        local.IPv4(socket.source);
+    }
+    return 0;
+}
 
 int OpenSocket(int family, int type, int protocol, NativeSocket*& socket)
 {
@@ -121,6 +135,32 @@ int BindSocket(NativeSocket& socket, const unsigned char* address, int addressSi
         return call.Refused() ? SocketNotSocket : SocketFault;
     }
     return ResultOf(::bind(socket.descriptor, local.Get(), local.length));
+}
+
+int BindSocketForSending(NativeSocket& socket, const unsigned char* address, int addressSize)
+{
+    const Call call(socket);
+    NativeAddress local(address, addressSize);
+    if (call.Refused() || !local.IsUsable())
+    {
+        return call.Refused() ? SocketNotSocket : SocketFault;
+    }
+    if (!socket.datagram || socket.family != AF_INET || !local.IsIPv4())
+    {
+        return socket.datagram ? SocketFamilyNotSupported : SocketNotSupported;
+    }
+    const in_addr source = local.IPv4();
+    if (source.s_addr != INADDR_ANY && !IsLocal(source))
+    {
+        return SocketAddressNotAvailable;
+    }
+    local.IPv4(htonl(Nowhere));
+    const int code = ResultOf(::bind(socket.descriptor, local.Get(), local.length));
+    if (code == 0)
+    {
+        socket.source = source.s_addr;
+    }
+    return code;
 }
 
 int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addressSize)
@@ -211,12 +251,12 @@ int GetSocketAddress(NativeSocket& socket, unsigned char (&address)[SocketAddres
     {
         return SocketNotSocket;
     }
-    NativeAddress bound;
-    const int code = ResultOf(::getsockname(socket.descriptor, bound.Receiver(), &bound.length));
-    if (code == 0)
+    NativeAddress local;
+    const int error = ReadLocalAddress(socket, local);
+    if (error == 0)
     {
-        bound.Give(address, addressSize);
+        local.Give(address, addressSize);
     }
-    return code;
+    return error == 0 ? 0 : SocketErrorOf(error);
 }
 } // namespace Tesmo::Platform

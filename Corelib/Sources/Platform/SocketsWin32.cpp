@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <deque>
 
 namespace Tesmo::Platform
@@ -246,6 +247,27 @@ int BindSocket(NativeSocket& socket, const unsigned char* address, int addressSi
 {
     const Call call(socket);
     return call.Refused() ? SocketNotSocket : ResultOf(::bind(socket.handle, AddressOf(address), addressSize));
+}
+
+int BindSocketForSending(NativeSocket& socket, const unsigned char* address, int addressSize)
+{
+    const Call call(socket);
+    sockaddr_in local = {};
+    std::memcpy(&local, address, std::min<std::size_t>(static_cast<std::size_t>(addressSize), sizeof(local)));
+    if (call.Refused() || !socket.datagram || local.sin_family != AF_INET)
+    {
+        return call.Refused() ? SocketNotSocket : socket.datagram ? SocketFamilyNotSupported : SocketNotSupported;
+    }
+    int size = sizeof(local);
+    const int code = ResultOf(::bind(socket.handle, AddressOf(address), addressSize));
+    if (code != 0 || local.sin_addr.s_addr == INADDR_ANY)
+    {
+        return code;
+    }
+    // a connected datagram socket takes what its peer sends alone, and this peer is the socket itself
+    return ResultOf(::getsockname(socket.handle, reinterpret_cast<sockaddr*>(&local), &size) == SOCKET_ERROR
+                        ? SOCKET_ERROR
+                        : ::connect(socket.handle, reinterpret_cast<sockaddr*>(&local), size));
 }
 
 int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addressSize)

@@ -99,12 +99,12 @@ TEST(DiscoveryPortsTests, TheDefaultIsOneSharedPairOfPorts)
     EXPECT_EQ(&*ports, &*DiscoveryPorts::Default());
 }
 
-TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndSendFromItToTheRemotePort)
+TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndOnlyTheSharedOneTakesRequests)
 {
     Listener administration;
     const int port = FreePort();
     DiscoverySocketUdpClient shared(port, administration.port);
-    DiscoverySocketUdpClient second(port, administration.port);
+    EXPECT_NO_THROW(DiscoverySocketUdpClient(port, administration.port));
     DiscoverySocketUdpClientFactory factory(port, administration.port);
     const Sp<IDiscoverySocket> bound = factory.Create(Loopback);
 
@@ -116,6 +116,11 @@ TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndSendFromItToTheRemoteP
         EXPECT_EQ(port, socket->GetLocalPort());
         EXPECT_EQ(administration.port, socket->GetRemotePort());
     }
+
+    administration.client.Send(Bytes("request"), 7, IPEndPoint(Loopback, port));
+    const Up<unsigned char[]> buffer(new unsigned char[16]());
+    shared.GetSocket()->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReceiveTimeout, 10000);
+    EXPECT_EQ(7, shared.Receive(buffer, 16, administration.sender)) << "the factory's socket takes no request";
 }
 
 TEST(DiscoverySocketUdpClientTests, TellsThePortThatTheSystemChose)

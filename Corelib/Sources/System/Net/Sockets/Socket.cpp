@@ -137,13 +137,23 @@ Socket::~Socket() = default;
 
 void Socket::Bind(const Sp<EndPoint>& endPoint)
 {
+    BindWith(Platform::BindSocket, endPoint);
+}
+
+void Socket::BindForSending(const Sp<EndPoint>& endPoint)
+{
+    BindWith(Platform::BindSocketForSending, endPoint);
+}
+
+void Socket::BindWith(NativeBind bind, const Sp<EndPoint>& endPoint)
+{
     if (IsNull(endPoint) || endPoint == null)
     {
         throw ArgumentNullException(ThrowSite);
     }
     RequireOpen();
     RawAddress address(endPoint->Serialize());
-    Check(Platform::BindSocket(*handle, address.bytes, address.size), ThrowSite);
+    Check(bind(*handle, address.bytes, address.size), ThrowSite);
     Check(Platform::GetSocketAddress(*handle, address.bytes, address.size), ThrowSite);
     localEndPoint = endPoint->Create(SocketAddress(address.bytes, address.size));
     bound = true;

@@ -52,6 +52,12 @@ public:
     /// @throws ArgumentNullException  endPoint is null or empty
     void Bind(const Sp<EndPoint>& endPoint);
 
+    /// Binds an IPv4 datagram socket to a local end point for sending alone: datagrams that arrive for the end point go
+    /// to whoever else is bound to it. From an address other than 0.0.0.0 they leave by the interface that has it, or
+    /// not at all (10051).
+    /// @throws ArgumentNullException  endPoint is null or empty
+    void BindForSending(const Sp<EndPoint>& endPoint);
+
     /// Sends one datagram.
     /// @param length  of buffer, in bytes
     /// @returns the bytes sent
@@ -147,6 +153,9 @@ private:
 
     Socket(Platform::NativeSocket* accepted, const Socket& listener);
 
+    using NativeBind = int (*)(Platform::NativeSocket& socket, const unsigned char* address, int addressSize);
+
+    void BindWith(NativeBind bind, const Sp<EndPoint>& endPoint);
     void RequireOpen() const;
     int ReceiveRaw(const Up<unsigned char[]>& buffer, int offset, int size, const SocketFlags& flags,
                    RawAddress& sender);
