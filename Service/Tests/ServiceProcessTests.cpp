@@ -5,11 +5,11 @@
 #include <Tests/Support/PrivateNetwork.h>
 #include <array>
 #include <csignal>
+#include <fcntl.h>
 #include <fstream>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
-#include <thread>
 #include <unistd.h>
 
 namespace
@@ -26,14 +26,8 @@ public:
         address.sun_family = AF_UNIX;
         name.copy(address.sun_path + 1, name.size()); // abstract: sun_path begins with a zero
         const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
-        EXPECT_EQ(0, bind(descriptor, reinterpret_cast<sockaddr*>(&address), size));
+        EXPECT_EQ(0, bind(descriptor.Number(), reinterpret_cast<sockaddr*>(&address), size));
     }
-    ~NotifySocket()
-    {
-        close(descriptor);
-    }
-    NotifySocket(const NotifySocket&) = delete;
-    NotifySocket& operator=(const NotifySocket&) = delete;
 
     std::string Name() const
     {
@@ -43,33 +37,18 @@ public:
     /// The next message, or an empty text after the limit.
     std::string Hear() const
     {
-        pollfd source = {descriptor, POLLIN, 0};
+        pollfd source = {descriptor.Number(), POLLIN, 0};
         std::array<char, 256> message;
         const ssize_t size = poll(&source, 1, static_cast<int>(Limit.count())) == 1
-                                 ? recv(descriptor, message.data(), message.size(), 0)
+                                 ? recv(descriptor.Number(), message.data(), message.size(), 0)
                                  : 0;
         return std::string(message.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
     }
 
 private:
-    int descriptor;
+    Descriptor descriptor;
     std::string name = "discovery-client-tests-" + std::to_string(getpid());
 };
-
-/// True once the program holds the stop signals back: it may still be at its start. An ignored SIGPIPE tells its
-/// mask from those that fork and a sanitizer's start set for a moment.
-bool HoldsSignalsBack(pid_t program)
-{
-    std::ifstream stream("/proc/" + std::to_string(program) + "/status"); // of its main thread
-    const std::string status(std::istreambuf_iterator<char>(stream), {});
-    const auto has = [&status](const std::string& set, int number)
-    {
-        const std::size_t at = status.find(set);
-        return at != std::string::npos &&
-               (std::stoull(status.substr(at + set.size()), nullptr, 16) >> (number - 1) & 1) != 0;
-    };
-    return has("SigIgn:", SIGPIPE) && has("SigBlk:", SIGTERM);
-}
 
 class ServiceProcessTests : public IsolatedTest<PrivateNetwork>
 {
@@ -110,13 +89,20 @@ TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
 
 TEST_F(ServiceProcessTests, AStopSignalDuringTheStartWaitsForItsEnd)
 {
+    // Under a lease, whoever opens the log file waits, and SIGIO tells of it (fcntl(2)): the start stands still there.
+    sigset_t leaseSignal;
+    sigemptyset(&leaseSignal);
+    sigaddset(&leaseSignal, SIGIO);
+    pthread_sigmask(SIG_BLOCK, &leaseSignal, nullptr);
+    std::filesystem::create_directories(folders.LogFile().parent_path());
+    const Descriptor log(open(folders.LogFile().c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    ASSERT_EQ(0, fcntl(log.Number(), F_SETLEASE, F_WRLCK));
     ClientProcess service = StartService();
-    for (int waited = 0; !HoldsSignalsBack(service.Id()) && waited < Limit.count(); ++waited)
-    {
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
+    const timespec limit{20, 0};
+    ASSERT_EQ(SIGIO, sigtimedwait(&leaseSignal, nullptr, &limit));
 
     service.Signal(SIGTERM);
+    ASSERT_EQ(0, fcntl(log.Number(), F_SETLEASE, F_UNLCK));
 
     EXPECT_EQ("READY=1", notify.Hear());
     EXPECT_EQ("STOPPING=1", notify.Hear());

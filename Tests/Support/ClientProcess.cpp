@@ -1,17 +1,17 @@
 #include "ClientProcess.h"
 
 #include "Commands.h"
+#include "Events.h"
 
 #include <csignal>
 #include <sched.h>
+#include <sys/inotify.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace
 {
-using namespace std::chrono_literals;
-
 /// @attention runs in a forked process, which an exception must not leave
 void ReplaceByProgram(const NetworkNamespace& network, const std::string& hostName, const HostFolders& folders) noexcept
 {
@@ -58,16 +58,19 @@ int ClientProcess::Logged(const std::string& text) const
 
 bool ClientProcess::WaitForLog(const std::string& text, int count, int milliseconds) const
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-    while (Logged(text) < count)
+    const Descriptor events(inotify_init1(IN_CLOEXEC));
+    const auto isLogged = [&]
     {
-        if (std::chrono::steady_clock::now() > end)
+        // From the top down, each time: a folder that is missing shows as an event of the one above it.
+        std::filesystem::path path = folders.AboveLogs();
+        inotify_add_watch(events.Number(), path.c_str(), IN_CREATE);
+        for (const std::filesystem::path& name : folders.LogFile().lexically_relative(path))
         {
-            return false;
+            inotify_add_watch(events.Number(), (path /= name).c_str(), IN_CREATE | IN_MODIFY);
         }
-        std::this_thread::sleep_for(5ms);
-    }
-    return true;
+        return Logged(text) >= count;
+    };
+    return WaitUntil(events, std::chrono::milliseconds(milliseconds), isLogged);
 }
 
 void ClientProcess::Signal(int number) const
@@ -80,15 +83,11 @@ void ClientProcess::Signal(int number) const
 
 int ClientProcess::ExitCode(std::chrono::milliseconds limit)
 {
-    const auto end = std::chrono::steady_clock::now() + limit;
+    const Descriptor end(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
     int status = 0;
-    while (waitpid(process, &status, WNOHANG) == 0)
+    if (!WaitUntil(end, limit, [&] { return waitpid(process, &status, WNOHANG) != 0; }))
     {
-        if (std::chrono::steady_clock::now() > end)
-        {
-            return -1;
-        }
-        std::this_thread::sleep_for(5ms);
+        return -1;
     }
     process = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);

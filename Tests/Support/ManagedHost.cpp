@@ -1,11 +1,15 @@
 #include "ManagedHost.h"
 
 #include "Commands.h"
+#include "Events.h"
 
 #include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
+#include <gtest/gtest.h>
+#include <ifaddrs.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 /// How a manager is run in a test. The shell commands find an adapter in $N, its addresses in $A, its gateway in $G.
@@ -15,7 +19,8 @@ struct Recipe
     std::vector<std::string> daemon; ///< empty if there is none
     const char* prepare;
     const char* configure;
-    const char* isReady; ///< of the daemon
+    const char* busName; ///< of the daemon
+    const char* ready;   ///< waits for the daemon
     const char* up;      ///< for each adapter
     const char* down;    ///< for each adapter
     const char* forget;
@@ -24,15 +29,12 @@ struct Recipe
 namespace
 {
 
-// What the daemons set comes a moment after they answer.
-constexpr const char* UntilConfigured =
-    R"(n=0; until ip -4 addr show dev "$N" | grep -q inet; do n=$((n + 1)); [ $n -lt 500 ]; sleep .02; done)";
-
 const std::array<Recipe, 4> Recipes = {{
     {"/bin/sh",
      {},
      "",
      "echo \"$A $G\" >\"/run/$N.addresses\"",
+     "",
      "",
      R"(read -r A <"/run/$N.addresses"; ip link set dev "$N" up; ip -6 addr replace fd00::1/64 dev "$N" nodad
 for a in $A; do case $a in */*) ip addr add "$a" dev "$N";; *) ip route add default via "$a" dev "$N";; esac; done)",
@@ -48,8 +50,9 @@ printf '[main]\nplugins=keyfile\ndns=none\nauth-polkit=false\nno-auto-default=*\
   printf '[ipv6]\nmethod=manual\naddress1=fd00::1/64\n[ipv4]\nmethod=manual\n'
   for a in $A; do i=$((i + 1)); echo "address$i=$a${G:+,$G}"; G=; done; } >"$f"
 chmod 600 "$f")",
+     "org.freedesktop.NetworkManager",
      "nm-online -s -q -t 10",
-     UntilConfigured,
+     "",
      "ip addr flush dev \"$N\"",
      "rm -rf /run/NetworkManager"},
     {"/usr/lib/systemd/systemd-networkd",
@@ -60,8 +63,9 @@ chmod 600 "$f")",
      "chown -R systemd-network: /run/systemd/netif",
      R"({ printf '[Match]\nName=%s\n[Network]\nAddress=fd00::1/64\n' "$N"
   for a in $A; do echo "Address=$a"; done; echo "${G:+Gateway=$G}"; } >"/etc/systemd/network/10-$N.network")",
-     "busctl call org.freedesktop.DBus / org.freedesktop.DBus GetNameOwner s org.freedesktop.network1",
-     UntilConfigured,
+     "org.freedesktop.network1",
+     "",
+     "",
      "ip addr flush dev \"$N\"",
      "rm -f /run/systemd/netif/*/*"},
     {"/sbin/ifup",
@@ -71,6 +75,7 @@ chmod 600 "$f")",
      R"({ echo "auto $N"
   for a in $A; do printf 'iface %s inet static\n  address %s\n' "$N" "$a"; echo "${G:+  gateway $G}"; G=; done
   printf 'iface %s inet6 static\n  address fd00::1/64\n  dad-attempts 0\n' "$N"; } >"/etc/network/interfaces.d/$N")",
+     "",
      "",
      "ifup \"$N\"",
      "ifdown --force \"$N\"",
@@ -89,9 +94,20 @@ constexpr const char* BusConfiguration = R"(<busconfig>
   </policy>
 </busconfig>)";
 
-void WaitFor(const std::string& command)
+/// Whether each of these adapters has an IPv4 address.
+bool HaveAddresses(std::set<std::string> adapters)
 {
-    Shell("n=0; until " + command + " >/dev/null 2>&1; do n=$((n + 1)); [ $n -lt 500 ]; sleep .02; done");
+    ifaddrs* list = nullptr;
+    EXPECT_EQ(0, getifaddrs(&list));
+    for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next)
+    {
+        if (entry->ifa_addr != nullptr && entry->ifa_addr->sa_family == AF_INET)
+        {
+            adapters.erase(entry->ifa_name);
+        }
+    }
+    freeifaddrs(list);
+    return adapters.empty();
 }
 
 pid_t Launch(const std::vector<std::string>& arguments)
@@ -149,14 +165,18 @@ void ManagedHost::Start()
     {
         std::ofstream("/run/dbus/test.conf") << BusConfiguration;
         bus = Launch({"dbus-daemon", "--config-file=/run/dbus/test.conf", "--nofork", "--nopidfile"});
-        WaitFor("busctl list");
+        WaitForBusName("org.freedesktop.DBus");
     }
+    const Descriptor events = AddressEvents();
     if (!recipe.daemon.empty())
     {
         daemon = Launch(recipe.daemon);
-        WaitFor(recipe.isReady);
+        WaitForBusName(recipe.busName);
+        Shell(recipe.ready);
     }
     ForEachAdapter(recipe.up);
+    // What the daemons set comes a moment after they answer.
+    EXPECT_TRUE(WaitUntil(events, std::chrono::seconds(10), [this] { return HaveAddresses(adapters); }));
 }
 
 void ManagedHost::Stop()

@@ -1,6 +1,7 @@
 #include "PrivateHost.h"
 
 #include "Commands.h"
+#include "Events.h"
 
 #include <algorithm>
 #include <csignal>
@@ -85,7 +86,7 @@ int PrivateHost::StartSilentBus()
 void PrivateHost::StartService(const std::string& name, const std::vector<std::string>& arguments)
 {
     Start(arguments);
-    Shell("n=0; until busctl status " + name + " >/dev/null 2>&1; do n=$((n + 1)); [ $n -lt 500 ]; sleep .02; done");
+    WaitForBusName(name);
 }
 
 void WithoutCapabilities(const std::function<void()>& action)
