@@ -45,13 +45,18 @@ in_namespaces() # script, argument ...
         own=/mnt/zelkor-package-$$
         mkdir "$own"
         echo $$ >"$own/cgroup.procs"
-        code=0 tries=0
+        code=0
         unshare --cgroup --net --pid --fork --kill-child --mount-proc \
             bash -euo pipefail -c "$script" "$1" "$@" || code=$?
         echo $$ >/mnt/cgroup.procs
-        until find "$own" -depth -type d -exec rmdir {} + 2>/dev/null || [ $((tries++)) -ge 100 ]; do
-            sleep 0.05 # for the last of its processes
-        done
+        # The last of its processes may still be on their way out: cgroup.events tells of their end (cgroups(7)).
+        python3 -c "
+import select, sys
+events, end = open(sys.argv[1]), select.poll()
+end.register(events, select.POLLPRI)
+while \"populated 1\" in events.read() and end.poll(5000):
+    events.seek(0)" "$own/cgroup.events"
+        find "$own" -depth -type d -exec rmdir {} +
         exit $code' in_namespaces "$script" "$@"
 }
 
@@ -100,15 +105,31 @@ adapter_owned_by() # ifupdown|networkd|NetworkManager|nobody
     [ "$1" = NetworkManager ] || systemctl --root="$layer" --quiet disable NetworkManager.service
 }
 
-# Repeats a command until it succeeds.
-wait_for() # seconds, command ...
+# Repeats a command at each event until it succeeds; once a second too, since a source says nothing of what came before
+# it was ready to listen.
+wait_for() # seconds, source of events, command ...
 {
-    local end=$((SECONDS + $1))
-    shift
-    until "$@" >/dev/null 2>&1; do
-        [ "$SECONDS" -le "$end" ] || return 1
-        sleep 0.05
+    local end=$((SECONDS + $1)) source=$2 code=1
+    shift 2
+    coproc events { "$source" 2>/dev/null; }
+    local listener=$events_PID
+    until "$@" >/dev/null 2>&1 && code=0; do
+        [ "$SECONDS" -le "$end" ] || break
+        read -r -t 1 -u "${events[0]}" || [ $? -gt 128 ] || break # beyond 128: nothing was told
     done
+    kill "$listener" 2>/dev/null || true
+    wait "$listener" 2>/dev/null || true
+    return $code
+}
+
+network_events()
+{
+    exec nsenter --target "$init" --net ip monitor address route
+}
+
+unit_events()
+{
+    exec nsenter --target "$init" --mount journalctl --follow --lines=0 --unit="$unit"
 }
 
 guest()
@@ -116,19 +137,33 @@ guest()
     nsenter --target "$init" --all "$@"
 }
 
-guest_is_up()
+# Hears what systemd-nspawn tells: says when it listens, and the leader's process id when the guest is up.
+hear_readiness()
 {
-    init=$(ps --ppid "$nspawn" -o pid= | tr -d ' ')
-    [ -n "$init" ] && guest systemctl is-system-running | grep -Eq 'running|degraded'
+    exec python3 -uc '
+import socket, sys
+listener = socket.socket(socket.AF_UNIX, socket.SOCK_DGRAM)
+listener.bind(sys.argv[1])
+listener.settimeout(60)
+print("listening")
+leader = told = ""
+while "READY=1" not in told:
+    told = listener.recv(4096).decode().split("\n")
+    leader = next((line[20:] for line in told if line.startswith("X_NSPAWN_LEADER_PID=")), leader)
+print(leader)' "$work/notify"
 }
 
 boot_guest()
 {
-    systemd-nspawn --register=no --keep-unit --quiet --directory="$layer" --boot --private-network \
+    rm -f "$work/notify"
+    coproc readiness { hear_readiness; }
+    local leader=${readiness[0]} told
+    read -r -t 10 -u "$leader" told
+    NOTIFY_SOCKET=$work/notify systemd-nspawn --notify-ready=yes --register=no --keep-unit --quiet --directory="$layer" --boot --private-network \
         --network-veth-extra=h0:v0 --system-call-filter=bpf --link-journal=no --console=pipe \
         </dev/null >"$work/boot.log" 2>&1 &
     nspawn=$!
-    wait_for 30 guest_is_up || { echo "The guest does not start"; cat "$work/boot.log"; return 1; }
+    read -r -t 30 -u "$leader" init || { echo "The guest does not start"; cat "$work/boot.log"; return 1; }
     ip link set lo up
     ip address add 10.9.0.2/24 brd + dev h0
     ip link set h0 up
@@ -142,9 +177,15 @@ halt_guest()
     nspawn=
 }
 
-guest_has_ended()
+# Leaves the exit code of systemd-nspawn in $ended_with.
+guest_ends_within() # seconds
 {
-    ! kill -0 "$nspawn" 2>/dev/null
+    local timer first=
+    sleep "$1" &
+    timer=$!
+    ended_with=0
+    wait -n -p first "$nspawn" "$timer" || ended_with=$?
+    [ "$first" = "$nspawn" ] && nspawn= && kill "$timer"
 }
 
 # Sends a request like the administration side.

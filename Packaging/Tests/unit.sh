@@ -35,7 +35,7 @@ is_started_again()
 check_restart()
 {
     guest systemctl kill --kill-whom=main --signal=ABRT "$unit"
-    expect 'a service that failed comes back' wait_for 15 is_started_again
+    expect 'a service that failed comes back' wait_for 15 unit_events is_started_again
 }
 
 hears_strangers()
@@ -83,7 +83,7 @@ check_trace()
 check_address()
 {
     request ipconfig "$(guest cat /sys/class/net/v0/address)" 10.9.0.77 255.255.255.0 10.9.0.2
-    expect "$manager changes the address" wait_for 20 has_only 10.9.0.77
+    expect "$manager changes the address" wait_for 20 network_events has_only 10.9.0.77
     expect 'the service answers at its new address' answer '10\.9\.0\.77' --to 10.9.0.77 signature
 }
 
@@ -105,8 +105,9 @@ check_hook()
 check_hanging_hook()
 {
     printf '#!/bin/sh\n[ -e /run/hung ] || { touch /run/hung; sleep 4712; }\n' >"$layer/etc/network/if-up.d/daemon"
-    request ipconfig "$(guest cat /sys/class/net/v0/address)" 10.9.0.78 255.255.255.0 10.9.0.2
-    expect 'a hanging hook makes the change fail' wait_for 40 grep -q 'SetIPAddresses failed' \
+    expect 'a change with a hanging hook is answered' answer '10\.9\.0\.77' --from 10.9.0.2 --seconds 40 \
+        ipconfig "$(guest cat /sys/class/net/v0/address)" 10.9.0.78 255.255.255.0 10.9.0.2
+    expect 'a hanging hook makes the change fail' grep -q 'SetIPAddresses failed' \
         "$layer/var/log/Zelkor/Discovery/DiscoveryClient/DiscoveryClient.log"
     ! guest pgrep --full 'sleep 4712' || expect 'what hung is ended' false
     expect 'the former address is back' has_only 10.9.0.77
@@ -121,15 +122,14 @@ check_stop_amid_change()
     expect 'a stop lets a change end' has_only 10.9.0.78
     rm "$layer/etc/network/if-up.d/daemon"
     request ipconfig "$(guest cat /sys/class/net/v0/address)" 10.9.0.77 255.255.255.0 10.9.0.2
-    expect 'the address is back' wait_for 20 has_only 10.9.0.77
+    expect 'the address is back' wait_for 20 network_events has_only 10.9.0.77
 }
 
 check_name()
 {
     request --to 10.9.0.77 hostname renamed
-    expect 'the new name is announced before the restart' wait_for 10 answer '"HostName":"renamed"' \
-        --to 10.9.0.77 signature
-    expect 'the host restarts' wait_for 60 guest_has_ended
+    expect 'the new name is announced before the restart' answer '"HostName":"renamed"' --to 10.9.0.77 signature
+    expect 'the host restarts' guest_ends_within 60
 }
 
 prepare_guest "$root"
@@ -137,7 +137,7 @@ adapter_owned_by "$manager"
 [ "$manager" != ifupdown ] || add_hook
 boot_guest
 install_package "$package"
-expect "the service answers beside $manager" wait_for 10 answer '10\.9\.0\.1' --from 10.9.0.2 all
+expect "the service answers beside $manager" wait_for 10 network_events answer '10\.9\.0\.1' --from 10.9.0.2 all
 check_memory
 check_address
 if [ "$manager" = ifupdown ]; then
@@ -155,5 +155,5 @@ if [ "$manager" = nobody ]; then
 fi
 halt_guest
 boot_guest
-expect 'the address outlasts the restart' wait_for 10 has_only 10.9.0.77
-expect 'the service starts with the host' wait_for 10 answer '10\.9\.0\.77' --from 10.9.0.2 all
+expect 'the address outlasts the restart' wait_for 10 network_events has_only 10.9.0.77
+expect 'the service starts with the host' wait_for 10 network_events answer '10\.9\.0\.77' --from 10.9.0.2 all

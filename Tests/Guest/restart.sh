@@ -77,9 +77,9 @@ has_only() # adapter, address
 
 expect_addresses()
 {
-    expect "$1: NetworkManager's address" wait_for 10 has_only v0 10.9.0.77
-    expect "$1: networkd's address" wait_for 10 has_only v1 10.1.0.77
-    expect "$1: ifupdown's address" wait_for 10 has_only v2 10.2.0.77
+    expect "$1: NetworkManager's address" wait_for 10 network_events has_only v0 10.9.0.77
+    expect "$1: networkd's address" wait_for 10 network_events has_only v1 10.1.0.77
+    expect "$1: ifupdown's address" wait_for 10 network_events has_only v2 10.2.0.77
     expect "$1: the gateway" grep -q 'via 10.9.0.2 dev v0' <<<"$(guest ip route show default)"
 }
 
@@ -93,15 +93,15 @@ change_addresses()
 
 change_name()
 {
-    local begin=$SECONDS code=0
+    local begin=$SECONDS
     request --to 10.9.0.77 hostname renamed-node
-    expect 'the name holds at once' wait_for 10 grep -qx renamed-node "$layer/etc/hostname"
-    expect 'users are told' wait_for 10 guest grep -qxF "WALL_MESSAGE=$message" /run/systemd/shutdown/scheduled
-    expect 'the guest restarts' wait_for 60 guest_has_ended
+    expect 'requests go on' answer '"HostName":"renamed-node"' --to 10.9.0.77 signature # behind the change
+    expect 'the name holds at once' grep -qx renamed-node "$layer/etc/hostname"
+    expect 'users are told' guest grep -qxF "WALL_MESSAGE=$message" /run/systemd/shutdown/scheduled
+    expect 'the guest restarts' guest_ends_within 60
     echo "ended after $((SECONDS - begin)) s"
     expect 'the restart waits for its 30 seconds' [ $((SECONDS - begin)) -ge 29 ]
-    wait "$nspawn" || code=$?
-    expect "it is a restart and no halt (code $code)" [ "$code" -eq 133 ] # systemd-nspawn(1)
+    expect "it is a restart and no halt (code $ended_with)" [ "$ended_with" -eq 133 ] # systemd-nspawn(1)
 }
 
 prepare_guest /
@@ -110,10 +110,10 @@ write_network
 cp "$client_program" "$layer/usr/local/sbin/DiscoveryClient"
 boot_guest
 start_client
-expect 'the client answers' wait_for 10 answer '10\.9\.0\.1' --from 10.9.0.2 all
+expect 'the client answers' wait_for 10 network_events answer '10\.9\.0\.1' --from 10.9.0.2 all
 change_addresses
 change_name
 boot_guest
 start_client
-expect 'the host has its new name' wait_for 10 answer '"HostName":"renamed-node"' --from 10.9.0.2 all
+expect 'the host has its new name' wait_for 10 network_events answer '"HostName":"renamed-node"' --from 10.9.0.2 all
 expect_addresses 'after the restart'
