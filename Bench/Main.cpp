@@ -1,7 +1,7 @@
 #include "Benchmarks.h"
 #include "RatioReporter.h"
 
-/// Runs every comparison, or those that --benchmark_filter names.
+/// Runs every benchmark, or those that --benchmark_filter names.
 int main(int count, char** arguments)
 {
     Bench::AddCoreComparisons();
@@ -9,6 +9,7 @@ int main(int count, char** arguments)
     Bench::AddProtocolComparisons();
     Bench::AddReceiveComparisons();
     Bench::AddHostComparisons();
+    Bench::AddIdleClient();
     benchmark::Initialize(&count, arguments);
     Bench::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -54,13 +54,6 @@ protected:
         return text.replace(text.find(none), none.size(), R"("Products":[)" + products + "]" + infosJson);
     }
 
-    void ExpectHeard(const std::string& text)
-    {
-        const std::optional<Heard> heard = station->Hear(10000);
-        ASSERT_TRUE(heard) << client->Log();
-        EXPECT_EQ(text, heard->text) << client->Log();
-    }
-
     const fs::path plugins = folders.Discovery() / "ProductIDs";
     const fs::path infos = folders.Discovery() / "FileTransferInfos.json";
     std::map<std::string, std::string> answers;

@@ -57,6 +57,15 @@ void LanTest::StartAndHearHello()
     ASSERT_TRUE(client->WaitForLog("---Waiting for IP changes...")) << client->Log();
 }
 
+void LanTest::ExpectHeard(const std::string& text, const std::string& destination, const std::string& source) const
+{
+    const std::optional<Heard> heard = station->Hear(10000);
+    ASSERT_TRUE(heard) << client->Log();
+    EXPECT_EQ(text, heard->text) << client->Log();
+    EXPECT_EQ(source + ":12000", heard->sender);
+    EXPECT_EQ(destination, heard->destination);
+}
+
 void LanTest::ExpectCleanStop(bool withBye)
 {
     client->Signal(SIGTERM);

@@ -52,6 +52,10 @@ protected:
     /// Starts the program and takes its hello off the station.
     void StartAndHearHello();
 
+    /// The next datagram has this text and goes from the given address of the host to the given destination.
+    void ExpectHeard(const std::string& text, const std::string& destination = "255.255.255.255",
+                     const std::string& source = "10.77.0.2") const;
+
     /// SIGTERM: a bye is heard and the program ends with exit code 0 within 2 seconds.
     void ExpectCleanStop(bool withBye = true);
 

@@ -2,8 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <limits>
-#include <map>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -52,39 +50,6 @@ void ShutDownFromOutside(pid_t process, int number)
     ASSERT_GE(copy.Number(), 0);
     shutdown(copy.Number(), SHUT_RDWR); // says ENOTCONN for a datagram socket and works all the same
 }
-
-/// Context switches of each thread so far: a thread that wakes shows here.
-std::map<std::string, long> Switches(pid_t process)
-{
-    std::map<std::string, long> result;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task"))
-    {
-        std::ifstream status(entry.path() / "status");
-        for (std::string line; std::getline(status, line);)
-        {
-            if (const std::size_t at = line.find("_ctxt_switches:"); at != std::string::npos)
-            {
-                result[entry.path().filename()] += std::stol(line.substr(at + 15));
-            }
-        }
-    }
-    return result;
-}
-
-/// Memory of the process's own in KiB: without the pages of program and libraries, of which the system maps as many as it
-/// has at hand. The check of the package bounds the whole.
-long OwnMemory(pid_t process)
-{
-    std::ifstream status("/proc/" + std::to_string(process) + "/status");
-    for (std::string line; std::getline(status, line);)
-    {
-        if (line.starts_with("RssAnon:"))
-        {
-            return std::stol(line.substr(8));
-        }
-    }
-    return std::numeric_limits<long>::max();
-}
 } // namespace
 
 class ResilienceTests : public LanTest
@@ -120,23 +85,6 @@ TEST_F(ResilienceTests, ASocketClosedFromOutsideComesBackThroughOneRestart)
     station->Say(Request("SendYourSignature", "False"), "10.77.0.2");
     EXPECT_TRUE(station->HearWith(R"("SignatureBroadcast")")) << client->Log();
     EXPECT_EQ(1, client->Logged("Asynchronous restart triggered"));
-    ExpectCleanStop();
-}
-
-TEST_F(ResilienceTests, AnIdleClientNeverWakesAndStaysSmall)
-{
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    GTEST_SKIP() << "a sanitizer has threads and memory of its own";
-#endif
-    StartAndHearHello();
-    station->Say(Request("SendYourSignature", "False"), "10.77.0.2");
-    ASSERT_TRUE(station->Hear());
-    std::this_thread::sleep_for(std::chrono::seconds(1)); // the threads settle in their waits
-
-    const std::map<std::string, long> before = Switches(client->Id());
-    std::this_thread::sleep_for(std::chrono::seconds(60));
-    EXPECT_EQ(before, Switches(client->Id()));
-    EXPECT_LT(OwnMemory(client->Id()), 2 * 1024) << "0.7 MiB were seen";
     ExpectCleanStop();
 }
 } // namespace Lan

@@ -39,12 +39,12 @@ bool WaitUntil(const Descriptor& events, std::chrono::milliseconds limit, const 
     return true;
 }
 
-Descriptor AddressEvents()
+Descriptor NetworkEvents()
 {
     Descriptor events(socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_ROUTE));
     sockaddr_nl address{};
     address.nl_family = AF_NETLINK;
-    address.nl_groups = RTMGRP_IPV4_IFADDR;
+    address.nl_groups = RTMGRP_IPV4_IFADDR | RTMGRP_IPV4_ROUTE;
     EXPECT_EQ(0, bind(events.Number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
     return events;
 }

@@ -167,7 +167,7 @@ void ManagedHost::Start()
         bus = Launch({"dbus-daemon", "--config-file=/run/dbus/test.conf", "--nofork", "--nopidfile"});
         WaitForBusName("org.freedesktop.DBus");
     }
-    const Descriptor events = AddressEvents();
+    const Descriptor events = NetworkEvents();
     if (!recipe.daemon.empty())
     {
         daemon = Launch(recipe.daemon);
