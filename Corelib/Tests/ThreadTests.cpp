@@ -58,6 +58,24 @@ public:
     long long id = 0;
 };
 
+/// The end of a thread that takes its time: it waits, and then names the thread.
+struct SlowEnd
+{
+    ~SlowEnd()
+    {
+        if (work != nullptr)
+        {
+            work->Hold();
+            thread->Name("late");
+        }
+    }
+
+    Work* work = nullptr;
+    Thread* thread = nullptr;
+};
+
+thread_local SlowEnd slowEnd;
+
 bool Becomes(const Thread& thread, ThreadState::Constant flag)
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(Limit);
@@ -128,6 +146,34 @@ TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
     EXPECT_THROW(thread.Priority(), ThreadStateException);
     EXPECT_NO_THROW(thread.Priority(ThreadPriority::Normal));
     EXPECT_THROW(thread.Start(), ThreadStateException);
+}
+
+TEST(ThreadTests, JoinCountsTheThreadLocalDestructorsAndKeepsItsLimit)
+{
+    Work work;
+    std::unique_ptr<Thread> thread;
+    class Ending : public Object
+    {
+    public:
+        void Run()
+        {
+            slowEnd.work = work;
+            slowEnd.thread = thread;
+        }
+        Work* work;
+        Thread* thread;
+    } ending;
+    thread = std::make_unique<Thread>(ThreadStart(ending, &Ending::Run));
+    ending.work = &work;
+    ending.thread = thread.get();
+    thread->Start();
+    ASSERT_TRUE(work.running.WaitOne(Limit));
+    std::jthread other([&] { EXPECT_FALSE(thread->Join(20)); });
+    EXPECT_FALSE(thread->Join(0));
+    other.join();
+    work.mayEnd.Set();
+    EXPECT_TRUE(thread->Join(Limit));
+    EXPECT_EQ("late", thread->Name());
 }
 
 TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)

@@ -26,10 +26,12 @@ ThreadSlot* CurrentThreadSlot();
 /// The platform's identifier of the calling thread, as system tools show it. Reused after the thread's end.
 long long CurrentThreadId();
 
-/// Priorities run from 0 (lowest) to 4 (highest). Linux has steps of 5 nice levels around the level of the main thread.
+/// Priorities run from 0 (lowest) to 4 (highest); a thread starts with the normal one. Linux has steps of 5 nice levels
+/// around the level of the main thread, or of the starter where the user may not raise a thread.
 bool GetThreadPriority(ThreadSlot& slot, int& priority);
 
-/// A value above 4 counts as normal. Refused where the user may not raise a thread; a thread that has ended takes any.
+/// A value above 4 counts as normal. Refused below 0 (Win32 takes -13, its idle level) and where the user may not raise
+/// a thread; one that has ended takes any other.
 bool SetThreadPriority(ThreadSlot& slot, int priority);
 
 /// Shows the name (UTF-8) to debuggers and system tools, cut to what they can hold.
@@ -44,7 +46,7 @@ bool TerminateThread(ThreadSlot& slot, int code);
 /// @param milliseconds  -1 for ever, 0 gives the processor away once
 void SleepThread(int milliseconds);
 
-/// Waits for the end of the thread; true once it has ended.
+/// Waits for the end of the thread, thread_local destructors included; true once it has ended. Any number may wait.
 /// @param milliseconds  -1 for no limit; a value below gives false
 bool WaitThread(ThreadSlot& slot, int milliseconds);
 } // namespace Tesmo::Platform

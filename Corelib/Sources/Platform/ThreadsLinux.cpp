@@ -10,6 +10,7 @@
 #include <sys/resource.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace Tesmo::Platform
 {
@@ -21,9 +22,11 @@ struct ThreadSlot : ThreadSlotUse
     pthread_mutex_t mutex = PTHREAD_MUTEX_INITIALIZER;
     pthread_cond_t changed = PTHREAD_COND_INITIALIZER;
     pthread_t nativeHandle = 0;
-    pid_t id = 0;          ///< 0 until the thread runs
-    bool running = false;  ///< false once the routine has returned
-    bool released = false; ///< joined or detached: nativeHandle means nothing any more
+    pid_t id = 0; ///< 0 until the thread runs
+    int normalNice = 0;
+    int priority = NormalThreadPriority; ///< as it was last set
+    bool running = false;                ///< false once the thread_local destructors have run
+    bool released = false;               ///< joined or detached: nativeHandle means nothing any more
 };
 
 namespace
@@ -35,7 +38,7 @@ constexpr std::size_t NameSize = 16; // bytes with the closing zero (pthread_set
 
 constinit std::array<ThreadSlot, ThreadSlotCount> slots{};
 constinit std::atomic<bool> mainThreadMissing = true;
-constinit std::atomic<int> normalNice = 0; // the main thread's: the program may have been started with another than 0
+constinit std::atomic<int> mainNice = 0; // the program may have been started with another than 0
 constinit thread_local ThreadSlot* currentSlot = nullptr;
 
 class SlotLock
@@ -67,27 +70,45 @@ void RegisterMainThread()
         slot.id = gettid();
         slot.running = true;
         currentSlot = &slot;
-        normalNice = getpriority(PRIO_PROCESS, static_cast<id_t>(slot.id));
+        mainNice = getpriority(PRIO_PROCESS, 0);
+        slot.normalNice = mainNice;
     }
+}
+
+/// Its destructor tells that the thread has ended.
+struct EndOfThread
+{
+    ~EndOfThread()
+    {
+        ThreadSlot& slot = *currentSlot;
+        {
+            const SlotLock lock(slot);
+            slot.running = false;
+            pthread_cond_broadcast(&slot.changed);
+        }
+        slot.Leave();
+    }
+};
+
+/// A thread inherits the nice level of its starter. Without the right to raise it, that level is its normal one.
+int TakeNormalNice()
+{
+    const int inherited = getpriority(PRIO_PROCESS, 0);
+    return inherited == mainNice || setpriority(PRIO_PROCESS, 0, mainNice) == 0 ? mainNice.load() : inherited;
 }
 
 void* RunThread(void* parameter)
 {
+    [[maybe_unused]] static thread_local const EndOfThread end{}; // the first to be made is the last to be destroyed
     ThreadSlot& slot = *static_cast<ThreadSlot*>(parameter);
     currentSlot = &slot;
     {
         const SlotLock lock(slot);
+        slot.normalNice = TakeNormalNice();
         slot.id = gettid();
         pthread_cond_broadcast(&slot.changed);
     }
     slot.routine(slot.argument);
-    {
-        const SlotLock lock(slot);
-        slot.running = false;
-        pthread_cond_broadcast(&slot.changed);
-    }
-    currentSlot = nullptr;
-    slot.Leave();
     return nullptr;
 }
 
@@ -102,6 +123,11 @@ int CreateNative(ThreadSlot& slot, int stackSize)
     const int failure = pthread_create(&slot.nativeHandle, &attributes, RunThread, &slot);
     pthread_attr_destroy(&attributes);
     return failure;
+}
+
+int NiceOf(const ThreadSlot& slot, int priority)
+{
+    return std::clamp(slot.normalNice - (priority - NormalThreadPriority) * NiceStep, -20, 19);
 }
 
 timespec MonotonicDeadline(int milliseconds)
@@ -144,6 +170,7 @@ ThreadSlot* StartThread(ThreadRoutine routine, void* argument, long long& id, in
     slot->routine = routine;
     slot->argument = argument;
     slot->id = 0;
+    slot->priority = NormalThreadPriority;
     slot->running = true;
     slot->released = false;
     if (CreateNative(*slot, stackSize) != 0)
@@ -164,9 +191,8 @@ void CloseThread(ThreadSlot& slot)
 {
     {
         const SlotLock lock(slot);
-        if (!slot.released)
+        if (!std::exchange(slot.released, true))
         {
-            slot.released = true;
             pthread_detach(slot.nativeHandle);
         }
     }
@@ -194,21 +220,28 @@ bool GetThreadPriority(ThreadSlot& slot, int& priority)
     }
     errno = 0;
     const int nice = getpriority(PRIO_PROCESS, static_cast<id_t>(slot.id));
-    priority = std::clamp((normalNice - nice) / NiceStep + NormalThreadPriority, 0, HighestPriority);
+    const int steps = (slot.normalNice - nice) / NiceStep;
+    priority = nice == NiceOf(slot, slot.priority) ? slot.priority // several may share a level at the ends of the scale
+                                                   : std::clamp(steps + NormalThreadPriority, 0, HighestPriority);
     return errno == 0;
 }
 
 bool SetThreadPriority(ThreadSlot& slot, int priority)
 {
     const SlotLock lock(slot);
-    if (!slot.running)
+    if (priority < 0 || !slot.running)
     {
-        return true;
+        return priority >= 0;
     }
-    const int known = priority >= 0 && priority <= HighestPriority ? priority : NormalThreadPriority;
-    const int nice = std::clamp(normalNice - (known - NormalThreadPriority) * NiceStep, -20, 19);
+    const int known = priority <= HighestPriority ? priority : NormalThreadPriority;
+    const int nice = NiceOf(slot, known);
     const auto id = static_cast<id_t>(slot.id);
-    return getpriority(PRIO_PROCESS, id) == nice || setpriority(PRIO_PROCESS, id, nice) == 0;
+    if (getpriority(PRIO_PROCESS, id) != nice && setpriority(PRIO_PROCESS, id, nice) != 0)
+    {
+        return false;
+    }
+    slot.priority = known;
+    return true;
 }
 
 void NameThread(ThreadSlot& slot, const char* name)
@@ -262,16 +295,18 @@ bool WaitThread(ThreadSlot& slot, int milliseconds)
     {
         return false;
     }
-    const SlotLock lock(slot);
-    if (!WaitForEnd(slot, milliseconds))
     {
-        return false;
+        const SlotLock lock(slot);
+        if (!WaitForEnd(slot, milliseconds))
+        {
+            return false;
+        }
+        if (std::exchange(slot.released, true))
+        {
+            return true;
+        }
     }
-    if (!slot.released)
-    {
-        slot.released = true;
-        pthread_join(slot.nativeHandle, nullptr); // it only has to run its thread_local destructors
-    }
+    pthread_join(slot.nativeHandle, nullptr); // at once, as none of its code runs any more: it gives the stack back
     return true;
 }
 } // namespace Tesmo::Platform

@@ -10,6 +10,16 @@ struct ThreadSlot : ThreadSlotUse
     ThreadRoutine routine = nullptr;
     void* argument = nullptr;
     HANDLE nativeHandle = nullptr;
+    std::atomic<bool> running = false;
+
+    /// The thread's own leave, whoever tells of it first: the thread itself or who terminated it.
+    void LeaveOfThread()
+    {
+        if (running.exchange(false))
+        {
+            Leave();
+        }
+    }
 };
 
 namespace
@@ -38,7 +48,7 @@ DWORD WINAPI RunThread(void* parameter)
     currentSlot = &slot;
     slot.routine(slot.argument);
     currentSlot = nullptr;
-    slot.Leave();
+    slot.LeaveOfThread();
     return 0;
 }
 } // namespace
@@ -53,12 +63,14 @@ ThreadSlot* StartThread(ThreadRoutine routine, void* argument, long long& id, in
     }
     slot->routine = routine;
     slot->argument = argument;
+    slot->running = true;
     DWORD nativeId = 0;
     // Suspended at first: the slot must hold the handle before the thread can use it.
     slot->nativeHandle = ::CreateThread(nullptr, stackSize > 0 ? static_cast<SIZE_T>(stackSize) : 0, RunThread, slot,
                                         CREATE_SUSPENDED, &nativeId);
     if (slot->nativeHandle == nullptr)
     {
+        slot->running = false;
         slot->Leave(2);
         return nullptr;
     }
@@ -130,7 +142,8 @@ bool TerminateThread(ThreadSlot& slot, int code)
     {
         return false;
     }
-    slot.Leave(); // in place of the thread, which can't any more
+    ::WaitForSingleObject(slot.nativeHandle, INFINITE); // the call above only begins it
+    slot.LeaveOfThread();                               // in place of the thread, which may not have come to it
     return true;
 }
 

@@ -14,7 +14,6 @@
 #include <Core/System/TimeSpan.h>
 
 #include <cstdint>
-#include <memory>
 
 namespace Tesmo::System::Threading
 {
@@ -114,20 +113,21 @@ void Thread::StartNative(const Object* parameter)
 {
     CheckState(data->Clear(ThreadState::Unstarted));
     data->parameter = parameter;
-    auto argument = std::make_unique<Sp<ThreadData>>(data);
+    const int priority = data->priority; // as it is before the thread itself may set it
+    data->self = data;
     long long id = 0;
-    Platform::ThreadSlot* const slot = Platform::StartThread(ThreadData::Run, argument.get(), id, data->maxStackSize);
+    Platform::ThreadSlot* const slot = Platform::StartThread(ThreadData::Run, &*data, id, data->maxStackSize);
     if (slot == nullptr)
     {
+        data->self.Reset(nullptr);
         data->Set(ThreadState::Unstarted);
         throw OutOfMemoryException(ThrowSite);
     }
-    static_cast<void>(argument.release()); // the thread owns it
     data->handle = slot;
     data->id = id;
-    if (data->priority != Platform::NormalThreadPriority)
+    if (priority != Platform::NormalThreadPriority)
     {
-        CheckState(Platform::SetThreadPriority(*slot, data->priority));
+        CheckState(Platform::SetThreadPriority(*slot, priority));
     }
 }
 

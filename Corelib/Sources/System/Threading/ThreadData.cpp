@@ -4,7 +4,6 @@
 
 #include <Core/System/Threading/ThreadInterruptedException.h>
 
-#include <memory>
 #include <utility>
 
 namespace Tesmo::System::Threading
@@ -58,7 +57,7 @@ Sp<Thread::ThreadData> Thread::ThreadData::OfCaller()
 
 void Thread::ThreadData::Run(void* argument)
 {
-    const Sp<ThreadData> self = std::move(*std::unique_ptr<Sp<ThreadData>>(static_cast<Sp<ThreadData>*>(argument)));
+    const Sp<ThreadData> self = std::move(static_cast<ThreadData*>(argument)->self);
     RunningThreads& running = RunningThreads::Instance();
     Platform::ThreadSlot* const slot = Platform::CurrentThreadSlot();
     self->handle = slot;

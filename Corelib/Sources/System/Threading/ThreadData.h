@@ -40,9 +40,10 @@ public:
     /// The record of the calling thread; empty for a thread that the library did not start.
     static Sp<ThreadData> OfCaller();
 
-    /// What a started thread runs. The argument is an Sp<ThreadData> on the heap.
+    /// What a started thread runs. The argument is the record, whose self the thread takes over.
     static void Run(void* argument);
 
+    Sp<ThreadData> self; ///< keeps the record from the start until its thread runs
     std::atomic<Platform::ThreadSlot*> handle = nullptr;
     std::atomic<long long> id = 0;
     String name; ///< guarded by the mutex of the running threads
