@@ -1,11 +1,24 @@
 #include <Tests/Support/CoreTest.h>
 
+#include <Core/System/Threading/AutoResetEvent.h>
+#include <Core/System/Threading/Mutex.h>
+#include <Core/System/Threading/Semaphore.h>
 #include <Core/System/Threading/Thread.h>
 
+#include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <future>
 #include <iterator>
+#include <linux/capability.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <thread>
+#include <unistd.h>
 
+using Tesmo::Up;
 using namespace Tesmo::System;
 using namespace Tesmo::System::Threading;
 
@@ -23,6 +36,71 @@ long MappedPages()
     long pages = 0;
     std::ifstream("/proc/self/statm") >> pages;
     return pages;
+}
+
+/// True while the thread sleeps in the kernel.
+bool Sleeps(int thread)
+{
+    std::string word;
+    std::ifstream stat("/proc/self/task/" + std::to_string(thread) + "/stat");
+    return stat.ignore(1000, ')') >> word && word == "S";
+}
+
+/// A thread that waits for the handle; it is blocked when this returns.
+std::future<bool> BlockOn(WaitHandle& handle)
+{
+    const auto id = std::make_shared<std::atomic<int>>(0);
+    auto waiter = std::async(std::launch::async,
+                             [&handle, id]
+                             {
+                                 *id = gettid();
+                                 return handle.WaitOne(5000);
+                             });
+    while (*id == 0 || !Sleeps(*id))
+    {
+        std::this_thread::yield();
+    }
+    return waiter;
+}
+
+/// Takes the right to raise threads from the calling thread.
+void DropPrivilege()
+{
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct sets[_LINUX_CAPABILITY_U32S_3] = {};
+    ASSERT_EQ(0, syscall(SYS_capget, &header, sets));
+    sets[0].effective &= ~(1U << CAP_SYS_NICE);
+    ASSERT_EQ(0, syscall(SYS_capset, &header, sets));
+}
+
+int firstNice = 0;
+
+void TakeEachPriorityDownwards()
+{
+    const Up<Thread> self = Thread::CurrentThread();
+    firstNice = getpriority(PRIO_PROCESS, 0);
+    EXPECT_TRUE(self->Priority() == ThreadPriority::Normal);
+    for (const int value : {ThreadPriority::Normal, ThreadPriority::BelowNormal, ThreadPriority::Lowest})
+    {
+        self->Priority(ThreadPriority(value));
+        EXPECT_EQ(value, self->Priority().Value());
+    }
+    EXPECT_THROW(self->Priority(ThreadPriority(-1)), ThreadStateException);
+    EXPECT_TRUE(self->Priority() == ThreadPriority::Lowest);
+}
+
+void StartAnotherAsLowest()
+{
+    Thread::CurrentThread()->Priority(ThreadPriority::Lowest);
+    Thread child{ThreadStart(&TakeEachPriorityDownwards)};
+    child.Start();
+    child.Join();
+}
+
+void StartAnotherAsLowestWithoutPrivilege()
+{
+    DropPrivilege();
+    StartAnotherAsLowest();
 }
 
 std::string shownName;
@@ -49,6 +127,51 @@ TEST(ThreadLinuxTests, SystemToolsSeeTheNameCutTo15Bytes)
     thread.Start();
     thread.Join();
     EXPECT_EQ("MessageParser o", shownName);
+}
+
+TEST(ThreadLinuxTests, AThreadStartsAsNormalAndKeepsEachPriorityWhoeverStartsIt)
+{
+    const int normal = getpriority(PRIO_PROCESS, 0);
+    for (void (*const start)() : {&StartAnotherAsLowest, &StartAnotherAsLowestWithoutPrivilege})
+    {
+        Thread starter{ThreadStart(start)};
+        starter.Start();
+        starter.Join();
+        const bool mayRaise = geteuid() == 0 && start == &StartAnotherAsLowest;
+        EXPECT_EQ(mayRaise ? normal : std::min(normal + 10, 19), firstNice);
+    }
+}
+
+TEST(ThreadLinuxTests, WhoeverIsBlockedAtASignalGetsItWhateverComesNext)
+{
+    AutoResetEvent one(false);
+    EventWaitHandle all(false, EventResetMode::ManualReset);
+    Semaphore permits(0, 2);
+    Mutex mutex(true);
+    struct Row
+    {
+        const char* name;
+        WaitHandle& handle;
+        int waiters;
+        std::function<void()> signal;
+    };
+    const Row rows[] = {
+        {"each Set counts", one, 2, [&] { one.Set(), one.Set(); }},
+        {"a Reset takes no Set back", one, 1, [&] { one.Set(), one.Reset(); }},
+        {"a Reset closes behind those who waited", all, 3, [&] { all.Set(), all.Reset(); }},
+        {"one Set", one, 1, [&] { one.Set(); }},
+        {"permits", permits, 2, [&] { permits.Release(2); }},
+        {"ownership", mutex, 1, [&] { mutex.ReleaseMutex(); }},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.name);
+        std::vector<std::future<bool>> waiters;
+        std::generate_n(std::back_inserter(waiters), row.waiters, [&] { return BlockOn(row.handle); });
+        row.signal();
+        EXPECT_FALSE(row.handle.WaitOne(0)); // nobody overtakes
+        EXPECT_TRUE(std::all_of(waiters.begin(), waiters.end(), [](auto& waiter) { return waiter.get(); }));
+    }
 }
 
 TEST(ThreadLinuxTests, ThousandsOfThreadsLeaveNothingBehind)

@@ -1,5 +1,7 @@
 #include <Tests/Support/CoreTest.h>
 
+#include "Platform/WaitObjects.h"
+
 #include <Core/System/Threading/AutoResetEvent.h>
 #include <Core/System/Threading/Mutex.h>
 #include <Core/System/Threading/Semaphore.h>
@@ -11,6 +13,7 @@
 #include <thread>
 
 using Tesmo::null;
+namespace Platform = Tesmo::Platform;
 using namespace Tesmo::System;
 using namespace Tesmo::System::Threading;
 
@@ -196,6 +199,32 @@ TEST(WaitHandleTests, NamedObjectsAreSharedByNameAndKind)
     first.Close();
     EXPECT_THROW(Semaphore::OpenExisting(name), IO::IOException);
     EXPECT_NO_THROW(Mutex(false, name));
+}
+
+TEST(WaitHandleTests, ANewNamedMutexIsOwnedBeforeOthersFindIt)
+{
+    std::atomic<int> opened = 0;
+    std::atomic<int> taken = 0;
+    const auto open = [&]
+    {
+        while (opened < 100000)
+        {
+            Platform::WaitObject* found = nullptr;
+            if (Platform::OpenNamedMutex("Zelkor mutex", found) == Platform::WaitObjectResult::Created)
+            {
+                opened++;
+                taken += Platform::WaitForObject(*found, 0) ? 1 : 0;
+                Platform::ReleaseMutexObject(*found);
+                Platform::CloseWaitObject(*found);
+            }
+        }
+    };
+    const std::jthread others[] = {std::jthread(open), std::jthread(open)};
+    while (opened < 100000)
+    {
+        Mutex(true, "Zelkor mutex").Close();
+    }
+    EXPECT_EQ(0, taken);
 }
 
 TEST(WaitHandleTests, NamesAreChecked)

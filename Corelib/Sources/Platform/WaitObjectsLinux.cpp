@@ -1,3 +1,4 @@
+#include "Platform/ThreadOwnership.h"
 #include "Platform/WaitObjects.h"
 
 #include <cerrno>
@@ -7,22 +8,39 @@
 #include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <utility>
 
 namespace Tesmo::Platform
 {
-/// Built from a mutex and a condition variable: sem_t has no maximum, and the thread sanitizer does not know
-/// pthread_mutex_clocklock. The condition variable waits on the monotonic clock.
+namespace
+{
+/// A thread that is blocked. It stands in the object's queue until it is served or its time has run out.
+struct Waiter
+{
+    const ThreadIdentity thread = CallerIdentity();
+    bool isServed = false;
+    bool result = false;
+    std::condition_variable served; // waits on the monotonic clock
+    Waiter* previous = nullptr;
+    Waiter* following = nullptr;
+};
+} // namespace
+
+/// Built from a mutex and condition variables: sem_t has no maximum, and the thread sanitizer does not know
+/// pthread_mutex_clocklock. Whoever signals hands the object over to the blocked threads, first come first served, so
+/// that no later call can take back what they were promised.
 struct WaitObject
 {
     virtual ~WaitObject() = default;
 
-    /// True when the calling thread need not wait. Called with the lock held, as Take is.
-    virtual bool IsSignalled() const = 0;
+    /// True when the thread need not wait. Called with the lock held, as Take and Taken are.
+    virtual bool IsSignalled(ThreadIdentity thread) const = 0;
 
-    /// Takes what the object offers; false for a mutex whose owner ended without releasing it.
-    virtual bool Take() = 0;
+    /// Gives the thread what the object offers; false for a mutex whose owner ended without releasing it.
+    virtual bool Take(ThreadIdentity thread) = 0;
+
+    /// Called on the thread that took the object.
+    virtual void Taken() {}
 
     /// True when the object may be deleted now.
     virtual bool Close()
@@ -30,23 +48,40 @@ struct WaitObject
         return true;
     }
 
+    /// Serves as many of the blocked threads as the state allows. Called with the lock held, after each change of it.
+    void Serve()
+    {
+        while (Waiter* const waiter = waiters.First())
+        {
+            if (!IsSignalled(waiter->thread))
+            {
+                return;
+            }
+            waiters.Remove(*waiter);
+            waiter->result = Take(waiter->thread);
+            waiter->isServed = true;
+            waiter->served.notify_one(); // under the lock: the waiter is gone soon after
+        }
+    }
+
     std::mutex lock;
-    std::condition_variable changed;
-    std::string name; ///< empty for an unnamed object
-    int users = 1;    ///< of a named object, guarded by the names' lock
+    LinkedList<Waiter> waiters; ///< empty while another thread would find the object signalled
+    std::string name;           ///< empty for an unnamed object
+    int users = 1;              ///< of a named object, guarded by the names' lock
 };
 
 namespace
 {
 struct MutexObject : WaitObject
 {
-    bool IsSignalled() const override;
-    bool Take() override;
+    bool IsSignalled(ThreadIdentity thread) const override;
+    bool Take(ThreadIdentity thread) override;
+    void Taken() override;
     bool Close() override;
     bool Release();
-    bool Abandon();
+    void Abandon();
 
-    std::thread::id owner;
+    ThreadIdentity owner = 0;
     int depth = 0;
     bool abandoned = false;
     bool closed = false;              ///< closed while another thread owned it: that thread's end deletes it
@@ -56,11 +91,11 @@ struct MutexObject : WaitObject
 
 struct SemaphoreObject : WaitObject
 {
-    bool IsSignalled() const override
+    bool IsSignalled(ThreadIdentity) const override
     {
         return count > 0;
     }
-    bool Take() override
+    bool Take(ThreadIdentity) override
     {
         --count;
         return true;
@@ -72,11 +107,11 @@ struct SemaphoreObject : WaitObject
 
 struct EventObject : WaitObject
 {
-    bool IsSignalled() const override
+    bool IsSignalled(ThreadIdentity) const override
     {
         return signalled;
     }
-    bool Take() override
+    bool Take(ThreadIdentity) override
     {
         signalled = manualReset;
         return true;
@@ -86,66 +121,26 @@ struct EventObject : WaitObject
     bool signalled = false;
 };
 
-/// The mutexes that the calling thread owns. Its end abandons them, so that nobody waits for ever.
-class OwnedMutexes
+using OwnedMutexes = ThreadOwnership<MutexObject>;
+
+bool MutexObject::IsSignalled(ThreadIdentity thread) const
 {
-public:
-    OwnedMutexes() = default;
-    OwnedMutexes(const OwnedMutexes&) = delete;
-    OwnedMutexes& operator=(const OwnedMutexes&) = delete;
-
-    ~OwnedMutexes()
-    {
-        while (first != nullptr)
-        {
-            MutexObject& mutex = *first;
-            Remove(mutex);
-            if (mutex.Abandon())
-            {
-                delete &mutex;
-            }
-        }
-    }
-
-    void Add(MutexObject& mutex)
-    {
-        mutex.previous = nullptr;
-        mutex.following = first;
-        if (first != nullptr)
-        {
-            first->previous = &mutex;
-        }
-        first = &mutex;
-    }
-
-    void Remove(MutexObject& mutex)
-    {
-        (mutex.previous == nullptr ? first : mutex.previous->following) = mutex.following;
-        if (mutex.following != nullptr)
-        {
-            mutex.following->previous = mutex.previous;
-        }
-    }
-
-private:
-    MutexObject* first = nullptr;
-};
-
-thread_local OwnedMutexes ownedMutexes;
-
-bool MutexObject::IsSignalled() const
-{
-    return depth == 0 || owner == std::this_thread::get_id();
+    return depth == 0 || owner == thread;
 }
 
-bool MutexObject::Take()
+bool MutexObject::Take(ThreadIdentity thread)
 {
-    if (depth++ == 0)
-    {
-        owner = std::this_thread::get_id();
-        ownedMutexes.Add(*this);
-    }
+    owner = thread;
+    ++depth;
     return !std::exchange(abandoned, false);
+}
+
+void MutexObject::Taken()
+{
+    if (depth == 1)
+    {
+        OwnedMutexes::Add(*this);
+    }
 }
 
 bool MutexObject::Close()
@@ -155,9 +150,9 @@ bool MutexObject::Close()
     {
         return true;
     }
-    if (owner == std::this_thread::get_id())
+    if (owner == CallerIdentity())
     {
-        ownedMutexes.Remove(*this);
+        OwnedMutexes::Remove(*this);
         return true;
     }
     closed = true;
@@ -167,28 +162,30 @@ bool MutexObject::Close()
 bool MutexObject::Release()
 {
     const std::lock_guard guard(lock);
-    if (depth == 0 || owner != std::this_thread::get_id())
+    if (depth == 0 || owner != CallerIdentity())
     {
         return false;
     }
     if (--depth == 0)
     {
-        owner = {};
-        ownedMutexes.Remove(*this);
-        changed.notify_one();
+        OwnedMutexes::Remove(*this);
+        Serve();
     }
     return true;
 }
 
-/// True when nobody can reach the mutex any more.
-bool MutexObject::Abandon()
+/// The owner ends. Nobody can reach a closed mutex any more.
+void MutexObject::Abandon()
 {
-    const std::lock_guard guard(lock);
-    owner = {};
+    std::unique_lock guard(lock);
     depth = 0;
     abandoned = true;
-    changed.notify_one();
-    return closed;
+    Serve();
+    if (closed)
+    {
+        guard.unlock();
+        delete this;
+    }
 }
 
 struct NamedObjects
@@ -276,14 +273,38 @@ bool IsLastUser(WaitObject& object)
     names.objects.erase(object.name);
     return true;
 }
+
+/// Waits until another thread hands the object over; false when the time ran out first.
+bool Block(WaitObject& object, std::unique_lock<std::mutex>& guard, int milliseconds, bool& result)
+{
+    Waiter waiter;
+    object.waiters.Add(waiter);
+    const auto isServed = [&waiter] { return waiter.isServed; };
+    if (milliseconds == -1)
+    {
+        waiter.served.wait(guard, isServed);
+    }
+    else if (!waiter.served.wait_for(guard, std::chrono::milliseconds(milliseconds), isServed))
+    {
+        object.waiters.Remove(waiter);
+        return false;
+    }
+    result = waiter.result;
+    return true;
+}
 } // namespace
 
 WaitObjectResult NewMutex(bool initiallyOwned, const char* name, WaitObject*& object)
 {
-    const WaitObjectResult result = Publish(std::make_unique<MutexObject>(), name, object);
+    auto mutex = std::make_unique<MutexObject>();
+    if (initiallyOwned)
+    {
+        mutex->Take(CallerIdentity()); // before others can find it by its name
+    }
+    const WaitObjectResult result = Publish(std::move(mutex), name, object);
     if (result == WaitObjectResult::Created && initiallyOwned)
     {
-        WaitForObject(*object, -1);
+        OwnedMutexes::Add(static_cast<MutexObject&>(*object));
     }
     return result;
 }
@@ -337,18 +358,19 @@ bool WaitForObject(WaitObject& object, int milliseconds)
     {
         return false;
     }
-    const auto ready = [&object] { return object.IsSignalled(); };
+    const ThreadIdentity caller = CallerIdentity();
     std::unique_lock guard(object.lock);
-    if (milliseconds == -1)
+    bool result = false;
+    if (object.IsSignalled(caller))
     {
-        object.changed.wait(guard, ready);
+        result = object.Take(caller);
     }
-    else if (!ready() &&
-             (milliseconds == 0 || !object.changed.wait_for(guard, std::chrono::milliseconds(milliseconds), ready)))
+    else if (milliseconds == 0 || !Block(object, guard, milliseconds, result))
     {
         return false;
     }
-    return object.Take();
+    object.Taken();
+    return result;
 }
 
 int ReleaseMutexObject(WaitObject& object)
@@ -370,7 +392,7 @@ int ReleaseSemaphoreObject(WaitObject& object, int count, int& previous)
     }
     previous = semaphore.count;
     semaphore.count += count;
-    count == 1 ? semaphore.changed.notify_one() : semaphore.changed.notify_all();
+    semaphore.Serve();
     return 0;
 }
 
@@ -379,7 +401,7 @@ int SetEventObject(WaitObject& object)
     auto& event = static_cast<EventObject&>(object);
     const std::lock_guard guard(event.lock);
     event.signalled = true;
-    event.manualReset ? event.changed.notify_all() : event.changed.notify_one();
+    event.Serve();
     return 0;
 }
 
