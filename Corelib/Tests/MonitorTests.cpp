@@ -97,6 +97,25 @@ TEST(MonitorTests, ExitByAnotherThreadThrowsAndKeepsTheLock)
     EXPECT_FALSE(IsFreeForOthers(target));
 }
 
+TEST(MonitorTests, AThreadThatEndsInsideLeavesOneFailureAndAFreeMonitor)
+{
+    const Object target;
+    const int entries = Monitor::EntryCount();
+    for (int round = 0; round < 20; ++round) // identifiers of threads are used again at once
+    {
+        std::jthread(
+            [&]
+            {
+                Monitor::Enter(target);
+                Monitor::Enter(target);
+            })
+            .join();
+        OnAnotherThread([&] { EXPECT_THROW(Monitor::Enter(target), InvalidOperationException); });
+        EXPECT_EQ(entries, Monitor::EntryCount());
+        EXPECT_TRUE(IsFreeForOthers(target));
+    }
+}
+
 TEST(MonitorTests, ItKeepsThreadsApart)
 {
     constexpr int Rounds = 5000;

@@ -1,5 +1,7 @@
 #include <Core/System/Threading/Monitor.h>
 
+#include "Platform/ThreadOwnership.h"
+
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/InvalidOperationException.h>
 #include <Core/System/ThrowSite.h>
@@ -11,7 +13,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <mutex>
-#include <thread>
+#include <utility>
 
 namespace Tesmo::System::Threading
 {
@@ -23,10 +25,17 @@ struct MonitorData
     const Object* target = nullptr;
     int referenceCount = 0; ///< threads that hold or wait, re-entries included
     int depth = 0;          ///< entries of the owner, 0 while nobody owns the lock
-    std::thread::id owner;
+    bool abandoned = false; ///< the owner ended inside; its reference stands until somebody is told
+    Platform::ThreadIdentity owner = 0;
     std::condition_variable released;
-    MonitorData* next = nullptr; ///< in the list of the shard, or among its spare ones
+    MonitorData* next = nullptr;      ///< in the list of the shard, or among its spare ones
+    MonitorData* previous = nullptr;  ///< in the list of its owner, which that thread alone touches
+    MonitorData* following = nullptr; ///< likewise
+
+    void Abandon();
 };
+
+using OwnedMonitors = Platform::ThreadOwnership<MonitorData>;
 
 /// A part of the table with a lock of its own, so that threads with different objects seldom meet. Records are used
 /// again and never given back, as threads may still lock while the process ends: there are as many as were ever in use
@@ -51,6 +60,15 @@ Shard& ShardOf(const Object& target)
 {
     const auto address = reinterpret_cast<std::uintptr_t>(&target);
     return Shards()[(address >> 4 ^ address >> 12) % ShardCount]; // the heap aligns to 16 bytes
+}
+
+void MonitorData::Abandon()
+{
+    const std::lock_guard guard(ShardOf(*target).lock);
+    referenceCount -= depth - 1;
+    depth = 0;
+    abandoned = true;
+    released.notify_one();
 }
 
 /// The link that leads to the target's record, or to the end of the list.
@@ -111,6 +129,19 @@ bool Wait(std::unique_lock<std::mutex>& guard, MonitorData& data, double millise
                       data.released.wait_for(guard, std::chrono::duration_cast<std::chrono::nanoseconds>(limit), free));
 }
 
+/// Gives up the reference of an owner that ended inside; false when there was none. The lock is free.
+bool TakeBackAbandoned(MonitorData& data)
+{
+    if (!std::exchange(data.abandoned, false))
+    {
+        return false;
+    }
+    --data.referenceCount;
+    data.released.notify_one();
+    return true;
+}
+
+/// False when the time ran out, and once after an owner has ended inside.
 /// @param milliseconds  -1 for no limit
 bool Take(const Object& target, double milliseconds)
 {
@@ -122,14 +153,18 @@ bool Take(const Object& target, double milliseconds)
         throw InvalidOperationException(ThrowSite);
     }
     ++data.referenceCount;
-    const std::thread::id caller = std::this_thread::get_id();
-    if ((data.depth == 0 || data.owner != caller) && !Wait(guard, data, milliseconds))
+    const Platform::ThreadIdentity caller = Platform::CallerIdentity();
+    const bool isOwner = data.depth > 0 && data.owner == caller;
+    if (!isOwner && (!Wait(guard, data, milliseconds) || TakeBackAbandoned(data)))
     {
         Leave(shard, Find(shard, target));
         return false;
     }
     data.owner = caller;
-    ++data.depth;
+    if (++data.depth == 1)
+    {
+        OwnedMonitors::Add(data);
+    }
     return true;
 }
 } // namespace
@@ -147,6 +182,10 @@ void Monitor::Enter(const Object& target, bool& lockTaken)
         throw ArgumentNullException(ThrowSite);
     }
     lockTaken = Take(target, -1);
+    if (!lockTaken)
+    {
+        throw InvalidOperationException(ThrowSite);
+    }
 }
 
 bool Monitor::TryEnter(const Object& target)
@@ -206,13 +245,17 @@ void Monitor::Exit(const Object& target)
     {
         return;
     }
-    if (link->depth == 0 || link->owner != std::this_thread::get_id())
+    if (link->depth == 0 || link->owner != Platform::CallerIdentity())
     {
         throw InvalidOperationException(ThrowSite);
     }
-    if (--link->depth == 0 && link->referenceCount > 1)
+    if (--link->depth == 0)
     {
-        link->released.notify_one();
+        OwnedMonitors::Remove(*link);
+        if (link->referenceCount > 1)
+        {
+            link->released.notify_one();
+        }
     }
     Leave(shard, link);
 }

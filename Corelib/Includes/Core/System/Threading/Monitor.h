@@ -11,7 +11,9 @@ namespace Tesmo::System::Threading
 {
 /// Gives any object a re-entrant lock that is kept beside it, in a table by address. An entry stands only while a
 /// thread holds the lock or waits for it, so an object that is never locked costs nothing; an object that moves or
-/// dies with its lock held leaves a stale entry. There is no Wait and no Pulse. Any thread may call everything.
+/// dies with its lock held leaves a stale entry. A thread that ends with the lock held abandons it: the next one that
+/// tries to enter is told so by a failure, after which the lock is free. There is no Wait and no Pulse. Any thread may
+/// call everything.
 class Monitor
 {
 public:
@@ -19,13 +21,13 @@ public:
 
     /// Waits without limit for the lock. Each Enter needs an Exit on the same thread.
     /// @throws ArgumentNullException      target is null
-    /// @throws InvalidOperationException  2147483647 threads and re-entries at once
+    /// @throws InvalidOperationException  the owner ended inside, or 2147483647 threads and re-entries at once
     static void Enter(const Object& target);
     /// @param lockTaken  receives true once the lock is held
     static void Enter(const Object& target, bool& lockTaken);
 
     /// Takes the lock if that needs no wait.
-    /// @returns true when the calling thread holds it now; false for null
+    /// @returns true when the calling thread holds it now; false for null and, once, after its owner ended inside
     static bool TryEnter(const Object& target);
     /// @param milliseconds  limit of the wait, -1 for none; a value below gives false
     static bool TryEnter(const Object& target, int milliseconds);
