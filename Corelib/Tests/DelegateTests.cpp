@@ -127,3 +127,47 @@ TEST_F(DelegateTests, AnEventHandlerTakesNullAsSender)
 
     EXPECT_TRUE(wasNull);
 }
+
+namespace
+{
+/// Handlers that change the event that is being raised.
+class Subscriber
+{
+public:
+    void Change()
+    {
+        log += "C";
+        (*event) -= Action<>(*this, &Subscriber::Other);
+        for (int i = 0; i < 20; i++) // enough to move the list elsewhere
+        {
+            (*event) += Action<>(*this, &Subscriber::Other);
+        }
+    }
+    void Other()
+    {
+        log += "O";
+    }
+    void End()
+    {
+        log += "E";
+        event.Reset(nullptr);
+    }
+
+    std::string log;
+    Up<Action<>> event{new Action<>};
+};
+} // namespace
+
+TEST_F(DelegateTests, ACallGoesOnWithTheListAsItBegan)
+{
+    Subscriber subscriber;
+    *subscriber.event += Action<>(subscriber, &Subscriber::Change);
+    *subscriber.event += Action<>(subscriber, &Subscriber::Other);
+    subscriber.event->Invoke();
+    EXPECT_EQ("CO", subscriber.log);
+
+    *subscriber.event = Action<>(subscriber, &Subscriber::End);
+    *subscriber.event += Action<>(subscriber, &Subscriber::Other);
+    subscriber.event->Invoke();
+    EXPECT_EQ("COEO", subscriber.log);
+}

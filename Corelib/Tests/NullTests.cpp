@@ -1,14 +1,23 @@
 // Compiled once for each level of optimisation: compilers take for granted that no reference is null.
-#include <Core/System/IComparable.h>
-#include <Core/System/IHashable.h>
-#include <Core/System/Int32.h>
-#include <Core/System/Sp.h>
-#include <Core/System/String.h>
+#include <Tests/Support/CoreTest.h>
 
-#include <gtest/gtest.h>
+#include <Core/System/Collections/Generic/Dictionary.h>
+#include <Core/System/Collections/Generic/Queue.h>
+#include <Core/System/Collections/Generic/SortedDictionary.h>
+#include <Core/System/DateTime.h>
+#include <Core/System/EventHandler.h>
+#include <Core/System/Net/IPEndPoint.h>
+#include <Core/System/Net/IPHostEntry.h>
+#include <Core/System/Net/Sockets/SocketException.h>
+#include <Core/System/Ref.h>
+#include <Core/System/Version.h>
+
+#include <functional>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
+using namespace Tesmo::System::Collections::Generic;
+using namespace Tesmo::System::Net;
 
 namespace
 {
@@ -59,6 +68,28 @@ bool IsNullBehindBigBase(const Concrete& object)
 {
     return ReceivesNull<Abstract>(object);
 }
+
+template <class T>
+const T& Nothing = null;
+
+struct Target
+{
+    void Call() {}
+};
+
+template <class T>
+void ExpectNoCopyOfNull(T target)
+{
+    SCOPED_TRACE(Type(typeid(T)).ToString().Utf8());
+    EXPECT_THROW(static_cast<void>(T(Nothing<T>)), ArgumentNullException);
+    EXPECT_THROW(target = Nothing<T>, ArgumentNullException);
+}
+
+template <class... Ts>
+void ExpectNoCopiesOfNull(const Ts&... targets)
+{
+    (ExpectNoCopyOfNull(targets), ...);
+}
 } // namespace
 
 TEST(NullTests, NullIsNullUnderEveryClassAndBase)
@@ -95,4 +126,42 @@ TEST(NullTests, OperationsDecideAboutNullAtTheirHead)
     EXPECT_EQ(1, text.CompareTo(null));
     EXPECT_FALSE(Int32(0).Equals(static_cast<const Object&>(null))); // a null reads as zero where a check is missing
     EXPECT_THROW(Sp<String>(static_cast<const Sp<String>&>(null)), std::exception);
+}
+
+TEST(NullTests, ACopyOfNullIsRefused)
+{
+    const IPEndPoint endPoint(IPAddress::Any, 1);
+    ExpectNoCopiesOfNull(Queue<int>(), Dictionary<String, int>(), SortedDictionary<String, int>(), List<int>(),
+                         Array<int>(1), KeyValuePair<int, int>(), String(), Int32(), DateTime(), TimeSpan(), Version(),
+                         Type(), EventHandler(), IPAddress(), endPoint, EndPoint(endPoint), endPoint.Serialize(),
+                         IPHostEntry("", Array<String>(0), Array<IPAddress>(0)), Exception("text"),
+                         Sockets::SocketException(Sockets::SocketError::Fault, ThrowSite),
+                         Sockets::SocketError(Sockets::SocketError::Fault));
+    EXPECT_THROW(Ref<String>(Nothing<Ref<String>>), std::exception);
+}
+
+TEST(NullTests, OperationsThatNeedAnObjectRefuseNull)
+{
+    static Target target;
+    static Delegate<void> delegate;
+    const std::function<void()> operations[] = {
+        [] { static_cast<void>(DateTime() < Nothing<DateTime>); },
+        [] { static_cast<void>(TimeSpan() < Nothing<TimeSpan>); },
+        [] { static_cast<void>(Version() < Nothing<Version>); },
+        [] { delegate += null; },
+        [] { delegate -= null; },
+        [] { Delegate<void>(target, static_cast<void (Target::*)()>(nullptr)); },
+        [] { Ref<const String>(Nothing<String>); },
+        [] { EndPoint(Nothing<Sockets::AddressFamily>); },
+        [] { IPEndPoint(Nothing<IPAddress>, 1); },
+        [] { IPHostEntry("", Nothing<Array<String>>, Array<IPAddress>(0)); },
+        [] { throw Sockets::SocketException(Nothing<Sockets::SocketError>, ThrowSite); },
+    };
+    for (std::size_t row = 0; row < std::size(operations); row++)
+    {
+        EXPECT_THROW(operations[row](), ArgumentNullException) << "row " << row;
+    }
+    EXPECT_FALSE(DateTime() == Nothing<DateTime> || TimeSpan() == Nothing<TimeSpan> || Version() == Nothing<Version>);
+    delegate = null;
+    EXPECT_TRUE(delegate == null);
 }

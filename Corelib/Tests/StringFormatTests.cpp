@@ -17,6 +17,14 @@ std::string Text(const char* format, const Args&... args)
 }
 
 using Row = std::tuple<const char*, const char*>;
+
+template <class T>
+concept Formats = requires(const T& value)
+{
+    String::Format("{0}", value);
+};
+static_assert(Formats<bool> && Formats<const char*> && Formats<char[2]> && Formats<String>);
+static_assert(!Formats<int*> && !Formats<String*> && !Formats<void (*)()>, "a pointer is no truth value");
 } // namespace
 
 TEST(StringFormatTests, BracketsAreEscapedByDoublingThemAndCodePointsByTheirNumber)

@@ -12,6 +12,15 @@ constexpr auto Umlauts = "\xC3\xA4\xC3\xB6\xC3\xBC"; // U+00E4, U+00F6, U+00FC
 
 const String& nothing = null;
 
+template <class T>
+concept Appends = requires(String text, T value)
+{
+    text += value;
+};
+static_assert(Appends<char> && Appends<char32> && Appends<char32_t> && Appends<const char*> && Appends<String>);
+static_assert(!Appends<int> && !Appends<unsigned> && !Appends<bool> && !Appends<double> && !Appends<TypeCode>,
+              "a number is no character");
+
 std::vector<std::string> Parts(const Sp<Array<String>>& parts)
 {
     std::vector<std::string> texts;

@@ -1,8 +1,7 @@
 #include <Discovery/Protocol/DiscoveryHost.h>
 
-#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Exception.h>
-#include <Core/System/ThrowSite.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Serialization.Json/JSONArray.h>
 #include <Serialization.Json/JSONObject.h>
@@ -16,8 +15,8 @@ using Serialization::Json::JSONObject;
 using Serialization::Json::JSONStringer;
 using Tesmo::null;
 using Tesmo::Sp;
-using Tesmo::System::ArgumentNullException;
 using Tesmo::System::Exception;
+using Tesmo::System::NotNull;
 using Tesmo::System::String;
 using Tesmo::System::Collections::Generic::List;
 using Tesmo::System::LogStreams::LogStreamChannel;
@@ -36,15 +35,6 @@ const String nicsKey = "NICs";
 const String productsKey = "Products";
 const String fileTransferInfosKey = "FileTransferInfos";
 const String channelName = "DiscoveryMessage";
-
-const DiscoveryHost& Checked(const DiscoveryHost& source)
-{
-    if (Tesmo::IsNull(source))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return source;
-}
 
 template <class Record>
 Sp<List<Sp<Record>>> DeepCopy(const List<Sp<Record>>& records)
@@ -165,7 +155,7 @@ DiscoveryHost::DiscoveryHost(const String& hostName, bool isHostNameReadOnly, bo
 }
 
 DiscoveryHost::DiscoveryHost(const DiscoveryHost& other)
-    : HostName(Checked(other).HostName),
+    : HostName(NotNull(other).HostName),
       IsHostNameReadOnly(other.IsHostNameReadOnly),
       RebootRequiredForIPConfigChange(other.RebootRequiredForIPConfigChange),
       RebootRequiredForHostNameChange(other.RebootRequiredForHostNameChange),
@@ -180,7 +170,7 @@ DiscoveryHost::DiscoveryHost(const DiscoveryHost& other)
 
 DiscoveryHost& DiscoveryHost::operator=(const DiscoveryHost& other)
 {
-    const Sp<NICList> nics = DeepCopy(*Checked(other).NICs);
+    const Sp<NICList> nics = DeepCopy(*NotNull(other).NICs);
     const Sp<ProductList> products = DeepCopy(*other.Products);
     const Sp<Discovery::FileTransferInfos> infos = DeepCopy(other.FileTransferInfos);
     HostName = other.HostName;

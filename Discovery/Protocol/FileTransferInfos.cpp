@@ -1,7 +1,6 @@
 #include <Discovery/Protocol/FileTransferInfos.h>
 
-#include <Core/System/ArgumentNullException.h>
-#include <Core/System/ThrowSite.h>
+#include <Core/System/Checks.h>
 #include <Serialization.Json/JSONObject.h>
 
 #include <algorithm>
@@ -11,28 +10,16 @@ namespace Zelkor::Discovery
 using Serialization::Json::JSONObject;
 using Serialization::Json::JSONStringer;
 using Tesmo::Sp;
-using Tesmo::System::ArgumentNullException;
+using Tesmo::System::NotNull;
 using Tesmo::System::String;
-
-namespace
-{
-const FileTransferInfos& Checked(const FileTransferInfos& source)
-{
-    if (Tesmo::IsNull(source))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return source;
-}
-} // namespace
 
 FileTransferInfos::FileTransferInfos() : Infos(new Dictionary()) {}
 
-FileTransferInfos::FileTransferInfos(const FileTransferInfos& other) : Infos(new Dictionary(*Checked(other).Infos)) {}
+FileTransferInfos::FileTransferInfos(const FileTransferInfos& other) : Infos(new Dictionary(*NotNull(other).Infos)) {}
 
 FileTransferInfos& FileTransferInfos::operator=(const FileTransferInfos& other)
 {
-    Infos = Sp<Dictionary>(new Dictionary(*Checked(other).Infos));
+    Infos = Sp<Dictionary>(new Dictionary(*NotNull(other).Infos));
     return *this;
 }
 
@@ -57,11 +44,12 @@ void FileTransferInfos::ReadJSON(const String& text)
 
 bool FileTransferInfos::operator==(const FileTransferInfos& other) const
 {
-    return std::all_of(other.Infos->begin(), other.Infos->end(),
-                       [this](const auto& pair)
-                       {
-                           String value;
-                           return Infos->TryGetValue(pair.first, value) && value == pair.second;
-                       });
+    return !Tesmo::IsNull(other) && std::all_of(other.Infos->begin(), other.Infos->end(),
+                                                [this](const auto& pair)
+                                                {
+                                                    String value;
+                                                    return Infos->TryGetValue(pair.first, value) &&
+                                                           value == pair.second;
+                                                });
 }
 } // namespace Zelkor::Discovery

@@ -1,7 +1,7 @@
 #include <Discovery/Protocol/MACAddress.h>
 
 #include <Core/System/ArgumentException.h>
-#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/ThrowSite.h>
 
@@ -15,18 +15,15 @@ namespace Zelkor::Discovery
 using Tesmo::IsNull;
 using Tesmo::Sp;
 using Tesmo::System::ArgumentException;
-using Tesmo::System::ArgumentNullException;
 using Tesmo::System::Array;
 using Tesmo::System::Byte;
 using Tesmo::System::FormatException;
+using Tesmo::System::NotNull;
 using Tesmo::System::String;
 
 MACAddress::MACAddress(const Array<Byte>& source)
 {
-    if (IsNull(source))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(source);
     if (source.Length() != Size)
     {
         throw ArgumentException(ThrowSite);
@@ -37,10 +34,7 @@ MACAddress::MACAddress(const Array<Byte>& source)
 MACAddress::MACAddress(const String& text)
 {
     constexpr int hexadecimal = 16;
-    if (IsNull(text))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(text);
     const Sp<Array<String>> groups = text.Split(':');
     if (groups->Length() > Size)
     {
@@ -50,13 +44,11 @@ MACAddress::MACAddress(const String& text)
                    [](const String& group) { return Byte::Parse(group, hexadecimal); });
 }
 
+MACAddress::MACAddress(const MACAddress& other) : bytes(NotNull(other).bytes) {}
+
 MACAddress& MACAddress::operator=(const MACAddress& other)
 {
-    if (IsNull(other))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    bytes = other.bytes;
+    bytes = NotNull(other).bytes;
     return *this;
 }
 

@@ -28,8 +28,8 @@ public:
     /// @throws OverflowException      a group is over FF
     explicit MACAddress(const Tesmo::System::String& text);
 
-    MACAddress(const MACAddress& other) = default;
     /// @throws ArgumentNullException  other is null
+    MACAddress(const MACAddress& other);
     MACAddress& operator=(const MACAddress& other);
     virtual ~MACAddress() = default;
 

@@ -2,13 +2,12 @@
 
 #include "CJSONAdapter.h"
 
-#include <Core/System/ArgumentNullException.h>
 #include <Core/System/Boolean.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Double.h>
 #include <Core/System/EnumDeprecated.h>
 #include <Core/System/Int32.h>
 #include <Core/System/Int64.h>
-#include <Core/System/ThrowSite.h>
 #include <Core/System/UInt32.h>
 #include <Core/System/UInt64.h>
 #include <Serialization.Json/JSONArray.h>
@@ -21,12 +20,12 @@ namespace Zelkor::Serialization::Json
 {
 using CJSONAdapter::Kind;
 using CJSONAdapter::ToInteger;
-using Tesmo::System::ArgumentNullException;
 using Tesmo::System::Boolean;
 using Tesmo::System::Double;
 using Tesmo::System::EnumDeprecated;
 using Tesmo::System::Int32;
 using Tesmo::System::Int64;
+using Tesmo::System::NotNull;
 using Tesmo::System::Object;
 using Tesmo::System::String;
 using Tesmo::System::UInt32;
@@ -34,15 +33,6 @@ using Tesmo::System::UInt64;
 
 namespace
 {
-template <class T>
-void CheckNull(const T& argument)
-{
-    if (Tesmo::IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-}
-
 /// Stores the value when out is of class W.
 template <class W, class P>
 bool StoreAs(Object& out, P value)
@@ -152,57 +142,57 @@ bool JSONAccess<Document, Key>::TryGetValue(Key key, Object& value) const
 }
 
 template <class Document, class Key>
-bool JSONAccess<Document, Key>::GetBoolean(Key key) const
+bool JSONAccess<Document, Key>::GetBoolean(Key key, Site site) const
 {
-    return Kind(Required(key, cJSON_True | cJSON_False)) == cJSON_True;
+    return Kind(Required(key, cJSON_True | cJSON_False, site)) == cJSON_True;
 }
 
 template <class Document, class Key>
-double JSONAccess<Document, Key>::GetDouble(Key key) const
+double JSONAccess<Document, Key>::GetDouble(Key key, Site site) const
 {
-    return Required(key, cJSON_Number).valuedouble;
+    return Required(key, cJSON_Number, site).valuedouble;
 }
 
 template <class Document, class Key>
-std::int32_t JSONAccess<Document, Key>::GetInt32(Key key) const
+std::int32_t JSONAccess<Document, Key>::GetInt32(Key key, Site site) const
 {
-    return ToInteger<std::int32_t>(Required(key, cJSON_Number).valuedouble);
+    return ToInteger<std::int32_t>(Required(key, cJSON_Number, site).valuedouble);
 }
 
 template <class Document, class Key>
-std::uint32_t JSONAccess<Document, Key>::GetUInt32(Key key) const
+std::uint32_t JSONAccess<Document, Key>::GetUInt32(Key key, Site site) const
 {
-    return ToInteger<std::uint32_t>(Required(key, cJSON_Number).valuedouble);
+    return ToInteger<std::uint32_t>(Required(key, cJSON_Number, site).valuedouble);
 }
 
 template <class Document, class Key>
-std::int64_t JSONAccess<Document, Key>::GetInt64(Key key) const
+std::int64_t JSONAccess<Document, Key>::GetInt64(Key key, Site site) const
 {
-    return ToInteger<std::int64_t>(Required(key, cJSON_Number).valuedouble);
+    return ToInteger<std::int64_t>(Required(key, cJSON_Number, site).valuedouble);
 }
 
 template <class Document, class Key>
-std::uint64_t JSONAccess<Document, Key>::GetUInt64(Key key) const
+std::uint64_t JSONAccess<Document, Key>::GetUInt64(Key key, Site site) const
 {
-    return ToInteger<std::uint64_t>(Required(key, cJSON_Number).valuedouble);
+    return ToInteger<std::uint64_t>(Required(key, cJSON_Number, site).valuedouble);
 }
 
 template <class Document, class Key>
-String JSONAccess<Document, Key>::GetString(Key key) const
+String JSONAccess<Document, Key>::GetString(Key key, Site site) const
 {
-    return String(Required(key, cJSON_String).valuestring);
+    return String(Required(key, cJSON_String, site).valuestring);
 }
 
 template <class Document, class Key>
-JSONObject JSONAccess<Document, Key>::GetJSONObject(Key key) const
+JSONObject JSONAccess<Document, Key>::GetJSONObject(Key key, Site site) const
 {
-    return JSONObject(Required(key, cJSON_Object));
+    return JSONObject(Required(key, cJSON_Object, site));
 }
 
 template <class Document, class Key>
-JSONArray JSONAccess<Document, Key>::GetJSONArray(Key key) const
+JSONArray JSONAccess<Document, Key>::GetJSONArray(Key key, Site site) const
 {
-    return JSONArray(Required(key, cJSON_Array));
+    return JSONArray(Required(key, cJSON_Array, site));
 }
 
 template <class Document, class Key>
@@ -237,7 +227,7 @@ template <class Document, class Key>
 String JSONAccess<Document, Key>::OptString(Key key, const String& defaultValue) const
 {
     const cJSON* const item = FindKind(key, cJSON_String);
-    CheckNull(defaultValue);
+    NotNull(defaultValue);
     return item != nullptr ? String(item->valuestring) : defaultValue;
 }
 
@@ -252,7 +242,7 @@ template <class Document, class Key>
 JSONObject JSONAccess<Document, Key>::OptObject(Key key, const JSONObject& defaultValue) const
 {
     const cJSON* const item = FindKind(key, cJSON_Object);
-    CheckNull(defaultValue);
+    NotNull(defaultValue);
     return item != nullptr ? JSONObject(*item) : defaultValue;
 }
 
@@ -307,14 +297,14 @@ void JSONAccess<Document, Key>::Put(Key key, std::uint64_t value)
 template <class Document, class Key>
 void JSONAccess<Document, Key>::Put(Key key, double value)
 {
-    CheckNull(key);
+    NotNull(key);
     static_cast<Document*>(this)->Attach(key, CJSONAdapter::Checked(cJSON_CreateNumber(value)));
 }
 
 template <class Document, class Key>
-void JSONAccess<Document, Key>::Put(Key key, bool value)
+void JSONAccess<Document, Key>::PutBoolean(Key key, bool value)
 {
-    CheckNull(key);
+    NotNull(key);
     static_cast<Document*>(this)->Attach(key, CJSONAdapter::Checked(cJSON_CreateBool(value)));
 }
 
@@ -345,7 +335,7 @@ void JSONAccess<Document, Key>::Put(Key key, const JSONArray& value)
 template <class Document, class Key>
 void JSONAccess<Document, Key>::Put(Key key, const Object& value)
 {
-    CheckNull(key);
+    NotNull(key);
     static_cast<Document*>(this)->Attach(key, CJSONAdapter::Create(value));
 }
 
@@ -363,27 +353,27 @@ bool JSONAccess<Document, Key>::IsNull(Key key) const
 }
 
 template <class Document, class Key>
-const cJSON* JSONAccess<Document, Key>::Find(Key key) const
+const cJSON* JSONAccess<Document, Key>::Find(Key key, Site site) const
 {
-    CheckNull(key);
+    NotNull(key, site);
     return static_cast<const Document*>(this)->Locate(key);
 }
 
 /// @param kind  one kind, or several put together
 template <class Document, class Key>
-const cJSON* JSONAccess<Document, Key>::FindKind(Key key, int kind) const
+const cJSON* JSONAccess<Document, Key>::FindKind(Key key, int kind, Site site) const
 {
-    const cJSON* const item = Find(key);
+    const cJSON* const item = Find(key, site);
     return item != nullptr && (Kind(*item) & kind) != 0 ? item : nullptr;
 }
 
 template <class Document, class Key>
-const cJSON& JSONAccess<Document, Key>::Required(Key key, int kind) const
+const cJSON& JSONAccess<Document, Key>::Required(Key key, int kind, Site site) const
 {
-    const cJSON* const item = FindKind(key, kind);
+    const cJSON* const item = FindKind(key, kind, site);
     if (item == nullptr)
     {
-        Document::ThrowMissing();
+        Document::ThrowMissing(site);
     }
     return *item;
 }
@@ -412,8 +402,8 @@ template <class Document, class Key>
 template <class T>
 void JSONAccess<Document, Key>::PutDocument(Key key, const T& value)
 {
-    CheckNull(key);
-    CheckNull(value);
+    NotNull(key);
+    NotNull(value);
     static_cast<Document*>(this)->Attach(key, CJSONAdapter::ParsePart(value.ToString().Utf8()));
 }
 

@@ -97,8 +97,8 @@ void JSONArray::Detach(const cJSON* item)
     cJSON_Delete(cJSON_DetachItemViaPointer(root.get(), const_cast<cJSON*>(item)));
 }
 
-void JSONArray::ThrowMissing()
+void JSONArray::ThrowMissing(Site site)
 {
-    throw ArgumentOutOfRangeException(ThrowSite);
+    throw ArgumentOutOfRangeException(site.file, site.line);
 }
 } // namespace Zelkor::Serialization::Json

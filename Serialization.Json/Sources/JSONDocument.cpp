@@ -2,7 +2,7 @@
 
 #include "CJSONAdapter.h"
 
-#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/ThrowSite.h>
 
@@ -11,22 +11,12 @@
 
 namespace Zelkor::Serialization::Json
 {
-using Tesmo::System::ArgumentNullException;
 using Tesmo::System::FormatException;
+using Tesmo::System::NotNull;
 using Tesmo::System::String;
 
 namespace
 {
-template <class T>
-const T& Checked(const T& argument)
-{
-    if (Tesmo::IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return argument;
-}
-
 JSONItem Parse(const std::string& text, char opening)
 {
     JSONItem root = CJSONAdapter::Parse(text, opening);
@@ -45,7 +35,7 @@ JSONDocument<Opening>::JSONDocument()
 }
 
 template <char Opening>
-JSONDocument<Opening>::JSONDocument(const String& text) : root(Parse(Checked(text).Utf8(), Opening))
+JSONDocument<Opening>::JSONDocument(const String& text) : root(Parse(NotNull(text).Utf8(), Opening))
 {
 }
 
@@ -59,13 +49,13 @@ template <char Opening>
 JSONDocument<Opening>::JSONDocument(const JSONDocument& other) : JSONAllocator(),
                                                                  Object()
 {
-    Load(Checked(other).root.get());
+    Load(NotNull(other).root.get());
 }
 
 template <char Opening>
 JSONDocument<Opening>& JSONDocument<Opening>::operator=(const JSONDocument& other)
 {
-    Load(Checked(other).root.get());
+    Load(NotNull(other).root.get());
     return *this;
 }
 

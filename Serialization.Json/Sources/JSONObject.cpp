@@ -50,8 +50,8 @@ void JSONObject::Detach(const cJSON* item)
     cJSON_Delete(cJSON_DetachItemViaPointer(root.get(), const_cast<cJSON*>(item)));
 }
 
-void JSONObject::ThrowMissing()
+void JSONObject::ThrowMissing(Site site)
 {
-    throw ArgumentException(ThrowSite);
+    throw ArgumentException(site.file, site.line);
 }
 } // namespace Zelkor::Serialization::Json

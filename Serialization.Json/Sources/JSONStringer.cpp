@@ -2,7 +2,7 @@
 
 #include "CJSONAdapter.h"
 
-#include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/OutOfMemoryException.h>
 #include <Core/System/ThrowSite.h>
@@ -15,8 +15,8 @@ namespace Zelkor::Serialization::Json
 {
 using CJSONAdapter::Checked;
 using CJSONAdapter::Kind;
-using Tesmo::System::ArgumentNullException;
 using Tesmo::System::FormatException;
+using Tesmo::System::NotNull;
 using Tesmo::System::Object;
 using Tesmo::System::OutOfMemoryException;
 using Tesmo::System::String;
@@ -43,10 +43,7 @@ JSONStringer& JSONStringer::EndArray()
 
 JSONStringer& JSONStringer::Key(const String& key)
 {
-    if (Tesmo::IsNull(key))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(key);
     if (depth < 0 || Kind(*scopes[static_cast<std::size_t>(depth)]) != cJSON_Object)
     {
         throw FormatException(ThrowSite);
@@ -80,7 +77,7 @@ JSONStringer& JSONStringer::Value(double value)
     return Add(Checked(cJSON_CreateNumber(value)));
 }
 
-JSONStringer& JSONStringer::Value(bool value)
+JSONStringer& JSONStringer::AddBoolean(bool value)
 {
     return Add(Checked(cJSON_CreateBool(value)));
 }

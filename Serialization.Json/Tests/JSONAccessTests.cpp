@@ -28,6 +28,14 @@ std::string Filled(const char* key)
 }
 
 template <class T>
+concept Puts = requires(JSONObject object, JSONArray array, T value)
+{
+    object.Put("a", value);
+    array.Put(0, value);
+};
+static_assert(Puts<bool> && Puts<const char*> && !Puts<int*> && !Puts<String*>, "a pointer is no truth value");
+
+template <class T>
 T Tried(const JSONArray& array)
 {
     T value = 0;
@@ -216,4 +224,20 @@ TEST(JSONAccessTests, CopiesShareNothing)
     EXPECT_EQ(Sample().ToString(), copy.ToString());
     EXPECT_EQ(Sample().ToString(), assigned.ToString());
     EXPECT_THROW(assigned = static_cast<const JSONObject&>(null), ArgumentNullException);
+}
+
+TEST(JSONAccessTests, AFailureNamesThePlaceOfTheCall)
+{
+    int line = 0;
+    try
+    {
+        line = __LINE__ + 1;
+        Sample().GetString("missing");
+        FAIL();
+    }
+    catch (const ArgumentException& failure)
+    {
+        EXPECT_EQ(String(__FILE__), failure.File());
+        EXPECT_EQ(line, failure.Line());
+    }
 }

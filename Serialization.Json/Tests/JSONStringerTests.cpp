@@ -12,6 +12,13 @@ using namespace Zelkor::Serialization::Json;
 
 namespace
 {
+template <class T>
+concept Writes = requires(JSONStringer stringer, T value)
+{
+    stringer.Value(value);
+};
+static_assert(Writes<bool> && Writes<const char*> && !Writes<int*> && !Writes<String*>, "a pointer is no truth value");
+
 /// The text of an array of values.
 template <class... Types>
 std::string Elements(const Types&... values)

@@ -2,24 +2,12 @@
 
 #include <Core/LogStream/LogStreamRefTime.h>
 #include <Core/System/ArgumentNullException.h>
-#include <Core/System/ThrowSite.h>
+#include <Core/System/Checks.h>
 
 #include <string>
 
 namespace Tesmo::System::LogStreams
 {
-namespace
-{
-template <class T>
-void CheckNull(const T& argument)
-{
-    if (IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-}
-} // namespace
-
 ILogStream::ILogStream()
     : currentLevel(static_cast<int>(LogStreamLevel::Standard)),
       refTime(&LogStreamRefTime::Default())
@@ -43,10 +31,7 @@ void ILogStream::SetLevel(LogStreamLevel newLevel)
 
 void ILogStream::SetRefTime(const ILogStreamRefTime* source)
 {
-    if (source == nullptr)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(source);
     refTime = source;
 }
 
@@ -56,14 +41,14 @@ void ILogStream::WriteBlank(const LogStreamChannel&, LogStreamLevel) {}
 
 void ILogStream::Write(const LogStreamChannel& channel, const String& message, const Exception& exception)
 {
-    CheckNull(message);
-    CheckNull(exception);
+    NotNull(message);
+    NotNull(exception);
     WriteFailure(channel, message + ": " + exception.Message(), exception);
 }
 
 void ILogStream::Write(const LogStreamChannel& channel, const Exception& exception)
 {
-    CheckNull(exception);
+    NotNull(exception);
     WriteFailure(channel, exception.Message(), exception);
 }
 

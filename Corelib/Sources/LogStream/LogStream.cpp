@@ -3,6 +3,7 @@
 #include <Core/LogStream/LogStreamRefTime.h>
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/DateTime.h>
 #include <Core/System/IO/File.h>
 #include <Core/System/IO/FileStream.h>
@@ -30,15 +31,6 @@ constexpr const char* ColumnsRule =
     "|-----------------------|------------------|----------------------------------------"
     "|-|-----------|-------";
 constexpr std::size_t FixedRowSize = 104; // bytes of a usual row without its message
-
-template <class T>
-void CheckNull(const T& argument)
-{
-    if (IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-}
 
 /// "14/11/2026 12:43:07.123.000": the milliseconds are printed with three decimals, as required.
 void AppendDate(std::string& text)
@@ -78,13 +70,10 @@ template <class... Sink>
 Sp<StreamWriter> MakeWriter(const ILogStreamRefTime* source, const String& author, const String& company,
                             const String& product, const Sink&... sink)
 {
-    if (source == nullptr)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    CheckNull(author);
-    CheckNull(company);
-    CheckNull(product);
+    NotNull(source);
+    NotNull(author);
+    NotNull(company);
+    NotNull(product);
     return Sp<StreamWriter>(new StreamWriter(sink...));
 }
 } // namespace
@@ -175,8 +164,8 @@ void LogStream::Write(const LogStreamChannel& channel, LogStreamLevel level, int
     {
         return;
     }
-    CheckNull(channel);
-    CheckNull(message);
+    NotNull(channel);
+    NotNull(message);
     const Lock lock(lockObject);
     std::string row;
     row.reserve(FixedRowSize + message.Utf8().size());
@@ -200,7 +189,7 @@ void LogStream::WriteBlank(const LogStreamChannel& channel, LogStreamLevel level
 {
     if (IsEnabled(level))
     {
-        CheckNull(channel);
+        NotNull(channel);
         const Lock lock(lockObject);
         WriteRow(Filled("|", ' ', '|'));
     }
@@ -210,7 +199,7 @@ void LogStream::WriteSeparator(const LogStreamChannel& channel, LogStreamLevel l
 {
     if (IsEnabled(level))
     {
-        CheckNull(channel);
+        NotNull(channel);
         const Lock lock(lockObject);
         WriteRow(Filled("|", '-', '|'));
     }
@@ -222,8 +211,8 @@ void LogStream::WriteDump(const LogStreamChannel& channel, LogStreamLevel level,
     {
         return;
     }
-    CheckNull(channel);
-    CheckNull(text);
+    NotNull(channel);
+    NotNull(text);
     const Lock lock(lockObject);
     std::string entry;
     AppendDate(entry);

@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/ThrowSite.h>
 
 namespace Tesmo::System::LogStreams
@@ -10,10 +11,7 @@ namespace
 {
 const String& Checked(const String& name)
 {
-    if (IsNull(name))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(name);
     if (name.IsEmpty() || name.Length() > LogStreamChannel::MaxNameLength)
     {
         throw ArgumentException(ThrowSite);

@@ -2,8 +2,8 @@
 
 #include "CaseMapping.h"
 #include "CharacterClass.h"
-#include "Checks.h"
 #include "ConvertToType.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/DateTime.h>
 #include <Core/System/FormatException.h>

@@ -4,6 +4,7 @@
 #include <Core/System/Boolean.h>
 #include <Core/System/Byte.h>
 #include <Core/System/Char.h>
+#include <Core/System/Checks.h>
 #include <Core/System/DateTime.h>
 #include <Core/System/Double.h>
 #include <Core/System/Int16.h>
@@ -56,10 +57,7 @@ const Target targets[] = {
 Up<Object> ConvertToType(const IConvertible& value, const Object& object, const Type& type,
                          const IFormatProvider& provider)
 {
-    if (IsNull(type))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(type);
     if (Type(typeid(String)).Equals(type))
     {
         return Up<Object>(new String(object.ToString()));

@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 
 #include "Platform/Calendar.h"
 #include "Platform/Clock.h"
@@ -197,28 +198,19 @@ DateTime DateTime::ToLocalTime() const
 
 DateTime DateTime::Add(const TimeSpan& span) const
 {
-    if (IsNull(span))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(span);
     return DateTime(TimeSpan(Ticks()).Add(span).Ticks(), kind);
 }
 
 DateTime DateTime::Subtract(const TimeSpan& span) const
 {
-    if (IsNull(span))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(span);
     return DateTime(TimeSpan(Ticks()).Subtract(span).Ticks(), kind);
 }
 
 TimeSpan DateTime::Subtract(const DateTime& other) const
 {
-    if (IsNull(other))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(other);
     return TimeSpan(Ticks() - other.Ticks());
 }
 
@@ -244,7 +236,7 @@ bool DateTime::operator==(const DateTime& other) const
 
 std::strong_ordering DateTime::operator<=>(const DateTime& other) const
 {
-    return ticks <=> other.ticks;
+    return ticks <=> NotNull(other).ticks;
 }
 
 String DateTime::ToString() const
@@ -254,10 +246,7 @@ String DateTime::ToString() const
 
 String DateTime::ToString(const String& format) const
 {
-    if (IsNull(format))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(format);
     return format.IsEmpty() ? ToString() : Print(format.Utf8().c_str());
 }
 

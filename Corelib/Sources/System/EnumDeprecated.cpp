@@ -1,6 +1,7 @@
 #include <Core/System/EnumDeprecated.h>
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 
 #include <typeinfo>
 
@@ -28,10 +29,7 @@ bool EnumDeprecated::IsDefined() const
 
 bool EnumDeprecated::TryParse(const String& text, bool ignoreCase, EnumDeprecated& result) const
 {
-    if (IsNull(result))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(result);
     return EnumNameTable::TryParse(Names(), text, ignoreCase, result.value);
 }
 

@@ -1,6 +1,7 @@
 #include <Core/System/FlagsEnum.h>
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 
 namespace Tesmo::System
 {
@@ -16,10 +17,7 @@ bool FlagsEnum::IsDefined() const
 
 bool FlagsEnum::TryParse(const String& text, bool ignoreCase, EnumDeprecated& result) const
 {
-    if (IsNull(result))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(result);
     int bits = 0;
     const bool complete = EnumNameTable::TryParseFlags(Names(), text, ignoreCase, bits);
     Assign(result, bits);

@@ -1,6 +1,7 @@
 #include <Core/System/NumericalFormat.h>
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/String.h>
 #include <Core/System/ThrowSite.h>
@@ -268,10 +269,7 @@ void AppendFixed(std::string& text, double value, const Pattern& pattern)
 
 std::string_view CheckedFormat(const String& format)
 {
-    if (IsNull(format))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(format);
     return format.Utf8();
 }
 

@@ -2,11 +2,11 @@
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/OverflowException.h>
 #include <Core/System/SafeMath.h>
 #include <Core/System/String.h>
-#include <Core/System/ThrowSite.h>
 
 #include <algorithm>
 #include <charconv>
@@ -206,28 +206,19 @@ Fault Read(std::string_view text, P& result)
     return Fault::None;
 }
 
-void ThrowOn(Fault fault)
+void ThrowOn(Fault fault, CallSite site)
 {
     switch (fault)
     {
     case Fault::None:
         return;
     case Fault::Base:
-        throw ArgumentException(ThrowSite);
+        throw ArgumentException(site.file, site.line);
     case Fault::Format:
-        throw FormatException(ThrowSite);
+        throw FormatException(site.file, site.line);
     case Fault::Overflow:
-        throw OverflowException(ThrowSite);
+        throw OverflowException(site.file, site.line);
     }
-}
-
-std::string_view Checked(const String& text)
-{
-    if (IsNull(text))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return text.Utf8();
 }
 
 template <class... Args>
@@ -237,14 +228,14 @@ bool TryRead(const String& text, Args&... args)
 }
 } // namespace
 
-void NumericalParsing::Parse(const String& text, int base, int bits, std::int64_t& result)
+void NumericalParsing::Parse(const String& text, int base, int bits, std::int64_t& result, CallSite site)
 {
-    ThrowOn(Read(Checked(text), base, bits, result));
+    ThrowOn(Read(NotNull(text, site).Utf8(), base, bits, result), site);
 }
 
-void NumericalParsing::Parse(const String& text, int base, int bits, std::uint64_t& result)
+void NumericalParsing::Parse(const String& text, int base, int bits, std::uint64_t& result, CallSite site)
 {
-    ThrowOn(Read(Checked(text), base, bits, result));
+    ThrowOn(Read(NotNull(text, site).Utf8(), base, bits, result), site);
 }
 
 bool NumericalParsing::TryParse(const String& text, int base, int bits, std::int64_t& result)
@@ -257,14 +248,14 @@ bool NumericalParsing::TryParse(const String& text, int base, int bits, std::uin
     return TryRead(text, base, bits, result);
 }
 
-void NumericalParsing::Parse(const String& text, double& result)
+void NumericalParsing::Parse(const String& text, double& result, CallSite site)
 {
-    ThrowOn(Read(Checked(text), result));
+    ThrowOn(Read(NotNull(text, site).Utf8(), result), site);
 }
 
-void NumericalParsing::Parse(const String& text, float& result)
+void NumericalParsing::Parse(const String& text, float& result, CallSite site)
 {
-    ThrowOn(Read(Checked(text), result));
+    ThrowOn(Read(NotNull(text, site).Utf8(), result), site);
 }
 
 bool NumericalParsing::TryParse(const String& text, double& result)
@@ -277,13 +268,13 @@ bool NumericalParsing::TryParse(const String& text, float& result)
     return TryRead(text, result);
 }
 
-void NumericalParsing::ParseUtf8(std::string_view text, int base, int bits, std::int64_t& result)
+void NumericalParsing::ParseUtf8(std::string_view text, int base, int bits, std::int64_t& result, CallSite site)
 {
-    ThrowOn(Read(text, base, bits, result));
+    ThrowOn(Read(text, base, bits, result), site);
 }
 
-void NumericalParsing::ParseUtf8(std::string_view text, int base, int bits, std::uint64_t& result)
+void NumericalParsing::ParseUtf8(std::string_view text, int base, int bits, std::uint64_t& result, CallSite site)
 {
-    ThrowOn(Read(text, base, bits, result));
+    ThrowOn(Read(text, base, bits, result), site);
 }
 } // namespace Tesmo::System

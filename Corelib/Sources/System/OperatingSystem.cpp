@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 
 namespace Tesmo::System
 {
@@ -30,10 +31,7 @@ OperatingSystem::OperatingSystem(PlatformID system, const System::Version& numbe
     {
         throw ArgumentException(ThrowSite);
     }
-    if (IsNull(number))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(number);
     version = number;
     if (HasServicePacks(platform) && version.Build() % 10 != 0) // by the build's last digit: required
     {

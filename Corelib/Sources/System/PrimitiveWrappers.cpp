@@ -1,6 +1,7 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/Boolean.h>
 #include <Core/System/Byte.h>
+#include <Core/System/Checks.h>
 #include <Core/System/DateTime.h>
 #include <Core/System/Double.h>
 #include <Core/System/FormatException.h>
@@ -96,10 +97,7 @@ String PrimitiveWrapper<W, P>::ToString(const String& format) const
 {
     if constexpr (std::is_same_v<P, bool>)
     {
-        if (IsNull(format))
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
+        NotNull(format);
         return TextOf(value);
     }
     else
@@ -251,16 +249,16 @@ Up<Object> PrimitiveWrapper<W, P>::ToType(const Type& type, const IFormatProvide
 }
 
 template <class W, class P>
-P IntegerWrapper<W, P>::Parse(const String& text)
+P IntegerWrapper<W, P>::Parse(const String& text, CallSite site)
 {
-    return Parse(text, 10);
+    return Parse(text, 10, site);
 }
 
 template <class W, class P>
-P IntegerWrapper<W, P>::Parse(const String& text, int base)
+P IntegerWrapper<W, P>::Parse(const String& text, int base, CallSite site)
 {
     Widest<P> wide = 0;
-    NumericalParsing::Parse(text, base, Measure<P>, wide);
+    NumericalParsing::Parse(text, base, Measure<P>, wide, site);
     return static_cast<P>(wide);
 }
 
@@ -293,10 +291,10 @@ bool FloatWrapper<W, P>::Equals(const ValueType& other) const
 }
 
 template <class W, class P>
-P FloatWrapper<W, P>::Parse(const String& text)
+P FloatWrapper<W, P>::Parse(const String& text, CallSite site)
 {
     P result = 0;
-    NumericalParsing::Parse(text, result);
+    NumericalParsing::Parse(text, result, site);
     return result;
 }
 
@@ -320,10 +318,7 @@ const String& Boolean::FalseString()
 
 bool Boolean::Parse(const String& text)
 {
-    if (IsNull(text))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(text);
     bool result = false;
     if (!TryParse(text, result))
     {

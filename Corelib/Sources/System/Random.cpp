@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/DateTime.h>
 
 #include <cstdlib>
@@ -57,10 +58,7 @@ int Random::Next()
 
 void Random::NextBytes(Array<unsigned char>& buffer)
 {
-    if (IsNull(buffer))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(buffer);
     for (unsigned char& byte : buffer)
     {
         byte = static_cast<unsigned char>(Next(0, 255));

@@ -1,6 +1,6 @@
 #include <Core/System/String.h>
 
-#include "Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/Array.h>
 #include <Core/System/StringEnumerator.h>
@@ -13,18 +13,9 @@ namespace
 using Collections::Generic::IEnumerable;
 using Collections::Generic::IEnumerator;
 
-const char* Checked(const char* text)
+ustring Encode(const Array<char32>& characters, int startIndex, int length, CallSite site = CallSite::Here())
 {
-    if (text == nullptr)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return text;
-}
-
-ustring Encode(const Array<char32>& characters, int startIndex, int length)
-{
-    CheckRange(startIndex, length, characters.Length());
+    CheckRange(startIndex, length, characters.Length(), site);
     ustring text;
     text.Reserve(static_cast<std::size_t>(length));
     for (int i = startIndex; i < startIndex + length; i++)
@@ -35,7 +26,7 @@ ustring Encode(const Array<char32>& characters, int startIndex, int length)
 }
 } // namespace
 
-String::String(const char* text) : value(std::string(Checked(text))) {}
+String::String(const char* text) : value(std::string(NotNull(text))) {}
 
 String::String(std::string utf8) : value(std::move(utf8)) {}
 
@@ -69,9 +60,9 @@ String::String(const Array<char32>& characters, int startIndex, int length)
 String String::FromLatin1(const unsigned char* bytes, int size)
 {
     NotNegative(size);
-    if (bytes == nullptr && size > 0)
+    if (size > 0)
     {
-        throw ArgumentNullException(ThrowSite);
+        NotNull(bytes);
     }
     return String(ustring::FromLatin1(bytes, static_cast<std::size_t>(size)));
 }
@@ -84,7 +75,7 @@ String& String::operator=(const String& other)
 
 String& String::operator=(const char* text)
 {
-    value = ustring(std::string(Checked(text)));
+    value = ustring(std::string(NotNull(text)));
     return *this;
 }
 
@@ -115,22 +106,12 @@ Up<IEnumerator<char32>> String::GetReverseEnumerator() const
 
 char32 String::operator[](int index) const
 {
-    if (index < 0 || index >= Length())
-    {
-        throw ArgumentOutOfRangeException(ThrowSite);
-    }
-    return *value.From(static_cast<std::size_t>(index));
+    return *value.From(static_cast<std::size_t>(CheckIndex(index, Length())));
 }
 
 String& String::operator+=(const String& other)
 {
     value.Append(NotNull(other).value);
-    return *this;
-}
-
-String& String::operator+=(char32 c)
-{
-    value.Append(c);
     return *this;
 }
 

@@ -1,7 +1,7 @@
 #include <Core/System/String.h>
 
 #include "CaseMapping.h"
-#include "Checks.h"
+#include <Core/System/Checks.h>
 
 #include <algorithm>
 #include <compare>

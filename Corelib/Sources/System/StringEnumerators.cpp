@@ -1,7 +1,7 @@
 #include <Core/System/StringEnumerator.h>
 #include <Core/System/StringReverseEnumerator.h>
 
-#include "Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/InvalidOperationException.h>
 

@@ -1,6 +1,7 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/Array.h>
 #include <Core/System/Boolean.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatArgument.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/NumericalFormat.h>
@@ -226,10 +227,8 @@ std::size_t FormatArgument::SizeHint() const
 String String::FormatArguments(const IFormatProvider& provider, const String& format, const FormatArgument* arguments,
                                int count)
 {
-    if (IsNull(provider) || IsNull(format) || (count > 0 && arguments == nullptr))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(provider);
+    NotNull(format);
     return String(CompositeFormatter(provider, format.Utf8(), arguments, count).Run());
 }
 
@@ -240,10 +239,7 @@ String String::Format(const String& format, const Array<Sp<Object>, 1>& args)
 
 String String::Format(const IFormatProvider& provider, const String& format, const Array<Sp<Object>, 1>& args)
 {
-    if (IsNull(args))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(args);
     const int count = args.Length();
     const Up<FormatArgument[]> arguments(new FormatArgument[static_cast<std::size_t>(count)]);
     for (int i = 0; i < count; ++i)

@@ -1,7 +1,7 @@
 #include <Core/System/String.h>
 
 #include "CharacterPredicates.h"
-#include "Checks.h"
+#include <Core/System/Checks.h>
 
 #include <limits>
 #include <string_view>

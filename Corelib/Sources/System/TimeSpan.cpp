@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/OverflowException.h>
 #include <Core/System/String.h>
@@ -156,19 +157,13 @@ double TimeSpan::TotalMilliseconds() const
 
 TimeSpan TimeSpan::Add(const TimeSpan& other) const
 {
-    if (IsNull(other))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(other);
     return TimeSpan(Sum(ticks, other.ticks));
 }
 
 TimeSpan TimeSpan::Subtract(const TimeSpan& other) const
 {
-    if (IsNull(other))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(other);
     return other.ticks == Smallest ? TimeSpan(Sum(Sum(ticks, Largest), 1)) : TimeSpan(Sum(ticks, -other.ticks));
 }
 
@@ -230,7 +225,7 @@ bool TimeSpan::operator==(const TimeSpan& other) const
 
 std::strong_ordering TimeSpan::operator<=>(const TimeSpan& other) const
 {
-    return ticks <=> other.ticks;
+    return ticks <=> NotNull(other).ticks;
 }
 
 String TimeSpan::ToString() const
@@ -268,10 +263,7 @@ int TimeSpan::GetHashCode() const
 
 TimeSpan TimeSpan::Parse(const String& text)
 {
-    if (IsNull(text))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(text);
     TimeSpanParser parser(text.Utf8());
     switch (parser.Run())
     {

@@ -1,6 +1,7 @@
 #include <Core/System/Type.h>
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/String.h>
 
 #include <algorithm>
@@ -15,15 +16,6 @@ namespace Tesmo::System
 {
 namespace
 {
-const Type& Checked(const Type& type)
-{
-    if (IsNull(type))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return type;
-}
-
 void Replace(std::string& text, std::string_view part, std::string_view other)
 {
     for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + other.size()))
@@ -67,11 +59,11 @@ Type::Type() : info(&typeid(Type)) {}
 
 Type::Type(const std::type_info& typeInfo) : info(&typeInfo) {}
 
-Type::Type(const Type& other) : Object(), info(Checked(other).info) {}
+Type::Type(const Type& other) : Object(), info(NotNull(other).info) {}
 
 Type& Type::operator=(const Type& other)
 {
-    info = Checked(other).info;
+    info = NotNull(other).info;
     return *this;
 }
 

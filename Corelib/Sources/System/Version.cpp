@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/Int32.h>
 #include <Core/System/String.h>
@@ -11,34 +12,23 @@ namespace Tesmo::System
 {
 namespace
 {
-int Checked(int number)
-{
-    if (number < 0)
-    {
-        throw ArgumentOutOfRangeException(ThrowSite);
-    }
-    return number;
-}
 } // namespace
 
-Version::Version(int major, int minor) : majorNumber(Checked(major)), minorNumber(Checked(minor)) {}
+Version::Version(int major, int minor) : majorNumber(NotNegative(major)), minorNumber(NotNegative(minor)) {}
 
 Version::Version(int major, int minor, int build) : Version(major, minor)
 {
-    buildNumber = Checked(build);
+    buildNumber = NotNegative(build);
 }
 
 Version::Version(int major, int minor, int build, int revision) : Version(major, minor, build)
 {
-    revisionNumber = Checked(revision);
+    revisionNumber = NotNegative(revision);
 }
 
 Version Version::Parse(const String& text)
 {
-    if (IsNull(text))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(text);
     const Sp<Array<String>> parts = text.Split('.');
     Version version;
     int* const numbers[] = {&version.majorNumber, &version.minorNumber, &version.buildNumber, &version.revisionNumber};
@@ -48,7 +38,7 @@ Version Version::Parse(const String& text)
     }
     for (int i = 0; i < parts->Length(); ++i)
     {
-        *numbers[i] = Checked(Int32::Parse((*parts)[i]));
+        *numbers[i] = NotNegative(Int32::Parse((*parts)[i]));
     }
     return version;
 }
@@ -60,7 +50,7 @@ bool Version::operator==(const Version& other) const
 
 std::strong_ordering Version::operator<=>(const Version& other) const
 {
-    if (const auto order = majorNumber <=> other.majorNumber; order != 0)
+    if (const auto order = majorNumber <=> NotNull(other).majorNumber; order != 0)
     {
         return order;
     }

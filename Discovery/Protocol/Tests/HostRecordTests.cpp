@@ -63,6 +63,7 @@ TEST(HostRecordTests, AHardwareAddressIsReadFromLooseTextAndPrintedStrictly)
     EXPECT_THROW(MACAddress(static_cast<const Array<Byte>&>(null)), ArgumentNullException);
     MACAddress target;
     EXPECT_THROW(target = static_cast<const MACAddress&>(null), ArgumentNullException);
+    EXPECT_THROW(MACAddress(static_cast<const MACAddress&>(null)), ArgumentNullException);
 }
 
 TEST(HostRecordTests, EachFieldIsReadWrittenCopiedAndCompared)
@@ -220,4 +221,5 @@ TEST(HostRecordTests, CopiesOfAHostShareNothing)
     EXPECT_EQ(1, infos.Infos->Count());
     EXPECT_THROW(assigned = static_cast<const DiscoveryHost&>(null), ArgumentNullException);
     EXPECT_THROW(infos = static_cast<const FileTransferInfos&>(null), ArgumentNullException);
+    EXPECT_FALSE(infos == static_cast<const FileTransferInfos&>(null));
 }

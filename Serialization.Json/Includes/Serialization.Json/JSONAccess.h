@@ -1,8 +1,10 @@
 #pragma once
 
+#include <Core/System/CallSite.h>
 #include <Core/System/Object.h>
 #include <Core/System/String.h>
 
+#include <concepts>
 #include <cstdint>
 #include <limits>
 
@@ -23,6 +25,8 @@ template <class Document, class Key>
 class JSONAccess
 {
 public:
+    using Site = Tesmo::System::CallSite;
+
     /// Fetches a value. False, and no change of value, where it is missing.
     bool TryGetValue(Key key, std::int32_t& value) const;
     bool TryGetValue(Key key, std::uint32_t& value) const;
@@ -35,22 +39,23 @@ public:
     /// if the value is of that kind. Int64 is limited to the range of 32 bits here.
     bool TryGetValue(Key key, Tesmo::System::Object& value) const;
 
-    /// Fetch a value. @throws ArgumentException  it is missing (JSONObject)
+    /// Fetch a value. A failure names the place of the call, because that tells which value is missing.
+    ///                 @throws ArgumentException  it is missing (JSONObject)
     ///                 @throws ArgumentOutOfRangeException  it is missing (JSONArray)
-    bool GetBoolean(Key key) const;
-    double GetDouble(Key key) const;
-    std::int32_t GetInt32(Key key) const;
-    std::uint32_t GetUInt32(Key key) const;
-    std::int64_t GetInt64(Key key) const;
-    std::uint64_t GetUInt64(Key key) const;
-    Tesmo::System::String GetString(Key key) const;
+    bool GetBoolean(Key key, Site site = Site::Here()) const;
+    double GetDouble(Key key, Site site = Site::Here()) const;
+    std::int32_t GetInt32(Key key, Site site = Site::Here()) const;
+    std::uint32_t GetUInt32(Key key, Site site = Site::Here()) const;
+    std::int64_t GetInt64(Key key, Site site = Site::Here()) const;
+    std::uint64_t GetUInt64(Key key, Site site = Site::Here()) const;
+    Tesmo::System::String GetString(Key key, Site site = Site::Here()) const;
     template <class E>
-    E GetEnum(Key key) const
+    E GetEnum(Key key, Site site = Site::Here()) const
     {
-        return static_cast<E>(GetInt32(key));
+        return static_cast<E>(GetInt32(key, site));
     }
-    JSONObject GetJSONObject(Key key) const;
-    JSONArray GetJSONArray(Key key) const;
+    JSONObject GetJSONObject(Key key, Site site = Site::Here()) const;
+    JSONArray GetJSONArray(Key key, Site site = Site::Here()) const;
 
     /// Fetch a value, or give the default where it is missing. @throws ArgumentNullException  the default is null
     bool OptBoolean(Key key, bool defaultValue = false) const;
@@ -76,7 +81,11 @@ public:
     void Put(Key key, std::int64_t value);
     void Put(Key key, std::uint64_t value);
     void Put(Key key, double value);
-    void Put(Key key, bool value);
+    template <std::same_as<bool> T> // a pointer would convert
+    void Put(Key key, T value)
+    {
+        PutBoolean(key, value);
+    }
     void Put(Key key, const char* value);                  ///< puts null for a null pointer
     void Put(Key key, const Tesmo::System::String& value); ///< puts null for null
     /// Put a copy. @throws FormatException  this document would then nest too deep to be read again
@@ -99,9 +108,10 @@ protected:
     ~JSONAccess() = default;
 
 private:
-    const cJSON* Find(Key key) const;
-    const cJSON* FindKind(Key key, int kind) const;
-    const cJSON& Required(Key key, int kind) const;
+    void PutBoolean(Key key, bool value);
+    const cJSON* Find(Key key, Site site = Site::Here()) const;
+    const cJSON* FindKind(Key key, int kind, Site site = Site::Here()) const;
+    const cJSON& Required(Key key, int kind, Site site) const;
     template <class T>
     bool TryGetNumber(Key key, T& value) const;
     template <class T>

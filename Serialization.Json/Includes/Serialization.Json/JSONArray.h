@@ -40,7 +40,7 @@ private:
     void Attach(int index, JSONItem value);
     void InsertBefore(cJSON* next, cJSON* item);
     void Detach(const cJSON* item);
-    [[noreturn]] static void ThrowMissing();
+    [[noreturn]] static void ThrowMissing(Site site);
 
     /// The element found last: elements are a linked list, and a walk by index shall not begin anew at each step.
     mutable const cJSON* lastFound = nullptr;

@@ -46,6 +46,6 @@ private:
     const cJSON* Locate(const Tesmo::System::String& key) const;
     void Attach(const Tesmo::System::String& key, JSONItem value);
     void Detach(const cJSON* item);
-    [[noreturn]] static void ThrowMissing();
+    [[noreturn]] static void ThrowMissing(Site site);
 };
 } // namespace Zelkor::Serialization::Json

@@ -6,6 +6,7 @@
 #include <Serialization.Json/JSONItem.h>
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <type_traits>
 
@@ -44,7 +45,11 @@ public:
     JSONStringer& Value(std::int64_t value);
     JSONStringer& Value(std::uint64_t value);
     JSONStringer& Value(double value);
-    JSONStringer& Value(bool value);
+    template <std::same_as<bool> T> // a pointer would convert
+    JSONStringer& Value(T value)
+    {
+        return AddBoolean(value);
+    }
     JSONStringer& Value(const char* value);                  ///< a null pointer gives ""
     JSONStringer& Value(const Tesmo::System::String& value); ///< null gives ""
     template <PlainEnum E>
@@ -66,6 +71,7 @@ public:
 private:
     JSONStringer& Begin(JSONItem container);
     JSONStringer& End(int kind);
+    JSONStringer& AddBoolean(bool value);
     JSONStringer& Add(JSONItem value);
     cJSON* Attach(JSONItem value);
 

@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
 #include <Core/System/ArrayDeclaration.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Collections/Generic/ElementTraits.h>
 #include <Core/System/Collections/Generic/IList.h>
 #include <Core/System/Collections/Generic/IndexEnumerator.h>
@@ -41,7 +42,7 @@ public:
     /// length elements of default value. Takes an int and nothing else, so that a character is an element.
     /// @throws ArgumentOutOfRangeException  length is negative
     template <std::same_as<int> Integer>
-    explicit Array(Integer length) : items(CheckedLength(length))
+    explicit Array(Integer length) : items(static_cast<std::size_t>(NotNegative(length)))
     {
     }
 
@@ -51,11 +52,8 @@ public:
     template <Detail::MaybeConst<T> U>
     Array(U* source, int length)
     {
-        if (source == nullptr)
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
-        items.assign(source, source + CheckedLength(length));
+        NotNull(source);
+        items.assign(source, source + NotNegative(length));
     }
 
     explicit Array(const T& value) requires(!std::same_as<T, int>) : items{value} {}
@@ -75,7 +73,7 @@ public:
     Array(Array&&) noexcept = default;
     Array& operator=(const Array& other)
     {
-        items = other.items;
+        items = NotNull(other).items;
         version++;
         return *this;
     }
@@ -136,7 +134,7 @@ public:
     /// @throws ArgumentOutOfRangeException  dimension is not 0
     int GetLowerBound(int dimension) const
     {
-        CheckDimension(dimension);
+        CheckIndex(dimension, 1);
         return 0;
     }
 
@@ -144,7 +142,7 @@ public:
     /// @throws ArgumentOutOfRangeException  dimension is not 0
     int GetUpperBound(int dimension) const
     {
-        CheckDimension(dimension);
+        CheckIndex(dimension, 1);
         return Length() - 1;
     }
 
@@ -182,10 +180,7 @@ public:
         {
             return -1;
         }
-        if (startIndex < 0 || startIndex >= Length() || count < 0 || count > Length() - startIndex)
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
+        CheckRange(CheckIndex(startIndex, Length()), count, Length());
         return Find(item, startIndex, count);
     }
 
@@ -228,29 +223,12 @@ private:
     friend Enumerator;
     friend ReverseEnumerator;
 
-    static std::size_t CheckedLength(int length)
-    {
-        if (length < 0)
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
-        return static_cast<std::size_t>(length);
-    }
-
-    static void CheckDimension(int dimension)
-    {
-        if (dimension != 0)
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
-    }
-
-    std::size_t CheckedIndex(int index) const
+    std::size_t CheckedIndex(int index, CallSite site = CallSite::Here()) const
     {
         const auto position = static_cast<std::size_t>(index);
         if (index < 0 || position >= items.size())
         {
-            throw IndexOutOfRangeException(ThrowSite);
+            throw IndexOutOfRangeException(site.file, site.line);
         }
         return position;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Enum.h>
 #include <Core/System/FlagsAttribute.h>
 #include <Core/System/NoneFlagsAttribute.h>
@@ -33,10 +34,7 @@ public:
     /// @throws ArgumentNullException  result is null
     static bool TryParse(const String& text, bool ignoreCase, BoxEnum& result)
     {
-        if (IsNull(result))
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
+        NotNull(result);
         int number = result.ToInt32();
         const bool parsed = IsFlags ? EnumNameTable::TryParseFlags(BoxEnum::Names(), text, ignoreCase, number)
                                     : EnumNameTable::TryParse(BoxEnum::Names(), text, ignoreCase, number);

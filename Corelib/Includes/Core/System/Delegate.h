@@ -1,10 +1,14 @@
 #pragma once
 
+#include <Core/System/Checks.h>
 #include <Core/System/Fp.h>
 #include <Core/System/Object.h>
 
 #include <algorithm>
 #include <concepts>
+#include <memory>
+#include <span>
+#include <utility>
 #include <vector>
 
 namespace Tesmo::System
@@ -24,31 +28,42 @@ public:
     {
         if (function != nullptr)
         {
-            records.push_back(Record::Bind(function));
+            Take({Record::Bind(function)});
         }
     }
 
     /// Binds an object and one of its operations.
+    /// @throws ArgumentNullException  target or method is null
     template <class Base, std::derived_from<Base> T>
-    Delegate(T& target, R (Base::*method)(Args...)) : records{Record::Bind(static_cast<Base*>(&target), method)}
+    Delegate(T& target, R (Base::*method)(Args...), CallSite site = CallSite::Here())
     {
+        NotNull(target, site);
+        Take({Record::Bind(static_cast<Base*>(&target), NotNull(method, site))});
     }
 
     template <class Base, std::derived_from<Base> T>
-    Delegate(const T& target, R (Base::*method)(Args...) const)
-        : records{Record::Bind(static_cast<const Base*>(&target), method)}
+    Delegate(const T& target, R (Base::*method)(Args...) const, CallSite site = CallSite::Here())
     {
+        NotNull(target, site);
+        Take({Record::Bind(static_cast<const Base*>(&target), NotNull(method, site))});
     }
 
     Delegate(const Delegate&) = default;
     Delegate& operator=(const Delegate&) = default;
+    Delegate& operator=(const Null&)
+    {
+        records.reset();
+        return *this;
+    }
 
     /// Calls every function of the list in order; the last result counts. An empty list gives a default value.
+    /// A function may change the list, or end the delegate: this call goes on with the list as it began.
     R Invoke(Args... args) const
     {
+        const Snapshot walked = records;
         if constexpr (std::is_void_v<R>)
         {
-            for (const Record& record : records)
+            for (const Record& record : SpanOf(walked))
             {
                 record.invoker(record.target, record.method, args...);
             }
@@ -56,7 +71,7 @@ public:
         else
         {
             R result{};
-            for (const Record& record : records)
+            for (const Record& record : SpanOf(walked))
             {
                 result = record.invoker(record.target, record.method, args...);
             }
@@ -65,21 +80,25 @@ public:
     }
 
     /// Appends the functions of other.
+    /// @throws ArgumentNullException  other is null
     Delegate& operator+=(const Delegate& other)
     {
-        const std::vector<Record> added = other.records; // other may be this list
-        records.insert(records.end(), added.begin(), added.end());
+        const Span added = SpanOf(NotNull(other).records);
+        List joined = Copy();
+        joined.insert(joined.end(), added.begin(), added.end());
+        Take(std::move(joined));
         return *this;
     }
 
     /// Takes out the last run of functions that equals the list of other; without such a run nothing happens.
+    /// @throws ArgumentNullException  other is null
     Delegate& operator-=(const Delegate& other)
     {
-        const auto run = std::find_end(records.begin(), records.end(), other.records.begin(), other.records.end());
-        if (run != records.end())
-        {
-            records.erase(run, run + static_cast<std::ptrdiff_t>(other.records.size()));
-        }
+        const Span removed = SpanOf(NotNull(other).records);
+        List rest = Copy();
+        const auto run = std::find_end(rest.begin(), rest.end(), removed.begin(), removed.end());
+        rest.erase(run, run == rest.end() ? run : run + static_cast<std::ptrdiff_t>(removed.size()));
+        Take(std::move(rest));
         return *this;
     }
 
@@ -91,18 +110,37 @@ public:
             return false;
         }
         const auto* const delegate = dynamic_cast<const Delegate*>(&other);
-        return delegate != nullptr && records == delegate->records;
+        return delegate != nullptr && std::ranges::equal(SpanOf(records), SpanOf(delegate->records));
     }
 
     friend bool operator==(const Delegate& delegate, const Null&)
     {
-        return delegate.records.empty();
+        return delegate.records == nullptr;
     }
 
 private:
     using Record = Fp<R, Args...>;
+    using List = std::vector<Record>;
+    using Span = std::span<const Record>;
+    using Snapshot = std::shared_ptr<const List>;
 
-    std::vector<Record> records;
+    static Span SpanOf(const Snapshot& snapshot)
+    {
+        return snapshot == nullptr ? Span() : Span(*snapshot);
+    }
+
+    List Copy() const
+    {
+        const Span current = SpanOf(records);
+        return List(current.begin(), current.end());
+    }
+
+    void Take(List list)
+    {
+        records = list.empty() ? nullptr : std::make_shared<const List>(std::move(list));
+    }
+
+    Snapshot records; ///< shared with copies and running calls: replaced, never changed; null for an empty list
 };
 
 /// A function without a result.

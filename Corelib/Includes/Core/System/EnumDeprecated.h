@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Core/System/Checks.h>
 #include <Core/System/EnumNameTable.h>
 #include <Core/System/IComparable.h>
 #include <Core/System/IHashable.h>
@@ -73,7 +74,7 @@ public:
     }
     std::strong_ordering operator<=>(const EnumDeprecated& other) const
     {
-        return value <=> other.value;
+        return value <=> NotNull(other).value;
     }
     std::strong_ordering operator<=>(int other) const
     {

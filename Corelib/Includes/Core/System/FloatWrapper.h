@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Core/System/CallSite.h>
 #include <Core/System/PrimitiveWrapper.h>
 
 #include <limits>
@@ -23,10 +24,11 @@ public:
     /// Against another floating number the fractions count, and NaN equals NaN.
     bool Equals(const ValueType& other) const override;
 
+    /// A failure names the place of the call.
     /// @throws ArgumentNullException  text is null
     /// @throws FormatException        text is no number
     /// @throws OverflowException      the number does not fit
-    static P Parse(const String& text);
+    static P Parse(const String& text, CallSite site = CallSite::Here());
 
     /// False, and no change of result, where Parse throws.
     static bool TryParse(const String& text, P& result);

@@ -2,7 +2,7 @@
 
 #include <Core/System/FormatProvider.h>
 #include <Core/System/IFormattable.h>
-#include <Core/System/String.h>
+#include <Core/System/Object.h>
 
 #include <concepts>
 #include <cstdint>
@@ -18,7 +18,6 @@ class FormatArgument
 public:
     FormatArgument() = default;
     FormatArgument(const Null&) {}
-    FormatArgument(bool value) : kind(Kind::Boolean), unsignedValue(value ? 1 : 0) {}
     FormatArgument(char32 value) : kind(Kind::Character), unsignedValue(value.value) {}
     FormatArgument(char32_t value) : FormatArgument(char32(value)) {}
     FormatArgument(char value) : FormatArgument(char32(value)) {}
@@ -34,10 +33,12 @@ public:
     {
     }
 
+    /// A truth value is one of these; as a parameter of its own it would take any pointer.
     template <std::unsigned_integral T>
-    FormatArgument(T value) : kind(Kind::Unsigned),
-                              bits(sizeof(T) * 8),
-                              unsignedValue(value)
+    FormatArgument(T value)
+        : kind(std::same_as<T, bool> ? Kind::Boolean : Kind::Unsigned),
+          bits(sizeof(T) * 8),
+          unsignedValue(value)
     {
     }
 
@@ -98,16 +99,7 @@ private:
     };
 };
 
-template <class... Args>
-String String::Format(const String& format, const Args&... args)
-{
-    return Format(FormatProvider::Default(), format, args...);
-}
-
-template <class... Args>
-String String::Format(const IFormatProvider& provider, const String& format, const Args&... args)
-{
-    const FormatArgument arguments[sizeof...(Args) + 1] = {FormatArgument(args)...};
-    return FormatArguments(provider, format, arguments, static_cast<int>(sizeof...(Args)));
-}
+/// What String::Format takes. A pointer is none.
+template <class T>
+concept Formattable = std::constructible_from<FormatArgument, const T&>;
 } // namespace Tesmo::System

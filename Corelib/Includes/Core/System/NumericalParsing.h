@@ -1,5 +1,7 @@
 #pragma once
 
+#include <Core/System/CallSite.h>
+
 #include <cstdint>
 #include <string_view>
 
@@ -9,7 +11,8 @@ class String;
 
 /// Numbers from text. Blanks (code 32) around the number and one sign are allowed. In base 16 a "0x", in base 2 a "0b"
 /// may precede the digits, in base 2 a "b" may follow them. In the bases 2, 8 and 16 a number without a minus sign that
-/// fills all bits of a signed type is its two's-complement pattern: "0xFFFFFFFF" is -1 in 32 bits.
+/// fills all bits of a signed type is its two's-complement pattern: "0xFFFFFFFF" is -1 in 32 bits. A failure names
+/// the place of the call.
 class NumericalParsing
 {
 public:
@@ -22,8 +25,8 @@ public:
     /// @throws ArgumentException      base is out of range
     /// @throws FormatException        text is no number
     /// @throws OverflowException      the number does not fit
-    static void Parse(const String& text, int base, int bits, std::int64_t& result);
-    static void Parse(const String& text, int base, int bits, std::uint64_t& result);
+    static void Parse(const String& text, int base, int bits, std::int64_t& result, CallSite site = CallSite::Here());
+    static void Parse(const String& text, int base, int bits, std::uint64_t& result, CallSite site = CallSite::Here());
 
     /// False, and no change of result, where the forms above throw.
     static bool TryParse(const String& text, int base, int bits, std::int64_t& result);
@@ -33,13 +36,15 @@ public:
     /// @throws ArgumentNullException  text is null
     /// @throws FormatException        text is no number
     /// @throws OverflowException      the number is too large or, other than 0, too small for its type
-    static void Parse(const String& text, double& result);
-    static void Parse(const String& text, float& result);
+    static void Parse(const String& text, double& result, CallSite site = CallSite::Here());
+    static void Parse(const String& text, float& result, CallSite site = CallSite::Here());
     static bool TryParse(const String& text, double& result);
     static bool TryParse(const String& text, float& result);
 
     /// Parse for a part of a text, in UTF-8.
-    static void ParseUtf8(std::string_view text, int base, int bits, std::int64_t& result);
-    static void ParseUtf8(std::string_view text, int base, int bits, std::uint64_t& result);
+    static void ParseUtf8(std::string_view text, int base, int bits, std::int64_t& result,
+                          CallSite site = CallSite::Here());
+    static void ParseUtf8(std::string_view text, int base, int bits, std::uint64_t& result,
+                          CallSite site = CallSite::Here());
 };
 } // namespace Tesmo::System

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <Core/System/Null.h>
+#include <Core/System/Checks.h>
 
 namespace Tesmo::System
 {
@@ -25,7 +25,19 @@ public:
     virtual ~Object() = default;
 
 protected:
-    Object(const Object&) = default;
-    Object& operator=(const Object&) = default;
+    /// The copy that every class of the tree has, unless it has one of its own. A failure of the constructor names the
+    /// class that was copied.
+    /// @throws ArgumentNullException  other is null
+    Object(const Object& other, CallSite site = CallSite::Here())
+    {
+        NotNull(other, site);
+    }
+    Object& operator=(const Object& other)
+    {
+        NotNull(other);
+        return *this;
+    }
+    Object(Object&&) noexcept = default;
+    Object& operator=(Object&&) noexcept = default;
 };
 } // namespace Tesmo::System

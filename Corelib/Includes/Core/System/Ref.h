@@ -1,6 +1,6 @@
 #pragma once
 
-#include <Core/System/Null.h>
+#include <Core/System/Checks.h>
 #include <exception>
 
 namespace Tesmo
@@ -12,9 +12,19 @@ class Ref
 public:
     Ref() = default;
     Ref(const Null&) {}
-    Ref(T& object) : pointer(&object) {}
-    Ref(const Ref&) = default;
-    Ref& operator=(const Ref&) = default;
+    /// @throws ArgumentNullException  object is the null reference
+    Ref(T& object, System::CallSite site = System::CallSite::Here()) : pointer(&object)
+    {
+        System::NotNull(object, site);
+    }
+
+    /// @throws std::exception  other is the null reference
+    Ref(const Ref& other) : pointer(Checked(other).pointer) {}
+    Ref& operator=(const Ref& other)
+    {
+        pointer = Checked(other).pointer;
+        return *this;
+    }
     virtual ~Ref() = default;
 
     /// @throws std::exception  the link is empty
@@ -35,6 +45,15 @@ public:
     }
 
 private:
+    static const Ref& Checked(const Ref& other)
+    {
+        if (IsNull(other))
+        {
+            throw std::exception();
+        }
+        return other;
+    }
+
     T* Checked() const
     {
         if (pointer == nullptr)

@@ -3,6 +3,7 @@
 #include <Core/System/ArrayDeclaration.h>
 #include <Core/System/Char32.h>
 #include <Core/System/Collections/Generic/IEnumerable.h>
+#include <Core/System/FormatArgument.h>
 #include <Core/System/ICloneable.h>
 #include <Core/System/IComparable.h>
 #include <Core/System/IConvertible.h>
@@ -18,7 +19,11 @@
 
 namespace Tesmo::System
 {
-class FormatArgument;
+namespace Detail
+{
+template <class C>
+concept Character = std::same_as<C, char32> || std::same_as<C, char> || std::same_as<C, char32_t>;
+} // namespace Detail
 
 /// The program's only text type: immutable but for assignment, held as UTF-8. Lengths and indexes count code points.
 /// A null reference at any position gives ArgumentNullException, an index or count out of range
@@ -92,7 +97,12 @@ public:
 
     bool operator==(const String& other) const; ///< false for null
     String& operator+=(const String& other);
-    String& operator+=(char32 c);
+    template <Detail::Character C> // a number would convert
+    String& operator+=(C c)
+    {
+        value.Append(char32(c));
+        return *this;
+    }
 
     static String Concat(const String& a, const String& b);
     static String Concat(const String& a, const String& b, const String& c);
@@ -165,10 +175,17 @@ public:
     /// Composite formatting: "{index[,alignment][:format]}" stands for an argument, "{{" and "}}" for the brackets,
     /// "{uXXXX}" for a code point. An argument is a primitive, a const char* or any Object.
     /// @throws FormatException  a bracket without its partner, or an index without an argument
-    template <class... Args>
-    static String Format(const String& format, const Args&... args);
-    template <class... Args>
-    static String Format(const IFormatProvider& provider, const String& format, const Args&... args);
+    template <Formattable... Args>
+    static String Format(const String& format, const Args&... args)
+    {
+        return Format(FormatProvider::Default(), format, args...);
+    }
+    template <Formattable... Args>
+    static String Format(const IFormatProvider& provider, const String& format, const Args&... args)
+    {
+        const FormatArgument arguments[sizeof...(Args) + 1] = {FormatArgument(args)...};
+        return FormatArguments(provider, format, arguments, static_cast<int>(sizeof...(Args)));
+    }
     /// The same with the arguments in an array; an empty entry counts as null.
     static String Format(const String& format, const Array<Sp<Object>, 1>& args);
     static String Format(const IFormatProvider& provider, const String& format, const Array<Sp<Object>, 1>& args);
@@ -228,5 +245,3 @@ String operator+(const char* left, const R& right)
     return left + Detail::TextOf(right);
 }
 } // namespace Tesmo::System
-
-#include <Core/System/FormatArgument.h> // IWYU pragma: export: defines the Format templates

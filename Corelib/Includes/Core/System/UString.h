@@ -22,7 +22,7 @@ public:
 
     /// Walks over code points in either direction. It becomes invalid when the text changes. At an end it reads as code
     /// point 0 and stays there when stepped further.
-    template <bool Const, bool Reverse>
+    template <bool Reverse>
     struct basic_iterator
     {
         using iterator_category = std::bidirectional_iterator_tag;
@@ -118,10 +118,10 @@ public:
         }
     };
 
-    using iterator = basic_iterator<false, false>;
-    using const_iterator = basic_iterator<true, false>;
-    using reverse_iterator = basic_iterator<false, true>;
-    using const_reverse_iterator = basic_iterator<true, true>;
+    using iterator = basic_iterator<false>;
+    using reverse_iterator = basic_iterator<true>;
+    using const_iterator = iterator; // a walk never changes the text
+    using const_reverse_iterator = reverse_iterator;
 
     ustring() = default;
     ustring(const ustring&) = default;

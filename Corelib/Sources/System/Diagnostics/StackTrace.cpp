@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Environment.h>
 
 #include <cstddef>
@@ -13,14 +14,6 @@ namespace Tesmo::System::Diagnostics
 {
 namespace
 {
-void CheckSkip(int skipFrames)
-{
-    if (skipFrames < 0)
-    {
-        throw ArgumentOutOfRangeException(ThrowSite);
-    }
-}
-
 bool IsDelegatePlumbing(const std::string& method)
 {
     return method.find("Tesmo::Fp<") != std::string::npos || method.find("System::Delegate<") != std::string::npos;
@@ -44,24 +37,21 @@ std::int64_t LastWith(const std::string& text, const CallStack& callStack)
 
 StackTrace::StackTrace(int skipFrames, bool needFileInfo)
 {
-    CheckSkip(skipFrames);
+    NotNegative(skipFrames);
     Take(CallStack(0), skipFrames, needFileInfo);
 }
 
 StackTrace::StackTrace(const String& methodName, int skipFrames, bool needFileInfo)
 {
-    if (IsNull(methodName))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    CheckSkip(skipFrames);
+    NotNull(methodName);
+    NotNegative(skipFrames);
     const CallStack callStack(0);
     Take(callStack, skipFrames + LastWith(methodName.Utf8(), callStack), needFileInfo);
 }
 
 StackTrace::StackTrace(const CallStack& callStack, int skipFrames, bool needFileInfo)
 {
-    CheckSkip(skipFrames);
+    NotNegative(skipFrames);
     Take(callStack, skipFrames, needFileInfo);
 }
 

@@ -1,8 +1,8 @@
 #include <Core/System/IO/DirectoryInfo.h>
 
 #include "Platform/Files.h"
-#include "System/Checks.h"
 #include "System/IO/FailureText.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/IO/Path.h>
 

@@ -1,8 +1,8 @@
 #include <Core/System/IO/FileStream.h>
 
 #include "Platform/Files.h"
-#include "System/Checks.h"
 #include "System/IO/FailureText.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Array.h>

@@ -1,7 +1,7 @@
 #include <Core/System/IO/FileSystemInfo.h>
 
 #include "Platform/Files.h"
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/IO/FileNotFoundException.h>

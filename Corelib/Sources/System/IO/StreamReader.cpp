@@ -1,6 +1,6 @@
 #include <Core/System/IO/StreamReader.h>
 
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/IO/FileStream.h>
@@ -14,10 +14,7 @@ namespace
 {
 const Sp<Stream>& Readable(const Sp<Stream>& stream)
 {
-    if (NotNull(stream) == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotEmpty(stream);
     if (!stream->CanRead())
     {
         throw ArgumentException(ThrowSite);

@@ -1,6 +1,6 @@
 #include <Core/System/IO/StreamWriter.h>
 
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Array.h>
@@ -14,10 +14,7 @@ namespace
 {
 const Sp<Stream>& Writable(const Sp<Stream>& stream)
 {
-    if (NotNull(stream) == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotEmpty(stream);
     if (!stream->CanWrite())
     {
         throw ArgumentException(ThrowSite);

@@ -1,6 +1,6 @@
 #include <Core/System/IO/TextReader.h>
 
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/Threading/Lock.h>
 
@@ -67,10 +67,7 @@ TextReader& TextReader::Null()
 
 Sp<TextReader> TextReader::Synchronized(const Sp<TextReader>& reader)
 {
-    if (IsNull(reader) || reader == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotEmpty(reader);
     return Sp<TextReader>(new SynchronizedTextReader(reader));
 }
 

@@ -1,6 +1,6 @@
 #include <Core/System/IO/TextWriter.h>
 
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/Environment.h>
 #include <Core/System/Threading/Lock.h>
@@ -54,10 +54,7 @@ TextWriter& TextWriter::Null()
 
 Sp<TextWriter> TextWriter::Synchronized(const Sp<TextWriter>& writer)
 {
-    if (IsNull(writer) || writer == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotEmpty(writer);
     return Sp<TextWriter>(new SynchronizedTextWriter(writer));
 }
 

@@ -1,6 +1,7 @@
 #include <Core/System/Net/Dns.h>
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/InvalidOperationException.h>
 #include <Core/System/Net/Sockets/SocketException.h>
 
@@ -41,10 +42,7 @@ Platform::HostEntry LookUp(const IPAddress& address)
 
 Platform::HostEntry LookUp(const String& hostNameOrAddress)
 {
-    if (IsNull(hostNameOrAddress))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(hostNameOrAddress);
     IPAddress address;
     if (IPAddress::TryParse(hostNameOrAddress, address))
     {
@@ -84,10 +82,7 @@ IPHostEntry Dns::GetHostEntry(const String& hostNameOrAddress)
 
 IPHostEntry Dns::GetHostEntry(const IPAddress& address)
 {
-    if (IsNull(address))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(address);
     return MakeHostEntry(LookUp(address));
 }
 

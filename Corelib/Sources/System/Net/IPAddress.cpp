@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Int64.h>
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/UInt16.h>
@@ -38,15 +39,6 @@ void RequireFamily(bool isTheRightOne)
     {
         throw Sockets::SocketException(Sockets::SocketError::OperationNotSupported, ThrowSite);
     }
-}
-
-const Array<Byte>& Checked(const Array<Byte>& bytes)
-{
-    if (IsNull(bytes))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return bytes;
 }
 
 constexpr std::uint32_t Number(std::uint32_t first, std::uint32_t second, std::uint32_t third, std::uint32_t fourth)
@@ -89,7 +81,7 @@ constinit const IPAddress IPAddress::Broadcast(0xFFFFFFFF, nullptr);
 
 IPAddress::IPAddress(const Array<Byte>& bytes)
 {
-    if (Checked(bytes).Length() != IPv4Size && bytes.Length() != IPv6Size)
+    if (NotNull(bytes).Length() != IPv4Size && bytes.Length() != IPv6Size)
     {
         throw ArgumentException(ThrowSite);
     }
@@ -143,10 +135,7 @@ IPAddress::IPAddress(const IPAddress& other) : Object()
 
 IPAddress& IPAddress::operator=(const IPAddress& other)
 {
-    if (IsNull(other))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(other);
     address = other.address;
     std::copy(std::begin(other.numbers), std::end(other.numbers), std::begin(numbers));
     scopeId = other.scopeId;
@@ -239,10 +228,7 @@ void IPAddress::SetScopeId(std::int64_t scope)
 
 IPAddress IPAddress::Parse(const String& text)
 {
-    if (IsNull(text))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(text);
     const bool hasBrackets = text.Length() >= 2 && text.StartsWith("[") && text.EndsWith("]");
     const String bare = hasBrackets ? text.Substring(1, text.Length() - 2) : text;
     const Sp<Array<String>> octets = bare.Split('.');

@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 
 #include <algorithm>
 
@@ -32,10 +33,7 @@ int CheckedPort(int port)
 /// The family of a raw address that is long enough for it.
 int CheckedFamily(const unsigned char* bytes, int size)
 {
-    if (bytes == nullptr)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(bytes);
     const int family = size < 2 ? 0 : bytes[0] | bytes[1] << 8;
     if (!(family == IPv4Family && size >= IPv4Used) && !(family == IPv6Family && size >= IPv6Size))
     {
@@ -84,10 +82,7 @@ String IPEndPoint::ToString() const
 
 Up<EndPoint> IPEndPoint::Create(const SocketAddress& socketAddress) const
 {
-    if (IsNull(socketAddress))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(socketAddress);
     unsigned char bytes[IPv6Size];
     const int size = std::min(socketAddress.Size(), IPv6Size);
     std::copy_n(socketAddress.Data().begin(), size, bytes);

@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 
 #include <algorithm>
 #include <vector>
@@ -23,19 +24,13 @@ int CheckedSize(int size)
 
 int CheckedSize(const Sockets::AddressFamily& family, int size)
 {
-    if (IsNull(family))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(family);
     return CheckedSize(size);
 }
 
 std::vector<Byte> CheckedCopy(const unsigned char* bytes, int size)
 {
-    if (bytes == nullptr)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(bytes);
     return std::vector<Byte>(bytes, bytes + CheckedSize(size));
 }
 } // namespace

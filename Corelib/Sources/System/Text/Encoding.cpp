@@ -1,6 +1,6 @@
 #include <Core/System/Text/Encoding.h>
 
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/NotSupportedException.h>
 #include <Core/System/Text/ASCIIEncoding.h>
@@ -64,13 +64,13 @@ const Member& Find(int codePage)
 }
 
 template <class T>
-void CheckBuffer(const Array<T>& buffer, int index, int count)
+void CheckBuffer(const Array<T>& buffer, int index, int count, CallSite site)
 {
-    if (IsNull(buffer) && count > 0)
+    if (count > 0)
     {
-        throw ArgumentNullException(ThrowSite);
+        NotNull(buffer, site);
     }
-    System::CheckRange(index, count, IsNull(buffer) ? 0 : buffer.Length());
+    System::CheckRange(index, count, IsNull(buffer) ? 0 : buffer.Length(), site);
 }
 
 /// A null buffer, which CheckBuffer lets pass for no elements, is not touched.
@@ -96,9 +96,10 @@ std::vector<unsigned char> Encode(const Encoding& encoding, const Chars& chars, 
     return result;
 }
 
-int Fill(Encoding::ByteArray& bytes, int index, const unsigned char* source, int count)
+int Fill(Encoding::ByteArray& bytes, int index, const unsigned char* source, int count,
+         CallSite site = CallSite::Here())
 {
-    CheckBuffer(bytes, index, count);
+    CheckBuffer(bytes, index, count, site);
     std::copy_n(source, count, count == 0 ? nullptr : bytes.begin() + index);
     return count;
 }
@@ -333,23 +334,19 @@ String Encoding::GetString(const ByteArray& bytes, int index, int count) const
     return String(std::move(text));
 }
 
-void Encoding::CheckRange(const ByteArray& bytes, int index, int count)
+void Encoding::CheckRange(const ByteArray& bytes, int index, int count, CallSite site)
 {
-    CheckBuffer(bytes, index, count);
+    CheckBuffer(bytes, index, count, site);
 }
 
-void Encoding::CheckRange(const CharArray& chars, int index, int count)
+void Encoding::CheckRange(const CharArray& chars, int index, int count, CallSite site)
 {
-    CheckBuffer(chars, index, count);
+    CheckBuffer(chars, index, count, site);
 }
 
-int Encoding::FourBytesEach(int charCount)
+int Encoding::FourBytesEach(int charCount, CallSite site)
 {
     constexpr int Limit = 536870912; // 2^29: from here on the product does not fit
-    if (NotNegative(charCount) >= Limit)
-    {
-        throw ArgumentOutOfRangeException(ThrowSite);
-    }
-    return charCount * 4;
+    return CheckIndex(charCount, Limit, site) * 4;
 }
 } // namespace Tesmo::System::Text

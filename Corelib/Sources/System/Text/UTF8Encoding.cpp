@@ -1,7 +1,7 @@
 #include <Core/System/Text/UTF8Encoding.h>
 
 #include "CodePoints.h"
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 #include <Core/System/Utf8.h>
 

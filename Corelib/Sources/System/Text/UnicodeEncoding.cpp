@@ -1,7 +1,7 @@
 #include <Core/System/Text/UnicodeEncoding.h>
 
 #include "CodePoints.h"
-#include "System/Checks.h"
+#include <Core/System/Checks.h>
 
 namespace Tesmo::System::Text
 {

@@ -3,6 +3,7 @@
 #include "Platform/ThreadOwnership.h"
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/InvalidOperationException.h>
 #include <Core/System/ThrowSite.h>
 #include <Core/System/TimeSpan.h>
@@ -177,10 +178,7 @@ void Monitor::Enter(const Object& target)
 
 void Monitor::Enter(const Object& target, bool& lockTaken)
 {
-    if (IsNull(target))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(target);
     lockTaken = Take(target, -1);
     if (!lockTaken)
     {
@@ -234,10 +232,7 @@ bool Monitor::TryEnter(const Object& target, const TimeSpan& timeout, bool& lock
 
 void Monitor::Exit(const Object& target)
 {
-    if (IsNull(target))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(target);
     Shard& shard = ShardOf(target);
     const std::lock_guard guard(shard.lock);
     MonitorData*& link = Find(shard, target);

@@ -6,6 +6,7 @@
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/NotSupportedException.h>
 #include <Core/System/OutOfMemoryException.h>
 #include <Core/System/Threading/ThreadAbortException.h>
@@ -19,26 +20,6 @@ namespace Tesmo::System::Threading
 {
 namespace
 {
-template <class T>
-const T& CheckNull(const T& argument)
-{
-    if (IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return argument;
-}
-
-template <class Start>
-const Start& CheckStart(const Start& start)
-{
-    if (CheckNull(start) == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return start;
-}
-
 void CheckTime(int milliseconds)
 {
     if (milliseconds < -1)
@@ -49,7 +30,7 @@ void CheckTime(int milliseconds)
 
 int Milliseconds(const TimeSpan& timeout)
 {
-    return NumberCast<int>(CheckNull(timeout).TotalMilliseconds());
+    return NumberCast<int>(NotNull(timeout).TotalMilliseconds());
 }
 
 void CheckControl()
@@ -71,19 +52,19 @@ void CheckState(bool isAllowed)
 
 Thread::Thread(const ThreadStart& start, int maxStackSize) : Thread(Sp<ThreadData>(new ThreadData))
 {
-    data->threadStart = CheckStart(start);
+    data->threadStart = NotEmpty(start);
     data->maxStackSize = maxStackSize;
 }
 
 Thread::Thread(const ParameterizedThreadStart& start, int maxStackSize) : Thread(Sp<ThreadData>(new ThreadData))
 {
-    data->parameterizedStart = CheckStart(start);
+    data->parameterizedStart = NotEmpty(start);
     data->maxStackSize = maxStackSize;
 }
 
 Thread::Thread(const ConstParameterizedThreadStart& start, int maxStackSize) : Thread(Sp<ThreadData>(new ThreadData))
 {
-    data->constParameterizedStart = CheckStart(start);
+    data->constParameterizedStart = NotEmpty(start);
     data->maxStackSize = maxStackSize;
 }
 
@@ -191,7 +172,7 @@ String Thread::Name() const
 
 void Thread::Name(const String& value)
 {
-    CheckNull(value);
+    NotNull(value);
     {
         const std::lock_guard guard(RunningThreads::Instance().mutex);
         data->name = value;
@@ -224,7 +205,7 @@ ThreadPriority Thread::Priority() const
 void Thread::Priority(const ThreadPriority& value)
 {
     CheckState(!data->Has(ThreadState::Aborted));
-    data->priority = CheckNull(value).Value();
+    data->priority = NotNull(value).Value();
     if (Platform::ThreadSlot* const slot = data->handle; slot != nullptr)
     {
         CheckState(Platform::SetThreadPriority(*slot, data->priority));

@@ -7,6 +7,7 @@
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/IO/IOException.h>
 #include <Core/System/Threading/AbandonedMutexException.h>
 #include <Core/System/ThrowSite.h>
@@ -40,14 +41,6 @@ public:
 
     WaitObject& object;
 };
-
-void CheckNull(const Object& argument)
-{
-    if (IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-}
 } // namespace
 
 bool WaitHandle::Equals(const Object& other) const
@@ -67,7 +60,7 @@ void WaitHandle::Close()
 
 bool WaitHandle::WaitOne(const TimeSpan& timeout)
 {
-    CheckNull(timeout);
+    NotNull(timeout);
     return WaitOne(NumberCast<int>(timeout.TotalMilliseconds()));
 }
 
@@ -98,7 +91,7 @@ bool WaitHandle::SignalAndWait(WaitHandle& toSignal, WaitHandle& toWaitOn, int m
 
 bool WaitHandle::SignalAndWait(WaitHandle& toSignal, WaitHandle& toWaitOn, const TimeSpan& timeout)
 {
-    CheckNull(timeout);
+    NotNull(timeout);
     const double milliseconds = timeout.TotalMilliseconds();
     if (milliseconds < 0 || milliseconds > INT_MAX)
     {
@@ -137,13 +130,13 @@ bool WaitHandle::WaitFor(WaitObject& object, int milliseconds)
 
 Up<char[]> WaitHandle::NativeName(const String& name)
 {
-    CheckNull(name);
+    NotNull(name);
     return name.ToCCharArray();
 }
 
 Up<char[]> WaitHandle::NativeNameOfExisting(const String& name)
 {
-    CheckNull(name);
+    NotNull(name);
     if (name.IsEmpty())
     {
         throw ArgumentNullException(ThrowSite);

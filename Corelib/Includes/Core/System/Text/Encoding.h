@@ -2,6 +2,7 @@
 
 #include <Core/System/Array.h>
 #include <Core/System/Char32.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Object.h>
 #include <Core/System/String.h>
 #include <Core/System/Up.h>
@@ -88,11 +89,11 @@ protected:
     explicit Encoding(int codePage);
     Encoding(const Encoding&) = default;
 
-    static void CheckRange(const ByteArray& bytes, int index, int count);
-    static void CheckRange(const CharArray& chars, int index, int count);
+    static void CheckRange(const ByteArray& bytes, int index, int count, CallSite site = CallSite::Here());
+    static void CheckRange(const CharArray& chars, int index, int count, CallSite site = CallSite::Here());
     /// Four times a count of code points.
     /// @throws ArgumentOutOfRangeException  charCount is negative, or 2^29 or more
-    static int FourBytesEach(int charCount);
+    static int FourBytesEach(int charCount, CallSite site = CallSite::Here());
 
 private:
     int codePage;

@@ -1,6 +1,7 @@
 #include <Core/System/Net/Sockets/Socket.h>
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/IndexOutOfRangeException.h>
 #include <Core/System/Net/SocketAddress.h>
 #include <Core/System/Net/Sockets/SocketException.h>
@@ -57,21 +58,9 @@ void Check(int code, const char* file, int line)
     }
 }
 
-template <class T>
-void RequireArgument(const T& argument)
-{
-    if (IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-}
-
 void RequireRange(const Up<unsigned char[]>& buffer, int length, int offset, int size)
 {
-    if (IsNull(buffer) || buffer == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotEmpty(buffer);
     if (offset < 0 || offset >= length || size < 0 || size > length - offset)
     {
         throw IndexOutOfRangeException(ThrowSite);
@@ -80,9 +69,9 @@ void RequireRange(const Up<unsigned char[]>& buffer, int length, int offset, int
 
 Platform::NativeSocket* Open(const AddressFamily& family, const SocketType& type, const ProtocolType& protocol)
 {
-    RequireArgument(family);
-    RequireArgument(type);
-    RequireArgument(protocol);
+    NotNull(family);
+    NotNull(type);
+    NotNull(protocol);
     Platform::NativeSocket* opened = nullptr;
     Check(Platform::OpenSocket(family.ToInt32(), type.Value(), protocol.Value(), opened), ThrowSite);
     return opened;
@@ -147,10 +136,7 @@ void Socket::BindForSending(const Sp<EndPoint>& endPoint)
 
 void Socket::BindWith(NativeBind bind, const Sp<EndPoint>& endPoint)
 {
-    if (IsNull(endPoint) || endPoint == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotEmpty(endPoint);
     RequireOpen();
     RawAddress address(endPoint->Serialize());
     Check(bind(*handle, address.bytes, address.size), ThrowSite);
@@ -163,8 +149,8 @@ int Socket::SendTo(const Up<unsigned char[]>& buffer, int length, int offset, in
                    const EndPoint& endPoint)
 {
     RequireRange(buffer, length, offset, size);
-    RequireArgument(flags);
-    RequireArgument(endPoint);
+    NotNull(flags);
+    NotNull(endPoint);
     RequireOpen();
     const RawAddress target(endPoint.Serialize());
     int sent = 0;
@@ -177,11 +163,8 @@ int Socket::ReceiveFrom(const Up<unsigned char[]>& buffer, int length, int offse
                         Sp<EndPoint>& endPoint)
 {
     RequireRange(buffer, length, offset, size);
-    RequireArgument(flags);
-    if (IsNull(endPoint) || endPoint == null)
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
+    NotNull(flags);
+    NotEmpty(endPoint);
     RawAddress sender;
     const int received = ReceiveRaw(buffer, offset, size, flags, sender);
     if (sender.IsKnown())
@@ -195,8 +178,8 @@ int Socket::ReceiveFrom(const Up<unsigned char[]>& buffer, int length, int offse
                         IPEndPoint& endPoint)
 {
     RequireRange(buffer, length, offset, size);
-    RequireArgument(flags);
-    RequireArgument(endPoint);
+    NotNull(flags);
+    NotNull(endPoint);
     RawAddress sender;
     const int received = ReceiveRaw(buffer, offset, size, flags, sender);
     if (sender.IsKnown())
@@ -209,7 +192,7 @@ int Socket::ReceiveFrom(const Up<unsigned char[]>& buffer, int length, int offse
 int Socket::Send(const Up<unsigned char[]>& buffer, int length, int offset, int size, const SocketFlags& flags)
 {
     RequireRange(buffer, length, offset, size);
-    RequireArgument(flags);
+    NotNull(flags);
     RequireOpen();
     int sent = 0;
     Check(Platform::SendSocket(*handle, buffer.Get() + offset, size, flags.Value(), nullptr, 0, sent), ThrowSite);
@@ -219,14 +202,14 @@ int Socket::Send(const Up<unsigned char[]>& buffer, int length, int offset, int 
 int Socket::Receive(const Up<unsigned char[]>& buffer, int length, int offset, int size, const SocketFlags& flags)
 {
     RequireRange(buffer, length, offset, size);
-    RequireArgument(flags);
+    NotNull(flags);
     RawAddress sender;
     return ReceiveRaw(buffer, offset, size, flags, sender);
 }
 
 void Socket::Shutdown(const SocketShutdown& how)
 {
-    RequireArgument(how);
+    NotNull(how);
     RequireOpen();
     Check(Platform::ShutdownSocket(*handle, how.Value()), ThrowSite);
 }
@@ -250,18 +233,18 @@ void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, const Array<Byte>& value)
 {
-    RequireArgument(level);
-    RequireArgument(name);
-    RequireArgument(value);
+    NotNull(level);
+    NotNull(name);
+    NotNull(value);
     const std::vector<unsigned char> raw(value.begin(), value.end());
     SetRawOption(level, name, raw.data(), value.Length());
 }
 
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, const LingerOption& value)
 {
-    RequireArgument(level);
-    RequireArgument(name);
-    RequireArgument(value);
+    NotNull(level);
+    NotNull(name);
+    NotNull(value);
     const RawLinger raw = {static_cast<std::uint16_t>(value.Enabled() ? 1 : 0),
                            static_cast<std::uint16_t>(value.LingerTime())};
     SetRawOption(level, name, &raw, sizeof(raw));
@@ -269,9 +252,9 @@ void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, const MulticastOption& value)
 {
-    RequireArgument(level);
-    RequireArgument(name);
-    RequireArgument(value);
+    NotNull(level);
+    NotNull(name);
+    NotNull(value);
     std::vector<unsigned char> raw;
     Append(raw, value.Group());
     const int size = Append(raw, value.LocalAddress());
@@ -281,9 +264,9 @@ void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name,
                              const IPv6MulticastOption& value)
 {
-    RequireArgument(level);
-    RequireArgument(name);
-    RequireArgument(value);
+    NotNull(level);
+    NotNull(name);
+    NotNull(value);
     std::vector<unsigned char> raw;
     const int size = Append(raw, value.Group());
     const auto index = static_cast<std::uint32_t>(value.InterfaceIndex());
@@ -308,9 +291,9 @@ void Socket::GetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 
 void Socket::GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, Array<Byte>& value)
 {
-    RequireArgument(level);
-    RequireArgument(name);
-    RequireArgument(value);
+    NotNull(level);
+    NotNull(name);
+    NotNull(value);
     std::vector<unsigned char> raw(static_cast<std::size_t>(value.Length()));
     GetRawOption(level, name, raw.data(), value.Length());
     std::copy(raw.begin(), raw.end(), value.begin());
@@ -386,7 +369,7 @@ Sp<Socket> Socket::Accept()
 
 void Socket::Connect(const EndPoint& endPoint)
 {
-    RequireArgument(endPoint);
+    NotNull(endPoint);
     RequireOpen();
     const SocketAddress peer = endPoint.Serialize();
     const RawAddress address(peer);
@@ -497,16 +480,16 @@ int Socket::ReceiveRaw(const Up<unsigned char[]>& buffer, int offset, int size, 
 
 void Socket::SetRawOption(const SocketOptionLevel& level, const SocketOptionName& name, const void* value, int size)
 {
-    RequireArgument(level);
-    RequireArgument(name);
+    NotNull(level);
+    NotNull(name);
     RequireOpen();
     Check(Platform::SetSocketOption(*handle, level.Value(), name.Value(), value, size), ThrowSite);
 }
 
 void Socket::GetRawOption(const SocketOptionLevel& level, const SocketOptionName& name, void* value, int size)
 {
-    RequireArgument(level);
-    RequireArgument(name);
+    NotNull(level);
+    NotNull(name);
     RequireOpen();
     Check(Platform::GetSocketOption(*handle, level.Value(), name.Value(), value, size), ThrowSite);
 }

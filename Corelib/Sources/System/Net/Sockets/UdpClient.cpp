@@ -1,6 +1,7 @@
 #include <Core/System/Net/Sockets/UdpClient.h>
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/InvalidOperationException.h>
 #include <Core/System/Net/Dns.h>
 #include <Core/System/NullReferenceException.h>
@@ -14,16 +15,6 @@ Sp<Socket> MakeSocket(const AddressFamily& family)
     return Sp<Socket>(new Socket(family, SocketType::Dgram, ProtocolType::Udp));
 }
 
-template <class T>
-const T& Required(const T& argument)
-{
-    if (IsNull(argument))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    return argument;
-}
-
 void RequireBuffer(const Up<unsigned char[]>& buffer)
 {
     if (IsNull(buffer) || buffer == null)
@@ -34,7 +25,7 @@ void RequireBuffer(const Up<unsigned char[]>& buffer)
 
 bool IsIPv6(const IPAddress& address)
 {
-    return Required(address).AddressFamily() == AddressFamily::InterNetworkV6;
+    return NotNull(address).AddressFamily() == AddressFamily::InterNetworkV6;
 }
 
 IPEndPoint Resolve(const String& hostName, int port)
@@ -52,7 +43,7 @@ UdpClient::UdpClient() : client(MakeSocket(AddressFamily::InterNetwork)) {}
 
 UdpClient::UdpClient(int port) : UdpClient(IPEndPoint(IPAddress::Any, port)) {}
 
-UdpClient::UdpClient(const IPEndPoint& localEndPoint) : client(MakeSocket(Required(localEndPoint).AddressFamily()))
+UdpClient::UdpClient(const IPEndPoint& localEndPoint) : client(MakeSocket(NotNull(localEndPoint).AddressFamily()))
 {
     client->Bind(Sp<EndPoint>(new IPEndPoint(localEndPoint)));
 }
@@ -72,7 +63,7 @@ int UdpClient::Send(const Up<unsigned char[]>& buffer, int length, const IPEndPo
     {
         throw InvalidOperationException(ThrowSite);
     }
-    if (Required(endPoint).Address() == IPAddress::Broadcast)
+    if (NotNull(endPoint).Address() == IPAddress::Broadcast)
     {
         socket.SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Broadcast, true);
     }

@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Collections/Generic/ElementTraits.h>
 #include <Core/System/Collections/Generic/IDictionary.h>
 #include <Core/System/Collections/Generic/NodeEnumerator.h>
@@ -63,8 +64,8 @@ public:
 
     void Add(const K& key, const V& value) override
     {
-        CheckNull(key);
-        CheckNull(value);
+        NotNull(key);
+        NotNull(value);
         if (!map.try_emplace(key, value).second)
         {
             throw ArgumentException(ThrowSite);
@@ -74,7 +75,7 @@ public:
 
     void Add(const Pair& pair) override
     {
-        CheckNull(pair);
+        NotNull(pair);
         Add(pair.Key(), pair.Value());
     }
 
@@ -86,7 +87,7 @@ public:
 
     bool ContainsKey(const K& key) const override
     {
-        CheckNull(key);
+        NotNull(key);
         return map.contains(key);
     }
 
@@ -103,7 +104,7 @@ public:
 
     bool Remove(const K& key) override
     {
-        CheckNull(key);
+        NotNull(key);
         if (map.erase(key) == 0)
         {
             return false;
@@ -120,7 +121,7 @@ public:
 
     bool TryGetValue(const K& key, V& value) const override
     {
-        CheckNull(key);
+        NotNull(key);
         const auto found = map.find(key);
         if (found == map.end())
         {
@@ -132,7 +133,7 @@ public:
 
     const V& operator[](const K& key) const override
     {
-        CheckNull(key);
+        NotNull(key);
         const auto found = map.find(key);
         if (found == map.end())
         {
@@ -144,7 +145,7 @@ public:
     /// Counts as a change, by reading too.
     V& operator[](const K& key) override
     {
-        CheckNull(key);
+        NotNull(key);
         version++;
         return map[key];
     }
@@ -179,7 +180,7 @@ protected:
     DictionaryBase(const DictionaryBase&) = default;
     DictionaryBase& operator=(const DictionaryBase& other)
     {
-        map = other.map;
+        map = NotNull(other).map;
         version++;
         return *this;
     }
@@ -188,7 +189,7 @@ protected:
     /// @throws ArgumentNullException  source is null
     void AddAll(const IDictionary<K, V>& source)
     {
-        CheckNull(source);
+        NotNull(source);
         const Up<IEnumerator<Pair>> walk = source.GetEnumerator();
         while (walk->MoveNext())
         {
@@ -198,15 +199,6 @@ protected:
 
 private:
     friend Enumerator;
-
-    template <class T>
-    static void CheckNull(const T& argument)
-    {
-        if (IsNull(argument))
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
-    }
 
     static Pair ElementAt(typename Map::const_iterator position)
     {

@@ -4,6 +4,7 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
 #include <Core/System/ArrayDeclaration.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Null.h>
 #include <Core/System/Object.h>
 #include <Core/System/String.h>
@@ -62,19 +63,13 @@ struct KeyEqual
 
 /// Where a CopyTo of count elements begins to write, once its arguments are found good.
 template <class T>
-T* CopyTarget(Array<T>& array, int index, int count)
+T* CopyTarget(Array<T>& array, int index, int count, CallSite site = CallSite::Here())
 {
-    if (IsNull(array))
-    {
-        throw ArgumentNullException(ThrowSite);
-    }
-    if (index < 0)
-    {
-        throw ArgumentOutOfRangeException(ThrowSite);
-    }
+    NotNull(array, site);
+    NotNegative(index, site);
     if (count > array.Length() - index)
     {
-        throw ArgumentException(ThrowSite);
+        throw ArgumentException(site.file, site.line);
     }
     return array.begin() + index;
 }

@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Collections/Generic/ElementTraits.h>
 #include <Core/System/Collections/Generic/IList.h>
 #include <Core/System/Collections/Generic/IndexEnumerator.h>
@@ -32,21 +33,14 @@ public:
     /// @throws ArgumentOutOfRangeException  capacity is negative
     explicit List(int capacity)
     {
-        if (capacity < 0)
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
-        items.reserve(static_cast<std::size_t>(capacity));
+        items.reserve(static_cast<std::size_t>(NotNegative(capacity)));
     }
 
     /// Copies the elements in their order.
     /// @throws ArgumentNullException  source is null
     explicit List(const IEnumerable<T>& source)
     {
-        if (IsNull(source))
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
+        NotNull(source);
         const Up<IEnumerator<T>> walk = source.GetEnumerator();
         while (walk->MoveNext())
         {
@@ -58,7 +52,7 @@ public:
     List(List&&) noexcept = default;
     List& operator=(const List& other)
     {
-        items = other.items;
+        items = NotNull(other).items;
         version++;
         return *this;
     }
@@ -89,10 +83,7 @@ public:
         {
             return -1;
         }
-        if (startIndex < 0 || startIndex >= Count() || count < 0 || count > Count() - startIndex)
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
+        CheckRange(CheckIndex(startIndex, Count()), count, Count());
         return Find(item, startIndex, count);
     }
 
@@ -130,7 +121,7 @@ public:
 
     void Add(const T& item) override
     {
-        CheckItem(item);
+        NotNull(item);
         version++;
         items.push_back(item);
     }
@@ -155,11 +146,8 @@ public:
     /// @throws ArgumentNullException        item is null
     void Insert(int index, const T& item) override
     {
-        if (index < 0 || index > Count())
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
-        CheckItem(item);
+        CheckRange(index, 0, Count());
+        NotNull(item);
         version++;
         items.insert(items.begin() + index, item);
     }
@@ -177,10 +165,7 @@ public:
 
     void RemoveAt(int index) override
     {
-        if (index < 0 || index >= Count())
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
+        CheckIndex(index, Count());
         version++;
         items.erase(items.begin() + index);
     }
@@ -190,11 +175,11 @@ public:
     /// @throws ArgumentOutOfRangeException  index is negative or above Count()
     const T& operator[](int index) const override
     {
-        return *(begin() + CheckedIndex(index));
+        return *(begin() + CheckIndex(index, Count() + 1));
     }
     T& operator[](int index) override
     {
-        return *(begin() + CheckedIndex(index));
+        return *(begin() + CheckIndex(index, Count() + 1));
     }
 
     Up<Array<T>> ToArray() const
@@ -226,23 +211,6 @@ public:
 
 private:
     friend Enumerator;
-
-    static void CheckItem(const T& item)
-    {
-        if (IsNull(item))
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
-    }
-
-    int CheckedIndex(int index) const
-    {
-        if (index < 0 || index > Count())
-        {
-            throw ArgumentOutOfRangeException(ThrowSite);
-        }
-        return index;
-    }
 
     /// The first element. A list that never held one stands on the null block, so that the place behind its last
     /// element is the null reference.

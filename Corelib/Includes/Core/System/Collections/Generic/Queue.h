@@ -2,6 +2,7 @@
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Collections/Generic/ElementTraits.h>
 #include <Core/System/Collections/Generic/ICollection.h>
 #include <Core/System/Collections/Generic/NodeEnumerator.h>
@@ -26,7 +27,7 @@ public:
     Queue(const Queue&) = default;
     Queue& operator=(const Queue& other)
     {
-        items = other.items;
+        items = NotNull(other).items;
         version++;
         return *this;
     }
@@ -36,10 +37,7 @@ public:
     /// @throws ArgumentNullException  item is null
     void Enqueue(const T& item)
     {
-        if (IsNull(item))
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
+        NotNull(item);
         version++;
         items.push_back(item);
     }
@@ -146,11 +144,11 @@ private:
         return *position;
     }
 
-    void CheckNotEmpty() const
+    void CheckNotEmpty(CallSite site = CallSite::Here()) const
     {
         if (items.empty())
         {
-            throw InvalidOperationException(ThrowSite);
+            throw InvalidOperationException(site.file, site.line);
         }
     }
 

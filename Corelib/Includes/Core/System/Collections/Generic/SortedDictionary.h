@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Core/System/ArgumentNullException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/Collections/Generic/Comparer.h>
 #include <Core/System/Collections/Generic/DictionaryBase.h>
 #include <Core/System/Sp.h>
@@ -37,7 +38,7 @@ public:
 
     /// @throws ArgumentNullException  comparer is null or empty
     explicit SortedDictionary(const Sp<IComparer<K>>& comparer)
-        : DictionaryBase<Map, K, V>(Map(MapComparer<K>(Checked(comparer))))
+        : DictionaryBase<Map, K, V>(Map(MapComparer<K>(NotEmpty(comparer))))
     {
     }
 
@@ -50,15 +51,5 @@ public:
     SortedDictionary(const SortedDictionary&) = default;
     SortedDictionary& operator=(const SortedDictionary&) = default;
     ~SortedDictionary() override = default;
-
-private:
-    static const Sp<IComparer<K>>& Checked(const Sp<IComparer<K>>& comparer)
-    {
-        if (IsNull(comparer) || comparer == null)
-        {
-            throw ArgumentNullException(ThrowSite);
-        }
-        return comparer;
-    }
 };
 } // namespace Tesmo::System::Collections::Generic

@@ -1,0 +1,82 @@
+#include <Tests/Support/CoreTest.h>
+
+#include <Core/System/Checks.h>
+#include <Core/System/Collections/Generic/List.h>
+#include <Core/System/Collections/Generic/Queue.h>
+#include <Core/System/Text/Encoding.h>
+#include <Core/System/TimeSpan.h>
+#include <Core/System/Version.h>
+
+#include <functional>
+#include <string_view>
+
+using namespace Tesmo;
+using namespace Tesmo::System;
+using namespace Tesmo::System::Collections::Generic;
+
+namespace
+{
+const String& noText = null;
+
+/// File and line that the failure of action names.
+std::pair<std::string, int> PlaceOf(const std::function<void()>& action)
+{
+    try
+    {
+        action();
+    }
+    catch (const Exception& failure)
+    {
+        return {failure.File().Utf8(), failure.Line()};
+    }
+    return {"no failure", 0};
+}
+} // namespace
+
+TEST(ChecksTests, AFailureNamesThePlaceOfTheCheck)
+{
+    const Sp<String> empty;
+    int line = __LINE__ + 2; // of the first row
+    const std::function<void()> actions[] = {
+        [] { NotNull(noText); },
+        [] { NotNull(static_cast<const char*>(nullptr)); },
+        [] { NotNull(static_cast<int String::*>(nullptr)); },
+        [&empty] { NotEmpty(empty); },
+        [] { NotEmpty(static_cast<const Sp<String>&>(null)); },
+        [] { NotNegative(-1); },
+        [] { CheckIndex(3, 3); },
+        [] { CheckIndex(-1, 3); },
+        [] { CheckRange(2, 2, 3); },
+        [] { CountFrom(4, 3); },
+        [] { Int32::Parse("x"); },
+        [] { Double::Parse("x"); },
+    };
+    for (const std::function<void()>& action : actions)
+    {
+        EXPECT_EQ(std::pair(std::string(__FILE__), line), PlaceOf(action));
+        line++;
+    }
+}
+
+TEST(ChecksTests, AFailureOfAnOperationNamesItsFile)
+{
+    const struct
+    {
+        std::string_view file;
+        std::function<void()> action;
+    } cases[] = {
+        {"String.cpp", [] { String(static_cast<const char*>(nullptr)); }},
+        {"StringSearch.cpp", [] { String().IndexOf('a', 1); }},
+        {"StringDerivation.cpp", [] { String().Insert(0, noText); }},
+        {"Encoding.cpp", [] { Text::Encoding::UTF8()->GetBytes(noText); }},
+        {"TimeSpan.cpp", [] { TimeSpan::Parse(noText); }},
+        {"Version.cpp", [] { Version::Parse("1.x"); }},
+        {"List.h", [] { List<String>().Add(null); }},
+        {"Queue.h", [] { Queue<String>().Dequeue(); }},
+        {"Array.h", [] { Array<String>(1).GetLowerBound(1); }},
+    };
+    for (const auto& [file, action] : cases)
+    {
+        EXPECT_TRUE(PlaceOf(action).first.ends_with("/" + std::string(file))) << file << ": " << PlaceOf(action).first;
+    }
+}
