@@ -6,31 +6,8 @@ using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 
-namespace
-{
-/// What a stream is without an operation of its own: it writes nothing.
-class SilentStream : public ILogStream
-{
-};
-
-std::string AsPassed(const LogStreamLevel& streamLevel)
-{
-    SilentStream stream;
-    stream.SetLevel(streamLevel);
-    std::string passed;
-    for (const auto constant :
-         {LogStreamLevel::Critical, LogStreamLevel::Standard, LogStreamLevel::Debug, LogStreamLevel::None})
-    {
-        const LogStreamLevel level(constant);
-        passed += stream.IsEnabled(level) ? level.ToString().Utf8().substr(0, 1) : "-";
-    }
-    return passed;
-}
-} // namespace
-
 TEST(LogFrontTests, AChannelHasANameOf1To40Characters)
 {
-    EXPECT_EQ("A", LogStreamChannel("A").ToString().Utf8());
     const String widest(char32(0xE9), 40); // characters count, not bytes
     EXPECT_EQ(widest, LogStreamChannel(widest).ToString());
     EXPECT_THROW(LogStreamChannel(String(char32('x'), 41)), ArgumentException);
@@ -38,19 +15,26 @@ TEST(LogFrontTests, AChannelHasANameOf1To40Characters)
     EXPECT_THROW(LogStreamChannel(static_cast<const String&>(null)), ArgumentNullException);
 }
 
-TEST(LogFrontTests, ALevelPrintsItsNameAndRefusesOtherNumbers)
+TEST(LogFrontTests, AStreamPassesRowsUpToTheNumberOfItsLevel)
 {
-    EXPECT_EQ("None", LogStreamLevel().ToString().Utf8());
-    EXPECT_EQ("Debug", LogStreamLevel(3).ToString().Utf8());
-    EXPECT_TRUE(LogStreamLevel(1) == LogStreamLevel::Critical);
+    struct SilentStream : public ILogStream
+    {
+    } stream;
+    EXPECT_TRUE(stream.GetLevel() == LogStreamLevel::Standard);
+    using Row = std::tuple<int, const char*, const char*>;
+    for (const auto& [number, name, passed] :
+         {Row{1, "Critical", "C---"}, Row{2, "Standard", "CS--"}, Row{3, "Debug", "CSD-"}, Row{255, "None", "CSDN"}})
+    {
+        const LogStreamLevel level(number);
+        EXPECT_EQ(name, level.ToString().Utf8());
+        stream.SetLevel(level);
+        std::string found;
+        for (const int row : {1, 2, 3, 255}) // the largest number is the loudest level
+        {
+            found += stream.IsEnabled(LogStreamLevel(row)) ? LogStreamLevel(row).ToString().Utf8().substr(0, 1) : "-";
+        }
+        EXPECT_EQ(passed, found);
+    }
+    EXPECT_TRUE(LogStreamLevel() == LogStreamLevel::None);
     EXPECT_THROW(LogStreamLevel(0).ToString(), ArgumentException);
-}
-
-TEST(LogFrontTests, AStreamPassesRowsUpToItsOwnNumber)
-{
-    EXPECT_EQ("C---", AsPassed(LogStreamLevel::Critical));
-    EXPECT_EQ("CS--", AsPassed(LogStreamLevel::Standard));
-    EXPECT_EQ("CSD-", AsPassed(LogStreamLevel::Debug));
-    EXPECT_EQ("CSDN", AsPassed(LogStreamLevel::None)); // the largest number is the loudest level
-    EXPECT_TRUE(SilentStream().GetLevel() == LogStreamLevel::Standard);
 }

@@ -74,7 +74,6 @@ bool JSONTextScanner::Scan(char opening)
     {
         return false;
     }
-    pending = cursor;
     do
     {
         if (!ScanToken())

@@ -16,7 +16,7 @@ public:
     /// @returns false for text that is refused
     bool Scan(char opening);
 
-    /// The container: a part of the text itself, or the rewritten one. Lives as long as both.
+    /// The container with the white space before it: a part of the text itself, or the rewritten one. Lives as long as both.
     std::string_view Result() const;
 
 private:

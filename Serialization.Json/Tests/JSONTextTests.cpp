@@ -17,6 +17,15 @@ std::string Printed(const std::string& text)
     return JSONObject(String(text)).ToString().Utf8();
 }
 
+/// Expects of each number that it is printed so after it was read.
+void ExpectNumbers(std::initializer_list<Row> rows)
+{
+    for (const auto& [text, printed] : rows)
+    {
+        EXPECT_EQ("{\"n\":[" + printed + "]}", Printed("{\"n\":[" + text + "]}")) << text;
+    }
+}
+
 std::string Nested(int levels)
 {
     const auto count = static_cast<std::size_t>(levels);
@@ -56,7 +65,8 @@ TEST(JSONTextTests, ReadsEscapesOfAnyKind)
           Row{R"(\u0041\u00e9\u4E2D\uFFFF)", "A\xC3\xA9\xE4\xB8\xAD\xEF\xBF\xBF"},
           Row{R"(\ud83d\ude00)", "\xF0\x9F\x98\x80"}, Row{R"(<\u0000>)", "<>"}, Row{R"(<\uDE00>)", "<>"},
           Row{R"(<\ud83d>)", "<>"}, Row{R"(<\ud83d\n>)", R"(<\n>)"}, Row{R"(<\ud83d\u0041>)", "<>"},
-          Row{R"(<\ud83d\ud83d\ude00>)", R"(<>)"}, Row{R"(<\uZZZZ>)", "<>"}, Row{R"(<\u-012>)", "<>"},
+          Row{R"(<\ud83d\ud83d\ude00>)", R"(<>)"}, Row{R"(<\uZZZZ>)", "<>"}, Row{R"(\u0041bus)", "Abus"},
+          Row{R"(\ud800\udc00\udbff\udfff)", "\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"}, Row{R"(<\u-012>)", "<>"},
           Row{R"(\\u0000\\\x)", R"(\\u0000\\x)"}})
     {
         EXPECT_EQ(R"({")" + printed + R"(":")" + printed + R"("})",
@@ -66,34 +76,17 @@ TEST(JSONTextTests, ReadsEscapesOfAnyKind)
 
 TEST(JSONTextTests, ReadsNumbersAndPrintsThemByTheirSize)
 {
-    for (const auto& [text, printed] : {Row{"0", "0"},
-                                        Row{"-0", "0"},
-                                        Row{"007", "7"},
-                                        Row{"1e3", "1000"},
-                                        Row{"1E+3", "1000"},
-                                        Row{"-15e-1", "-1.500000"},
-                                        Row{"2147483647", "2147483647"},
-                                        Row{"-2147483648", "-2147483648"},
-                                        Row{"2147483648", "2147483648"},
-                                        Row{"9007199254740992", "9007199254740992"},
-                                        Row{"1e21", "1000000000000000000000"},
-                                        Row{"0.5", "0.500000"},
-                                        Row{"0.0000001", "1.000000e-07"},
-                                        Row{"1234567890.5", "1.234568e+09"},
-                                        Row{"999999999.5", "999999999.500000"},
-                                        Row{"1e999", "null"},
-                                        Row{"0." + std::string(100, '1'), "0.111111"},
-                                        Row{"-1" + std::string(400, '0'), "null"},
-                                        Row{"0." + std::string(400, '0') + "1", "0"},
-                                        Row{std::string(60, '0') + "2e-400", "0"},
-                                        Row{"0." + std::string(500, '0') + "1e+900", "null"},
-                                        Row{"1" + std::string(500, '0') + "e-900", "0"},
-                                        Row{"1" + std::string(63, '0') + "e" + std::string(30, '9'), "null"},
-                                        Row{"1" + std::string(63, '0') + "e-" + std::string(30, '9'), "0"},
-                                        Row{"7" + std::string(80, '0') + "e-80", "7"}})
-    {
-        EXPECT_EQ("{\"n\":[" + printed + "]}", Printed("{\"n\":[" + text + "]}")) << text;
-    }
+    ExpectNumbers({Row{"0", "0"}, Row{"-0", "0"}, Row{"007", "7"}, Row{"1e3", "1000"}, Row{"1E+3", "1000"},
+                   Row{"-15e-1", "-1.500000"}, Row{"2147483647", "2147483647"}, Row{"-2147483648", "-2147483648"},
+                   Row{"2147483648", "2147483648"}, Row{"9007199254740992", "9007199254740992"},
+                   Row{"1e21", "1000000000000000000000"}, Row{"0.5", "0.500000"}, Row{"-1.0000000000000002", "-1"},
+                   Row{"0.000001", "0.000001"}, Row{"0.0000001", "1.000000e-07"}, Row{"1234567890.5", "1.234568e+09"},
+                   Row{"999999999.5", "999999999.500000"}, Row{"1e999", "null"}});
+    const std::string zeros(500, '0');
+    ExpectNumbers({Row{"0." + std::string(100, '1'), "0.111111"}, Row{"-1" + zeros, "null"},
+                   Row{"0." + zeros + "1", "0"}, Row{zeros + "2e-400", "0"}, Row{"0." + zeros + "1e+900", "null"},
+                   Row{"1" + zeros + "e-900", "0"}, Row{"1" + zeros + "e" + std::string(30, '9'), "null"},
+                   Row{"1" + zeros + "e-" + std::string(30, '9'), "0"}, Row{"7" + zeros + "e-500", "7"}});
     const JSONArray huge(String("[1" + std::string(308, '0') + "]"));
     EXPECT_EQ(1e308, huge.GetDouble(0));
     EXPECT_EQ(1e308, JSONArray(huge).GetDouble(0)); // printed with 309 digits and read again
@@ -112,7 +105,8 @@ TEST(JSONTextTests, RefusesEverythingElse)
     {
         EXPECT_THROW(JSONObject(String("{\"k\":" + value + "}")), FormatException) << value;
     }
-    for (const char* const text : {"", " ", "1", "\"a\"", "null", "[1]", "\xEF\xBB\xBF{}", "x{}", "}"})
+    for (const char* const text : {"", " ", "1", "\"a\"", "null", "[1]", "\xEF\xBB\xBF{}", "x{}", "}",
+                                   R"({"k":"\u12\n"})", R"({"k":"\ud83d\u12\n"})"})
     {
         EXPECT_THROW(JSONObject{String(text)}, FormatException) << text;
     }

@@ -241,4 +241,7 @@ TEST(MessageTests, TheFaultsOfADatagramAreFoundInOrder)
         }
         EXPECT_EQ(logged, log.Take());
     }
+    LogRecorder log;
+    EXPECT_THROW(HelloMessage().ReadJSON("{}"), FormatException); // each message looks for its type itself
+    EXPECT_EQ(Rows{noType}, log.Take());
 }
