@@ -3,9 +3,7 @@
 #include <Core/System/Exception.h>
 #include <Core/System/Net/IPAddress.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
-#include <Tests/Support/CoreTest.h>
 #include <Tests/Support/LogRecorder.h>
-#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <functional>
@@ -13,25 +11,27 @@
 using namespace Zelkor::Discovery;
 using namespace Zelkor::Discovery::Client;
 using Tesmo::Sp;
-using Tesmo::System::Exception;
 using Tesmo::System::String;
 using Tesmo::System::Collections::Generic::List;
+using Tesmo::System::Net::IPAddress;
 
 namespace
 {
 class DiscoveryClientDataGatewayW32Tests : public LogTest
 {
 protected:
-    void SetUp() override
+    DiscoveryClientDataGatewayW32Tests()
     {
         host = HostFake();
         host.hostName = "node-7";
     }
 };
 
+/// With the hardware address A0:A1:A2:A3:A4:A5, or what macLength makes of it, and a number of its own.
 void AddAdapter(const char* name, std::uint32_t macLength, const char* address, const char* mask, const char* gateway)
 {
-    Platform::Adapter adapter;
+    Platform::Adapter& adapter = host.adapters.emplace_back();
+    adapter.index = static_cast<std::uint32_t>(host.adapters.size());
     adapter.friendlyName = name;
     adapter.macLength = macLength;
     for (unsigned char i = 0; i < macLength && i < Platform::AdapterAddressSize; ++i)
@@ -41,7 +41,6 @@ void AddAdapter(const char* name, std::uint32_t macLength, const char* address, 
     std::strcpy(adapter.ipAddressText, address);
     std::strcpy(adapter.ipMaskText, mask);
     std::strcpy(adapter.gatewayText, gateway);
-    host.adapters.push_back(adapter);
 }
 
 std::string MessageOf(const std::function<void()>& action)
@@ -50,86 +49,77 @@ std::string MessageOf(const std::function<void()>& action)
     {
         action();
     }
-    catch (const Exception& failure)
+    catch (const Tesmo::System::Exception& failure)
     {
         return failure.Message().Utf8();
     }
     return "no failure";
 }
 
-Tesmo::System::Net::IPAddress Address(const char* text)
+NICConfig Request(const char* name, const char* macAddress, const char* address, const char* gateway = "10.1.0.1")
 {
-    return Tesmo::System::Net::IPAddress::Parse(text);
+    return {name,
+            MACAddress(macAddress),
+            IPAddress::Parse(address),
+            IPAddress::Parse("255.255.0.0"),
+            IPAddress::Parse(gateway),
+            "Unknown"};
 }
 
-std::string Describe(const NICConfig& config)
+std::vector<std::string> Describe(const List<Sp<NICConfig>>& configs)
 {
-    return config.FriendlyName.Utf8() + " " + config.MACAddress.ToString().Utf8() + " " +
-           config.IPAddress.ToString().Utf8() + "/" + config.SubNetMask.ToString().Utf8() + "/" +
-           config.DefaultGateway.ToString().Utf8() + " " + (config.HasDefaultGateway ? "gateway " : "none ") +
-           config.MTU.Utf8();
+    std::vector<std::string> texts;
+    for (const Sp<NICConfig>& config : configs)
+    {
+        texts.push_back(config->FriendlyName.Utf8() + " " + config->MACAddress.ToString().Utf8() + " " +
+                        config->IPAddress.ToString().Utf8() + "/" + config->SubNetMask.ToString().Utf8() + "/" +
+                        config->DefaultGateway.ToString().Utf8() +
+                        (config->HasDefaultGateway ? " gateway " : " none ") + config->MTU.Utf8());
+    }
+    return texts;
 }
 } // namespace
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, EachAdapterBecomesARecordInTheHostsOrder)
+TEST_F(DiscoveryClientDataGatewayW32Tests, EachAdapterWithSixBytesOfAddressBecomesARecordInTheHostsOrder)
 {
     AddAdapter("second", 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
     AddAdapter("first", 6, "10.2.2.3", "255.0.0.0", "");
-    AddAdapter("", 6, "", "", "");
-
-    DiscoveryClientDataGatewayW32 gateway;
-    const Sp<List<Sp<NICConfig>>> configs = gateway.GetNICConfigs();
-
-    ASSERT_EQ(3, configs->Count());
-    EXPECT_EQ("second A0:A1:A2:A3:A4:A5 10.1.2.3/255.255.0.0/10.1.0.1 gateway Unknown", Describe(*(*configs)[0]));
-    EXPECT_EQ("first A0:A1:A2:A3:A4:A5 10.2.2.3/255.0.0.0/255.255.255.255 none Unknown", Describe(*(*configs)[1]));
-    EXPECT_EQ(" A0:A1:A2:A3:A4:A5 0.0.0.0/0.0.0.0/255.255.255.255 none Unknown", Describe(*(*configs)[2]));
-    EXPECT_EQ(3, gateway.GetMACAddress()->Count());
-    EXPECT_TRUE(log.Take().empty());
-}
-
-TEST_F(DiscoveryClientDataGatewayW32Tests, AnAdapterWhoseAddressHasNotSixBytesIsLoggedAndLeftOut)
-{
+    Rows ignored;
     for (const std::uint32_t length : {0u, 8u, 20u})
     {
-        SCOPED_TRACE(length);
-        host.adapters.clear();
         AddAdapter("tunnel", length, "10.0.0.1", "255.0.0.0", "");
-        AddAdapter("lan", 6, "10.0.0.2", "255.0.0.0", "");
-        const std::vector<std::string> expected = {"C ClientDataGateway: Unexpected MAC Address length for tunnel: " +
-                                                   std::to_string(length) + " -> NIC ignored"};
-
-        DiscoveryClientDataGatewayW32 gateway;
-
-        const Sp<List<Sp<NICConfig>>> configs = gateway.GetNICConfigs();
-        ASSERT_EQ(1, configs->Count());
-        EXPECT_EQ("lan", (*configs)[0]->FriendlyName.Utf8());
-        EXPECT_EQ(expected, log.Take());
-        EXPECT_EQ(1, gateway.GetMACAddress()->Count());
-        EXPECT_EQ(expected, log.Take());
+        ignored.push_back("C ClientDataGateway: Unexpected MAC Address length for tunnel: " + std::to_string(length) +
+                          " -> NIC ignored");
     }
+    AddAdapter("", 6, "", "", "");
+    DiscoveryClientDataGatewayW32 gateway;
+
+    EXPECT_EQ((Rows{"second A0:A1:A2:A3:A4:A5 10.1.2.3/255.255.0.0/10.1.0.1 gateway Unknown",
+                    "first A0:A1:A2:A3:A4:A5 10.2.2.3/255.0.0.0/255.255.255.255 none Unknown",
+                    " A0:A1:A2:A3:A4:A5 0.0.0.0/0.0.0.0/255.255.255.255 none Unknown"}),
+              Describe(*gateway.GetNICConfigs()));
+    EXPECT_EQ(ignored, log.Take());
+    EXPECT_EQ(3, gateway.GetMACAddress()->Count());
+    EXPECT_EQ(ignored, log.Take());
 }
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, UnreadableAdaptersOrHostNameFailTheSnapshot)
+TEST_F(DiscoveryClientDataGatewayW32Tests, WhatCannotBeReadFailsTheSnapshotOrOnlyThinsIt)
 {
+    const std::string noAdapters = "W32Gateway::GetAdaptersInfos failed !";
+    const std::string noName = "W32Gateway::GetHostName failed !";
     DiscoveryClientDataGatewayW32 gateway;
-    EXPECT_EQ("W32Gateway::GetAdaptersInfos failed !", MessageOf([&] { gateway.GetMACAddress(); }));
-    EXPECT_EQ("W32Gateway::GetAdaptersInfos failed !", MessageOf([&] { gateway.GetNICConfigs(); }));
-    EXPECT_EQ("W32Gateway::GetAdaptersInfos failed !", MessageOf([&] { gateway.GetHost(); }));
-
+    EXPECT_EQ(noAdapters, MessageOf([&] { gateway.GetMACAddress(); }));
+    EXPECT_EQ(noAdapters, MessageOf([&] { gateway.GetHost(); }));
+    EXPECT_EQ(noAdapters, MessageOf([&] { gateway.ChangeIPConfig(NICConfig()); }));
     host.hostName.reset();
-    EXPECT_EQ("W32Gateway::GetHostName failed !", MessageOf([&] { gateway.GetHostName(); }));
-    EXPECT_EQ("W32Gateway::GetHostName failed !", MessageOf([&] { gateway.GetHost(); }));
-}
+    EXPECT_EQ(noName, MessageOf([&] { gateway.GetHost(); }));
+    EXPECT_EQ(noName, MessageOf([&] { gateway.ChangeHostName("node-9"); }));
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, TheSerialNumberIsPlainDecimalText)
-{
-    DiscoveryClientDataGatewayW32 gateway;
-    EXPECT_EQ("", gateway.GetSerialNumber().Utf8());
-    host.identityNumber = 0;
-    EXPECT_EQ("0", gateway.GetSerialNumber().Utf8());
-    host.identityNumber = 4294967294u;
-    EXPECT_EQ("4294967294", gateway.GetSerialNumber().Utf8());
+    host.programRoot = std::string(3000, 'x'); // longer than any path
+    DiscoveryClientDataGatewayW32 without;
+    EXPECT_EQ(0, without.GetProducts()->Count());
+    EXPECT_EQ(Rows{"E ClientDataGateway: Aborting GetProducts : exception caught in GetProducts !"}, log.Take());
+    EXPECT_EQ(0, without.GetFileTransferInfos()->Infos->Count());
 }
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, GetHostAsksTheObjectsOwnSources)
@@ -143,49 +133,29 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, GetHostAsksTheObjectsOwnSources)
             products->Add(Sp<DiscoveryHostProduct>(new DiscoveryHostProduct("type", "serial", "version", "name")));
             return products;
         }
-        String GetDeviceFamily() override
+        Sp<FileTransferInfos> GetFileTransferInfos() override
         {
-            return "Robot";
+            Sp<FileTransferInfos> infos(new FileTransferInfos());
+            infos->Infos->Add("key", "value");
+            return infos;
         }
     };
     AddAdapter("lan", 6, "10.0.0.2", "255.0.0.0", "");
-    host.identityNumber = 42;
-
-    const DiscoveryHost snapshot = Replaced().GetHost();
-
-    EXPECT_EQ("node-7", snapshot.HostName.Utf8());
-    EXPECT_FALSE(snapshot.IsHostNameReadOnly);
-    EXPECT_FALSE(snapshot.RebootRequiredForIPConfigChange);
-    EXPECT_TRUE(snapshot.RebootRequiredForHostNameChange);
-    EXPECT_EQ("Fake PC", snapshot.DeviceType.Utf8());
-    EXPECT_EQ("Robot", snapshot.DeviceFamily.Utf8());
-    EXPECT_EQ("42", snapshot.SerialNumber.Utf8());
-    EXPECT_EQ(1, snapshot.NICs->Count());
-    EXPECT_EQ(1, snapshot.Products->Count());
-    EXPECT_FALSE(snapshot.FileTransferInfos == Tesmo::null);
-}
-
-TEST_F(DiscoveryClientDataGatewayW32Tests, OneConfigurationGoesTheRoadOfAList)
-{
-    class Recorder : public DiscoveryClientDataGatewayW32
+    for (const auto& [number, text] : {std::pair<std::optional<std::uint32_t>, std::string>(std::nullopt, ""),
+                                       {0, "0"},
+                                       {4294967294u, "4294967294"}})
     {
-    public:
-        using DiscoveryClientDataGatewayW32::ChangeIPConfig;
-        void ChangeIPConfig(Sp<List<Sp<NICConfig>>> configs) override
-        {
-            received = configs;
-        }
-        Sp<List<Sp<NICConfig>>> received;
-    };
-    NICConfig config;
-    config.FriendlyName = "lan";
-    Recorder gateway;
+        host.identityNumber = number;
+        DiscoveryHost expected("node-7", false, false, true, "Fake PC", "Computer", text.c_str());
+        expected.NICs = Replaced().GetNICConfigs();
+        expected.Products = Replaced().GetProducts();
+        expected.FileTransferInfos = Replaced().GetFileTransferInfos();
 
-    gateway.ChangeIPConfig(config);
-    config.FriendlyName = "changed";
+        const DiscoveryHost snapshot = Replaced().GetHost();
 
-    ASSERT_EQ(1, gateway.received->Count());
-    EXPECT_EQ("lan", (*gateway.received)[0]->FriendlyName.Utf8());
+        EXPECT_TRUE(expected == snapshot) << text;
+        EXPECT_TRUE(snapshot.RebootRequiredForHostNameChange) << "which isn't compared";
+    }
 }
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, OnlyADifferentConfigurationOfAnOwnAdapterIsApplied)
@@ -193,21 +163,18 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, OnlyADifferentConfigurationOfAnOwnAda
     AddAdapter("lan", 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
     AddAdapter("bare", 6, "10.9.2.3", "255.255.0.0", "");
     host.adapters[1].macBytes[0] = 1;
-    NICConfig same = *(*DiscoveryClientDataGatewayW32().GetNICConfigs())[0];
-    same.FriendlyName = "the requester's name for it";
-    NICConfig moved = same;
-    moved.IPAddress = Address("10.1.2.4");
-    NICConfig otherMTU = same;
+    const char* const lan = "A0:A1:A2:A3:A4:A5";
+    NICConfig otherMTU = Request("lan", lan, "10.1.2.3");
     otherMTU.MTU = "1500";
-    NICConfig foreign = moved;
-    foreign.MACAddress = MACAddress("01:02:03:04:05:06");
-    const NICConfig withoutGateway = *(*DiscoveryClientDataGatewayW32().GetNICConfigs())[1];
-    using Row = std::tuple<const char*, NICConfig, std::vector<std::string>>;
+    using Row = std::tuple<const char*, NICConfig, Rows>;
     for (const auto& [description, request, changes] :
-         {Row{"as it is", same, {}}, Row{"another host's", foreign, {}},
-          Row{"moved", moved, {"probes lan", "set lan 10.1.2.4 255.255.0.0 10.1.0.1"}},
+         {Row{"as it is", Request("another name", lan, "10.1.2.3"), {}},
+          Row{"another host's", Request("lan", "01:02:03:04:05:06", "10.1.2.4"), {}},
+          Row{"moved", Request("", lan, "10.1.2.4"), {"probes lan", "set lan 10.1.2.4 255.255.0.0 10.1.0.1"}},
           Row{"other MTU", otherMTU, {"probes lan", "set lan 10.1.2.3 255.255.0.0 10.1.0.1"}},
-          Row{"unset gateway", withoutGateway, {"probes bare", "set bare 10.9.2.3 255.255.0.0 255.255.255.255"}}})
+          Row{"no gateway",
+              Request("", "01:A1:A2:A3:A4:A5", "10.9.2.3", "255.255.255.255"),
+              {"probes bare", "set bare 10.9.2.3 255.255.0.0 255.255.255.255"}}})
     {
         SCOPED_TRACE(description);
         host.changes.clear();
@@ -228,30 +195,27 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesStopAtTheFirstAdapterThatRefus
     {
         AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
         host.adapters.back().macBytes[0] = static_cast<unsigned char>(host.adapters.size());
-    }
-    const Sp<List<Sp<NICConfig>>> owns = DiscoveryClientDataGatewayW32().GetNICConfigs();
-    for (const Sp<NICConfig>& own : *owns)
-    {
-        own->IPAddress = Address("10.1.2.4");
-        requests->Add(own);
+        const std::string macAddress = "0" + std::to_string(host.adapters.size()) + ":A1:A2:A3:A4:A5";
+        requests->Add(Sp<NICConfig>(new NICConfig(Request(name, macAddress.c_str(), "10.1.2.4"))));
     }
     host.probesResult = 1; // without any effect
     host.settingsResult = 1;
     host.refusingAdapter = "second";
     host.remark = "a reason";
+    const std::string values = "10.1.2.4/255.255.0.0/10.1.0.1";
 
-    EXPECT_EQ("W32Gateway::SetIPAddresses failed ! Args : second/10.1.2.4/255.255.0.0/10.1.0.1",
+    EXPECT_EQ("W32Gateway::SetIPAddresses failed ! Args : second/" + values,
               MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeIPConfig(requests); }));
 
-    EXPECT_EQ((std::vector<std::string>{"probes first", "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes second",
-                                        "set second 10.1.2.4 255.255.0.0 10.1.0.1"}),
+    EXPECT_EQ((Rows{"probes first", "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes second",
+                    "set second 10.1.2.4 255.255.0.0 10.1.0.1"}),
               host.changes);
-    const Rows rows = log.Take();
-    ASSERT_EQ(4u, rows.size());
-    EXPECT_EQ("S ClientDataGateway: Updating IP config of first (01:A1:A2:A3:A4:A5). New IP config : "
-              "10.1.2.4/255.255.0.0/10.1.0.1",
-              rows[0]);
-    EXPECT_EQ("C ClientDataGateway: IP config of second : a reason", rows[3]);
+    const std::string row = "S ClientDataGateway: Updating IP config of ";
+    EXPECT_EQ((Rows{row + "first (01:A1:A2:A3:A4:A5). New IP config : " + values,
+                    "C ClientDataGateway: IP config of first : a reason",
+                    row + "second (02:A1:A2:A3:A4:A5). New IP config : " + values,
+                    "C ClientDataGateway: IP config of second : a reason"}),
+              log.Take());
 }
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, OfAdaptersWithOneAddressThoseAreChangedThatTheRequestMeans)
@@ -276,14 +240,11 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, OfAdaptersWithOneAddressThoseAreChang
         for (const auto& [name, lower] : row.stack)
         {
             AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
-            host.adapters.back().index = static_cast<std::uint32_t>(host.adapters.size());
             host.adapters.back().lowerIndex = lower;
             host.adapters.back().macBytes[0] = std::strcmp(name, "macvlan") == 0 ? 2 : 0;
         }
         Sp<List<Sp<NICConfig>>> requests(new List<Sp<NICConfig>>());
-        requests->Add(
-            Sp<NICConfig>(new NICConfig(row.requestedName, MACAddress("00:A1:A2:A3:A4:A5"), Address("10.1.2.5"),
-                                        Address("255.255.0.0"), Address("10.1.0.1"), "Unknown")));
+        requests->Add(Sp<NICConfig>(new NICConfig(Request(row.requestedName, "00:A1:A2:A3:A4:A5", "10.1.2.5"))));
         requests->Add((*requests)[0]);
         std::vector<std::string> expected;
         for (int named = 0; named < requests->Count(); ++named)
@@ -304,59 +265,37 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, OfAdaptersWithOneAddressThoseAreChang
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, ANewHostNameIsSetAndTheHostRestarted)
 {
-    struct Row
-    {
-        const char* name;
-        int nameResult;
-        int rebootResult;
-        std::vector<std::string> changes;
-        std::string message;
-    };
     const std::string failed = "W32Gateway::SetHostName failed ! Args : ";
-    for (const Row& row :
+    using Row = std::tuple<std::string, int, int, Rows, std::string>;
+    for (const auto& [name, nameResult, rebootResult, changes, message] :
          {Row{"node-7", 1, 1, {}, "no failure"}, Row{"Node-7", 0, 0, {"name Node-7", "reboot 30"}, "no failure"},
           Row{"a b", 1, 0, {"name a b"}, failed + "a b"},
           Row{"node-8", 0, 1, {"name node-8", "reboot 30"}, failed + "node-8"}})
     {
-        SCOPED_TRACE(row.name);
+        SCOPED_TRACE(name);
         host.changes.clear();
-        host.nameResult = row.nameResult;
-        host.rebootResult = row.rebootResult;
-        EXPECT_EQ(row.message, MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeHostName(row.name); }));
-        EXPECT_EQ(row.changes, host.changes);
+        host.nameResult = nameResult;
+        host.rebootResult = rebootResult;
+        const String newName(name);
+        EXPECT_EQ(message, MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeHostName(newName); }));
+        EXPECT_EQ(changes, host.changes);
     }
-    host.hostName.reset();
-    EXPECT_EQ("W32Gateway::GetHostName failed !",
-              MessageOf([] { DiscoveryClientDataGatewayW32().ChangeHostName("node-9"); }));
 }
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, SharedFilesLieUnderTheProgramRoot)
+TEST_F(DiscoveryClientDataGatewayW32Tests, SharedFilesLieUnderTheProgramRootAndTheWatchEndsWithTheGateway)
 {
-    using Row = std::tuple<const char*, std::string>;
-    for (const auto& [root, folder] :
-         {Row{"", "Zelkor/Common/Discovery/"}, Row{"/opt", "/opt/Zelkor/Common/Discovery/"},
-          Row{"/C d/", "/C d/Zelkor/Common/Discovery/"}})
+    const auto normal = [](const String& path)
+    { return std::filesystem::path(path.Utf8()).lexically_normal().generic_string(); };
+    for (const auto& [root, folder] : {std::pair<const char*, std::string>("", ""), {"/C d/", "/C d/"}})
     {
-        SCOPED_TRACE(root);
         host.programRoot = root;
-        const DiscoveryClientDataGatewayW32 gateway;
-        const auto normal = [](const String& path)
-        { return std::filesystem::path(path.Utf8()).lexically_normal().generic_string(); };
-        EXPECT_EQ(folder + "ProductIDs", normal(gateway.ProductIDsFolder()));
-        EXPECT_EQ(folder + "FileTransferInfos.json", normal(gateway.FileTransferInfosFile()));
-    }
-}
-
-TEST_F(DiscoveryClientDataGatewayW32Tests, TheWatchersAnswersAreTheHostsAndTheWatchEndsWithTheGateway)
-{
-    {
         DiscoveryClientDataGatewayW32 gateway;
+        EXPECT_EQ(folder + "Zelkor/Common/Discovery/ProductIDs", normal(gateway.ProductIDsFolder()));
+        EXPECT_EQ(folder + "Zelkor/Common/Discovery/FileTransferInfos.json", normal(gateway.FileTransferInfosFile()));
         host.cancelResult = 7;
-        EXPECT_FALSE(gateway.RunIPChangeWatcher());
-        host.addressChange = true;
-        EXPECT_TRUE(gateway.RunIPChangeWatcher());
+        host.addressChange = folder.empty();
+        EXPECT_EQ(host.addressChange, gateway.RunIPChangeWatcher());
         EXPECT_EQ(7, gateway.CancelWaitForIPChange());
-        EXPECT_EQ(0, host.endedWatches);
     }
-    EXPECT_EQ(1, host.endedWatches);
+    EXPECT_EQ(2, host.endedWatches);
 }
