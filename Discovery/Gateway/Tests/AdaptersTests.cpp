@@ -6,11 +6,9 @@
 #include <algorithm>
 #include <cstring>
 #include <fcntl.h>
-#include <linux/if_tun.h>
 #include <map>
 #include <net/if.h>
 #include <optional>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 using Zelkor::Discovery::Platform::Adapter;
@@ -43,65 +41,34 @@ protected:
     }
 };
 
-/// A tun adapter of a hardware type whose addresses have 8 bytes; it lasts as long as the descriptor.
-int MakeAdapterWithEightByteAddress(const char* name)
-{
-    constexpr int HardwareType = 804; // linux/if_arp.h: ARPHRD_IEEE802154
-    const int tun = open("/dev/net/tun", O_RDWR | O_CLOEXEC);
-    ifreq request = {};
-    std::strncpy(request.ifr_name, name, IFNAMSIZ - 1);
-    request.ifr_flags = IFF_TUN | IFF_NO_PI;
-    if (tun < 0 || ioctl(tun, TUNSETIFF, &request) != 0 || ioctl(tun, TUNSETLINK, HardwareType) != 0)
-    {
-        close(tun);
-        return -1;
-    }
-    return tun;
-}
-
 } // namespace
 
-TEST_F(AdaptersTests, AHostWithLoopbackAloneFails)
+TEST_F(AdaptersTests, EachAdapterButLoopbackShowsItsFirstAddressAlone)
 {
-    std::vector<Adapter> adapters(1);
-
-    EXPECT_NE(0, ReadAdapters(adapters));
-
-    EXPECT_TRUE(adapters.empty());
-}
-
-TEST_F(AdaptersTests, EachAdapterShowsItsFirstAddressAlone)
-{
+    std::vector<Adapter> none(1);
+    EXPECT_NE(0, ReadAdapters(none));
+    EXPECT_TRUE(none.empty());
     Shell("ip link add none type veth peer name one; ip link set none up; ip link set one up;"
           "ip link add two type veth peer name down address 02:00:00:00:00:0a; ip link set two up;"
           "ip addr add 10.1.0.1/24 dev one;"
           "ip addr add 10.2.0.1/8 dev two; ip addr add 10.2.0.2/8 dev two; ip addr add 10.3.0.1/16 dev two;"
           "ip addr add 10.4.0.1/24 dev down");
+    const bool hasTunnel = std::system("ip tuntap add name tunnel mode tun 2>/dev/null") == 0;
 
-    const auto adapters = ReadByName();
+    auto adapters = ReadByName();
 
-    ASSERT_EQ(4u, adapters.size());
-    EXPECT_EQ("||", Texts(adapters.at("none")));
-    EXPECT_EQ("10.1.0.1|255.255.255.0|", Texts(adapters.at("one")));
-    EXPECT_EQ("10.2.0.1|255.0.0.0|", Texts(adapters.at("two")));
-    const Adapter& down = adapters.at("down");
-    EXPECT_EQ("||", Texts(down));
-    EXPECT_EQ(6u, down.macLength);
-    EXPECT_EQ(0, std::memcmp("\x02\0\0\0\0\x0a\0\0", down.macBytes, sizeof(down.macBytes)));
-    EXPECT_EQ(if_nametoindex("down"), down.index);
+    EXPECT_EQ(hasTunnel ? 5u : 4u, adapters.size());
+    EXPECT_EQ("||", Texts(adapters["none"]));
+    EXPECT_EQ("10.1.0.1|255.255.255.0|", Texts(adapters["one"]));
+    EXPECT_EQ("10.2.0.1|255.0.0.0|", Texts(adapters["two"]));
+    EXPECT_EQ("||", Texts(adapters["down"]));
+    EXPECT_EQ(6u, adapters["down"].macLength);
+    EXPECT_EQ(0, std::memcmp("\x02\0\0\0\0\x0a\0\0", adapters["down"].macBytes, sizeof(adapters["down"].macBytes)));
+    EXPECT_EQ(if_nametoindex("down"), adapters["down"].index);
+    EXPECT_EQ(0u, adapters["tunnel"].macLength);
 }
 
-TEST_F(AdaptersTests, PortsOfABridgeAreLeftOut)
-{
-    Shell("ip link add bridge type bridge; ip link add port type veth peer name free; ip link set port master bridge");
-
-    const auto adapters = ReadByName();
-
-    EXPECT_EQ(2u, adapters.size());
-    EXPECT_EQ(0u, adapters.count("port"));
-}
-
-TEST_F(AdaptersTests, WhatAnAdapterIsStackedOnIsTheNextListedOne)
+TEST_F(AdaptersTests, WhatAnAdapterIsStackedOnIsTheNextListedOneAndPortsAreLeftOut)
 {
     Shell("ip link add lan type veth peer name end; ip link add wide type bridge");
     if (std::system("ip link add link lan name upper type macvlan mode private 2>/dev/null") != 0)
@@ -118,25 +85,13 @@ TEST_F(AdaptersTests, WhatAnAdapterIsStackedOnIsTheNextListedOne)
 
     const auto adapters = ReadByName();
 
+    EXPECT_EQ(0u, adapters.count("port"));
     using Row = std::pair<const char*, const char*>;
     for (const auto& [upper, lower] :
          {Row{"lan", ""}, Row{"end", ""}, Row{"abroad", ""}, Row{"upper", "lan"}, Row{"wide", "lan"}})
     {
         EXPECT_EQ(if_nametoindex(lower), adapters.at(upper).lowerIndex) << upper;
     }
-}
-
-TEST_F(AdaptersTests, AHardwareAddressOfEightBytesKeepsItsLength)
-{
-    const int tun = MakeAdapterWithEightByteAddress("tunnel");
-    if (tun < 0)
-    {
-        GTEST_SKIP() << "the system has no tun adapters";
-    }
-
-    EXPECT_EQ(8u, ReadByName().at("tunnel").macLength);
-
-    close(tun);
 }
 
 TEST_F(AdaptersTests, TheGatewayIsThatOfTheBestUnicastDefaultRouteInTheMainTable)
@@ -152,11 +107,10 @@ TEST_F(AdaptersTests, TheGatewayIsThatOfTheBestUnicastDefaultRouteInTheMainTable
         "ip link add a5 type veth peer name b5; ip link set a5 up; ip link set b5 up; ip addr add 10.5.0.1/24 dev a5;"
         "ip route append default via 10.5.0.254 dev a5 metric 100");
 
-    const auto adapters = ReadByName();
-
-    EXPECT_STREQ("10.1.0.100", adapters.at("a1").gatewayText);
-    EXPECT_STREQ("10.2.0.254", adapters.at("a2").gatewayText);
-    EXPECT_STREQ("10.3.0.254", adapters.at("a3").gatewayText);
-    EXPECT_STREQ("", adapters.at("a4").gatewayText);
-    EXPECT_STREQ("10.5.0.254", adapters.at("a5").gatewayText) << "the metric of a1's";
+    std::string gateways;
+    for (const auto& [name, adapter] : ReadByName())
+    {
+        gateways += adapter.gatewayText[0] == '\0' ? "" : name + " " + adapter.gatewayText + ",";
+    }
+    EXPECT_EQ("a1 10.1.0.100,a2 10.2.0.254,a3 10.3.0.254,a5 10.5.0.254,", gateways) << "a5 has the metric of a1";
 }

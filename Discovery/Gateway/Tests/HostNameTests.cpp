@@ -22,18 +22,18 @@ protected:
         Shell("hostname old-node; echo old-node >/etc/hostname");
     }
 
-    void StartHostNameService(const std::vector<std::string>& arguments = {"/usr/lib/systemd/systemd-hostnamed"})
+    void StartHostNameService(const std::string& before = "")
     {
         host.StartBus();
-        host.StartService("org.freedesktop.hostname1", arguments);
+        host.StartService("org.freedesktop.hostname1",
+                          {"unshare", "--mount", "sh", "-c", before + "exec /usr/lib/systemd/systemd-hostnamed"});
     }
 
-    static void ExpectName(const std::string& name)
+    static std::string Name()
     {
-        char now[HostNameSize];
-        ASSERT_EQ(0, ReadHostName(now));
-        EXPECT_EQ(name, now);
-        EXPECT_EQ(name + "\n", ReadText("/etc/hostname"));
+        char name[HostNameSize] = {};
+        EXPECT_EQ(0, ReadHostName(name));
+        return name;
     }
 };
 
@@ -45,17 +45,18 @@ TEST_F(HostNameTests, TheHostsOwnServiceStoresTheNameForACallerWithoutCapabiliti
 
     WithoutCapabilities([] { EXPECT_EQ(0, WriteHostName("new-node.lan")); }); // it can't set the name by itself
 
-    ExpectName("new-node.lan");
+    EXPECT_EQ("new-node.lan", Name());
+    EXPECT_EQ("new-node.lan\n", ReadText("/etc/hostname"));
 }
 
 TEST_F(HostNameTests, WhatTheServiceRefusesIsNotDoneInAnotherWay)
 {
-    StartHostNameService(
-        {"unshare", "--mount", "sh", "-c", "mount -o remount,bind,ro /etc && exec /usr/lib/systemd/systemd-hostnamed"});
+    StartHostNameService("mount -o remount,bind,ro /etc && ");
 
     EXPECT_NE(0, WriteHostName("new-node"));
 
-    ExpectName("old-node");
+    EXPECT_EQ("old-node", Name());
+    EXPECT_EQ("old-node\n", ReadText("/etc/hostname"));
 }
 
 TEST_F(HostNameTests, OurRuleIsTheRuleOfTheHostsOwnService)
@@ -83,6 +84,7 @@ TEST_F(HostNameTests, OurRuleIsTheRuleOfTheHostsOwnService)
 
 TEST_F(HostNameTests, WithoutTheServiceTheNameIsSetAndStoredWholeOrNotAtAll)
 {
+    int count = 0;
     // A command that changes the host, and whether a name can then be written.
     using Row = std::tuple<const char*, bool>;
     for (const auto& [before, works] : {Row{"", true}, Row{"rm /etc/hostname", true},
@@ -92,18 +94,14 @@ TEST_F(HostNameTests, WithoutTheServiceTheNameIsSetAndStoredWholeOrNotAtAll)
                                         Row{"mount -t tmpfs -o nr_inodes=2 t /etc; echo name-3 >/etc/hostname", false}})
     {
         SCOPED_TRACE(before);
-        static int count = 0;
         const std::string name = "name-" + std::to_string(count++);
         Shell(before);
-        char old[HostNameSize];
-        ASSERT_EQ(0, ReadHostName(old));
+        const std::string oldName = Name();
         const std::string oldText = ReadText("/etc/hostname");
 
         EXPECT_EQ(works, WriteHostName(name) == 0);
 
-        char now[HostNameSize];
-        ASSERT_EQ(0, ReadHostName(now));
-        EXPECT_EQ(works ? name : old, now);
+        EXPECT_EQ(works ? name : oldName, Name());
         EXPECT_EQ(works ? name + "\n" : oldText, ReadText("/etc/hostname"));
         Shell("! ls -A /etc | grep -E '^.?hostname[.]'");
     }
@@ -120,5 +118,5 @@ TEST_F(HostNameTests, ANameThatNoHostMayBearReachesNothing)
     }
 
     EXPECT_EQ(0, poll(&bus, 1, 0)) << "somebody connected";
-    ExpectName("old-node");
+    EXPECT_EQ("old-node", Name());
 }
