@@ -87,6 +87,25 @@ void AdapterSettingsTests::ExpectApplied(const AdapterSettings& settings, const 
     EXPECT_EQ(GetParam() == Manager::None, remark.find("until the next restart") != std::string::npos) << remark;
 }
 
+std::string AdapterSettingsTests::Refusal(const AdapterSettings& settings)
+{
+    const std::string state = State(settings.adapterName);
+    std::string remark;
+    EXPECT_NE(0, Apply(settings, remark));
+    EXPECT_NE("", remark);
+    EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
+    Await(settings.adapterName, state);
+    return remark;
+}
+
+std::string AdapterSettingsTests::RefusalWithoutTrace(const AdapterSettings& settings)
+{
+    const std::string files = Files();
+    const std::string remark = Refusal(settings);
+    EXPECT_EQ(files, Files());
+    return remark;
+}
+
 std::string NameOf(const testing::TestParamInfo<Manager>& info)
 {
     return std::array{"None", "NetworkManager", "Networkd", "Ifupdown"}.at(static_cast<std::size_t>(info.param));

@@ -37,6 +37,13 @@ protected:
 
     static void ExpectApplied(const AdapterSettings& settings, const std::string& state);
 
+    /// A change that fails and leaves the adapter's addresses as they were.
+    /// @returns the reason
+    static std::string Refusal(const AdapterSettings& settings);
+
+    /// Likewise, and leaves every file as it was.
+    static std::string RefusalWithoutTrace(const AdapterSettings& settings);
+
     PrivateHost host;
     std::unique_ptr<ManagedHost> managed;
 

@@ -40,22 +40,18 @@ TEST_P(AdapterSettingsTests, AddressesAndGatewayAreReplacedAndOutlastARestart)
 
 TEST_P(AdapterSettingsTests, WhatIsRefusedAsksNobodyAndChangesNothing)
 {
-    const std::string files = Files();
     managed->Freeze();
     const auto begin = std::chrono::steady_clock::now();
     for (const AdapterSettings& settings : {AdapterSettings{"v0", "10.2.0.5", "255.255.0.0", "255.255.255.255"},
                                             AdapterSettings{"v0", "10.2.0.5", "255.255.0.0", "10.3.0.1"},
                                             AdapterSettings{"v0", "0.0.0.0", "255.255.0.0", "0.0.0.0"},
-                                            AdapterSettings{"v0", "10.2.0.5", "255.0.255.0", "0.0.0.0"},
-                                            AdapterSettings{"v9", "10.2.0.5", "255.255.0.0", "10.2.0.1"}})
+                                            AdapterSettings{"v0", "10.2.0.5", "255.0.255.0", "0.0.0.0"}})
     {
-        std::string remark;
-        EXPECT_NE(0, Apply(settings, remark));
-        EXPECT_NE("", remark);
+        RefusalWithoutTrace(settings);
     }
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 2s);
-    EXPECT_EQ("10.1.0.1/24 10.1.1.1/24 via 10.1.0.254", State("v0"));
-    EXPECT_EQ(files, Files());
+    std::string remark;
+    EXPECT_NE(0, Apply({"v9", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, remark)) << "there is none";
 }
 
 TEST_P(AdapterSettingsTests, HostileNamesAreNamesOrFailAndTouchNoOtherAdapter)
@@ -91,15 +87,8 @@ TEST_P(AdapterSettingsTests, HostileNamesAreNamesOrFailAndTouchNoOtherAdapter)
 
 TEST_P(DaemonTests, AManagerThatHangsIsAFailureWithinTheLimit)
 {
-    const std::string files = Files();
     managed->Freeze();
-    std::string remark;
-
-    EXPECT_NE(0, Apply({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, remark));
-
-    EXPECT_NE("", remark);
-    EXPECT_EQ("10.1.0.1/24 10.1.1.1/24 via 10.1.0.254", State("v0"));
-    EXPECT_EQ(files, Files());
+    RefusalWithoutTrace({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"});
 }
 
 TEST_P(DaemonTests, WithoutCableTheAddressWaitsForOne)
