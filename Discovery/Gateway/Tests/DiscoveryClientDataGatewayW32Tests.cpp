@@ -56,10 +56,10 @@ std::string MessageOf(const std::function<void()>& action)
     return "no failure";
 }
 
-NICConfig Request(const char* name, const char* macAddress, const char* address, const char* gateway = "10.1.0.1")
+NICConfig Request(const char* name, const std::string& macAddress, const char* address, const char* gateway)
 {
     return {name,
-            MACAddress(macAddress),
+            MACAddress(macAddress.c_str()),
             IPAddress::Parse(address),
             IPAddress::Parse("255.255.0.0"),
             IPAddress::Parse(gateway),
@@ -158,33 +158,48 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, GetHostAsksTheObjectsOwnSources)
     }
 }
 
-TEST_F(DiscoveryClientDataGatewayW32Tests, OnlyADifferentConfigurationOfAnOwnAdapterIsApplied)
+TEST_F(DiscoveryClientDataGatewayW32Tests, OnlyADifferentConfigurationOfTheAdapterThatIsMeantIsApplied)
 {
-    AddAdapter("lan", 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
-    AddAdapter("bare", 6, "10.9.2.3", "255.255.0.0", "");
-    host.adapters[1].macBytes[0] = 1;
-    const char* const lan = "A0:A1:A2:A3:A4:A5";
-    NICConfig otherMTU = Request("lan", lan, "10.1.2.3");
-    otherMTU.MTU = "1500";
-    using Row = std::tuple<const char*, NICConfig, Rows>;
-    for (const auto& [description, request, changes] :
-         {Row{"as it is", Request("another name", lan, "10.1.2.3"), {}},
-          Row{"another host's", Request("lan", "01:02:03:04:05:06", "10.1.2.4"), {}},
-          Row{"moved", Request("", lan, "10.1.2.4"), {"probes lan", "set lan 10.1.2.4 255.255.0.0 10.1.0.1"}},
-          Row{"other MTU", otherMTU, {"probes lan", "set lan 10.1.2.3 255.255.0.0 10.1.0.1"}},
-          Row{"no gateway",
-              Request("", "01:A1:A2:A3:A4:A5", "10.9.2.3", "255.255.255.255"),
-              {"probes bare", "set bare 10.9.2.3 255.255.0.0 255.255.255.255"}}})
+    // name, first byte of the hardware address, number of the adapter below
+    using Own = std::tuple<const char*, unsigned char, std::uint32_t>;
+    for (const auto& [name, first, lower] :
+         {Own{"lan", 1, 0}, Own{"lan.7", 1, 1}, Own{"top", 2, 4}, Own{"middle", 3, 5}, Own{"base", 2, 0},
+          Own{"twin", 4, 0}, Own{"stray", 4, 99}, Own{"above", 4, 6}, Own{"one", 5, 10}, Own{"two", 5, 9},
+          Own{"bare", 6, 0}})
+    {
+        AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", std::strcmp(name, "bare") == 0 ? "" : "10.1.0.1");
+        host.adapters.back().macBytes[0] = first;
+        host.adapters.back().lowerIndex = lower;
+    }
+    using Row = std::tuple<const char*, const char*, std::string, const char*, const char*, const char*, Rows>;
+    for (const auto& [description, name, first, address, gateway, MTU, changed] :
+         {Row{"as it is", "lan", "01", "10.1.2.3", "10.1.0.1", "Unknown", {}},
+          Row{"another host's", "lan", "07", "10.1.2.4", "10.1.0.1", "Unknown", {}},
+          Row{"another MTU", "lan", "01", "10.1.2.3", "10.1.0.1", "1500", {"lan"}},
+          Row{"without a gateway, now as then", "lan", "06", "10.1.2.3", "255.255.255.255", "Unknown", {"bare"}},
+          Row{"the name decides among several", "lan.7", "01", "10.1.2.4", "10.1.0.1", "Unknown", {"lan.7"}},
+          Row{"else the lowest of the stack", "LAN.7", "01", "10.1.2.4", "10.1.0.1", "Unknown", {"lan"}},
+          Row{"also over one with an address of its own", "", "02", "10.1.2.4", "10.1.0.1", "Unknown", {"base"}},
+          Row{"one alone needs no name", "lan", "03", "10.1.2.4", "10.1.0.1", "Unknown", {"middle"}},
+          Row{"all that stand on none of them", "", "04", "10.1.2.4", "10.1.0.1", "Unknown", {"twin", "stray"}},
+          Row{"a ring has no lowest", "", "05", "10.1.2.4", "10.1.0.1", "Unknown", {"one", "two"}}})
     {
         SCOPED_TRACE(description);
+        NICConfig request = Request(name, first + ":A1:A2:A3:A4:A5", address, gateway);
+        request.MTU = MTU;
+        Rows changes;
+        for (const std::string& adapter : changed)
+        {
+            changes.push_back("probes " + adapter);
+            changes.push_back("set " + adapter + " " + address + " 255.255.0.0 " + gateway);
+        }
         host.changes.clear();
 
         DiscoveryClientDataGatewayW32().ChangeIPConfig(request);
 
         EXPECT_EQ(changes, host.changes);
-        const Rows rows = log.Take();
-        ASSERT_EQ(1u, rows.size());
-        EXPECT_EQ(changes.empty(), rows[0] == "S ClientDataGateway: No IP configuration to update on this Client.");
+        const Rows none = {"S ClientDataGateway: No IP configuration to update on this Client."};
+        EXPECT_EQ(changed.empty(), log.Take() == none);
     }
 }
 
@@ -196,9 +211,10 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesStopAtTheFirstAdapterThatRefus
         AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
         host.adapters.back().macBytes[0] = static_cast<unsigned char>(host.adapters.size());
         const std::string macAddress = "0" + std::to_string(host.adapters.size()) + ":A1:A2:A3:A4:A5";
-        requests->Add(Sp<NICConfig>(new NICConfig(Request(name, macAddress.c_str(), "10.1.2.4"))));
+        requests->Add(Sp<NICConfig>(new NICConfig(Request(name, macAddress, "10.1.2.4", "10.1.0.1"))));
     }
-    host.probesResult = 1; // without any effect
+    requests->Insert(0, (*requests)[0]); // named twice, it is changed twice
+    host.probesResult = 1;               // without any effect
     host.settingsResult = 1;
     host.refusingAdapter = "second";
     host.remark = "a reason";
@@ -207,60 +223,16 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesStopAtTheFirstAdapterThatRefus
     EXPECT_EQ("W32Gateway::SetIPAddresses failed ! Args : second/" + values,
               MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeIPConfig(requests); }));
 
-    EXPECT_EQ((Rows{"probes first", "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes second",
-                    "set second 10.1.2.4 255.255.0.0 10.1.0.1"}),
-              host.changes);
+    EXPECT_EQ(
+        (Rows{"probes first", "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes first",
+              "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes second", "set second 10.1.2.4 255.255.0.0 10.1.0.1"}),
+        host.changes);
     const std::string row = "S ClientDataGateway: Updating IP config of ";
-    EXPECT_EQ((Rows{row + "first (01:A1:A2:A3:A4:A5). New IP config : " + values,
-                    "C ClientDataGateway: IP config of first : a reason",
-                    row + "second (02:A1:A2:A3:A4:A5). New IP config : " + values,
+    const std::string first = row + "first (01:A1:A2:A3:A4:A5). New IP config : " + values;
+    const std::string remark = "C ClientDataGateway: IP config of first : a reason";
+    EXPECT_EQ((Rows{first, remark, first, remark, row + "second (02:A1:A2:A3:A4:A5). New IP config : " + values,
                     "C ClientDataGateway: IP config of second : a reason"}),
               log.Take());
-}
-
-TEST_F(DiscoveryClientDataGatewayW32Tests, OfAdaptersWithOneAddressThoseAreChangedThatTheRequestMeans)
-{
-    struct Row
-    {
-        const char* description;
-        const char* requestedName;
-        std::vector<std::pair<const char*, std::uint32_t>> stack; ///< names, each with the number of the one below it
-        std::vector<std::string> changed;
-    };
-    for (const Row& row :
-         {Row{"the name decides", "lan.7", {{"lan", 0}, {"lan.7", 1}, {"twin", 0}}, {"lan.7"}},
-          Row{"else the lowest of the stack", "LAN.7", {{"lan.7", 2}, {"lan", 0}}, {"lan"}},
-          Row{"also over one with an address of its own", "", {{"lan.7.8", 2}, {"macvlan", 3}, {"lan", 0}}, {"lan"}},
-          Row{"one alone needs no name", "x", {{"macvlan", 2}, {"lan.7", 0}}, {"lan.7"}},
-          Row{"what stands on none of them stays", "", {{"lan", 0}, {"twin", 9}, {"lan.7", 1}}, {"lan", "twin"}},
-          Row{"a ring has no lowest", "", {{"one", 2}, {"two", 1}}, {"one", "two"}}})
-    {
-        SCOPED_TRACE(row.description);
-        host.adapters.clear();
-        for (const auto& [name, lower] : row.stack)
-        {
-            AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", "10.1.0.1");
-            host.adapters.back().lowerIndex = lower;
-            host.adapters.back().macBytes[0] = std::strcmp(name, "macvlan") == 0 ? 2 : 0;
-        }
-        Sp<List<Sp<NICConfig>>> requests(new List<Sp<NICConfig>>());
-        requests->Add(Sp<NICConfig>(new NICConfig(Request(row.requestedName, "00:A1:A2:A3:A4:A5", "10.1.2.5"))));
-        requests->Add((*requests)[0]);
-        std::vector<std::string> expected;
-        for (int named = 0; named < requests->Count(); ++named)
-        {
-            for (const std::string& name : row.changed)
-            {
-                expected.push_back("probes " + name);
-                expected.push_back("set " + name + " 10.1.2.5 255.255.0.0 10.1.0.1");
-            }
-        }
-
-        host.changes.clear();
-        DiscoveryClientDataGatewayW32().ChangeIPConfig(requests);
-
-        EXPECT_EQ(expected, host.changes);
-    }
 }
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, ANewHostNameIsSetAndTheHostRestarted)

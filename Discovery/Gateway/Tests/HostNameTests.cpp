@@ -6,6 +6,7 @@
 #include <Tests/Support/PrivateHost.h>
 #include <poll.h>
 #include <random>
+#include <sys/socket.h>
 #include <tuple>
 
 using namespace Zelkor::Discovery::Platform;
@@ -42,21 +43,15 @@ protected:
 TEST_F(HostNameTests, TheHostsOwnServiceStoresTheNameForACallerWithoutCapabilities)
 {
     StartHostNameService();
-
     WithoutCapabilities([] { EXPECT_EQ(0, WriteHostName("new-node.lan")); }); // it can't set the name by itself
-
-    EXPECT_EQ("new-node.lan", Name());
-    EXPECT_EQ("new-node.lan\n", ReadText("/etc/hostname"));
+    EXPECT_EQ("new-node.lan new-node.lan\n", Name() + " " + ReadText("/etc/hostname"));
 }
 
 TEST_F(HostNameTests, WhatTheServiceRefusesIsNotDoneInAnotherWay)
 {
     StartHostNameService("mount -o remount,bind,ro /etc && ");
-
     EXPECT_NE(0, WriteHostName("new-node"));
-
-    EXPECT_EQ("old-node", Name());
-    EXPECT_EQ("old-node\n", ReadText("/etc/hostname"));
+    EXPECT_EQ("old-node old-node\n", Name() + " " + ReadText("/etc/hostname"));
 }
 
 TEST_F(HostNameTests, OurRuleIsTheRuleOfTheHostsOwnService)
@@ -85,6 +80,7 @@ TEST_F(HostNameTests, OurRuleIsTheRuleOfTheHostsOwnService)
 TEST_F(HostNameTests, WithoutTheServiceTheNameIsSetAndStoredWholeOrNotAtAll)
 {
     int count = 0;
+    shutdown(host.StartSilentBus(), SHUT_RDWR); // a socket that a bus has left behind
     // A command that changes the host, and whether a name can then be written.
     using Row = std::tuple<const char*, bool>;
     for (const auto& [before, works] : {Row{"", true}, Row{"rm /etc/hostname", true},
