@@ -4,6 +4,8 @@
 #include <Tests/Support/Commands.h>
 #include <Tests/Support/ManagedHost.h>
 #include <Tests/Support/PrivateHost.h>
+#include <array>
+#include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -14,35 +16,107 @@ class AdapterSettingsTests : public testing::TestWithParam<Manager>
 protected:
     using AdapterSettings = Zelkor::Discovery::Platform::AdapterSettings;
 
-    void SetUp() override;
+    void SetUp() override
+    {
+        if (!host.IsEntered())
+        {
+            GTEST_SKIP() << "the system refuses namespaces";
+        }
+        managed = std::make_unique<ManagedHost>(GetParam());
+        if (!managed->IsInstalled())
+        {
+            GTEST_SKIP() << "the manager is not installed";
+        }
+        AddAdapter("v0");
+        AddAdapter("v1");
+        managed->Configure("v0", "10.1.0.1/24 10.1.1.1/24", "10.1.0.254");
+        managed->Configure("v1", "10.7.0.1/24", "");
+        managed->Start();
+        Await("v0", "10.1.0.1/24 10.1.1.1/24 via 10.1.0.254");
+    }
 
     /// What shell commands write to their standard output.
-    static std::string Output(const std::string& commands);
+    static std::string Output(const std::string& commands)
+    {
+        Shell("(" + commands + ") >/run/output");
+        return ReadText("/run/output");
+    }
 
     /// Adds an Ethernet adapter that is up and has a cable.
-    static void AddAdapter(const std::string& name);
+    static void AddAdapter(const std::string& name)
+    {
+        const std::string peer = "peer" + std::to_string(++peers);
+        Shell("ip link add name '" + name + "' type veth peer name " + peer + "; ip link set dev " + peer +
+              " up; ip link set dev '" + name + "' up");
+    }
 
     /// IPv4 addresses in ascending order, and gateways.
-    static std::string State(const std::string& name);
+    static std::string State(const std::string& name)
+    {
+        return Output("{ ip -4 -o addr show dev '" + name + "' | sed 's/.*inet \\([^ ]*\\).*/\\1/' | sort; " +
+                      "ip -4 route show default dev '" + name +
+                      "' | grep -o 'via [^ ]*' || true; } | xargs | tr -d '\\n'");
+    }
 
     /// Expects the state within ten seconds.
-    static void Await(const std::string& name, const std::string& state);
+    static void Await(const std::string& name, const std::string& state)
+    {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+        while (State(name) != state && std::chrono::steady_clock::now() < end)
+        {
+        }
+        EXPECT_EQ(state, State(name)) << ReadText("/run/daemons.log");
+    }
 
     /// Everything that managers keep, and every file beside it.
-    static std::string Files();
+    static std::string Files()
+    {
+        return Output("find /etc/network /etc/systemd/network /etc/NetworkManager -type f 2>/dev/null | sort | "
+                      "while read -r f; do echo \"$f\"; cat \"$f\"; done");
+    }
 
     /// Both steps of a change, each within its limit.
     /// @returns 0, or the error
-    static int Apply(const AdapterSettings& settings, std::string& remark);
+    static int Apply(const AdapterSettings& settings, std::string& remark)
+    {
+        const auto begin = std::chrono::steady_clock::now();
+        Zelkor::Discovery::Platform::DisableAddressProbes(settings);
+        const auto probesDone = std::chrono::steady_clock::now();
+        const int error = Zelkor::Discovery::Platform::ApplyAdapterSettings(settings, remark);
+        EXPECT_LE(probesDone - begin, std::chrono::milliseconds(5100));
+        EXPECT_LE(std::chrono::steady_clock::now() - probesDone, std::chrono::seconds(25));
+        return error;
+    }
 
-    static void ExpectApplied(const AdapterSettings& settings, const std::string& state);
+    static void ExpectApplied(const AdapterSettings& settings, const std::string& state)
+    {
+        std::string remark;
+        EXPECT_EQ(0, Apply(settings, remark)) << remark << ReadText("/run/daemons.log");
+        EXPECT_EQ(state, State(settings.adapterName));
+        EXPECT_EQ(GetParam() == Manager::None, remark.find("until the next restart") != std::string::npos) << remark;
+    }
 
     /// A change that fails and leaves the adapter's addresses as they were.
     /// @returns the reason
-    static std::string Refusal(const AdapterSettings& settings);
+    static std::string Refusal(const AdapterSettings& settings)
+    {
+        const std::string state = State(settings.adapterName);
+        std::string remark;
+        EXPECT_NE(0, Apply(settings, remark));
+        EXPECT_NE("", remark);
+        EXPECT_EQ(std::string::npos, remark.find("not restored")) << remark;
+        Await(settings.adapterName, state);
+        return remark;
+    }
 
     /// Likewise, and leaves every file as it was.
-    static std::string RefusalWithoutTrace(const AdapterSettings& settings);
+    static std::string RefusalWithoutTrace(const AdapterSettings& settings)
+    {
+        const std::string files = Files();
+        const std::string remark = Refusal(settings);
+        EXPECT_EQ(files, Files());
+        return remark;
+    }
 
     PrivateHost host;
     std::unique_ptr<ManagedHost> managed;
@@ -51,4 +125,7 @@ private:
     static inline int peers = 0;
 };
 
-std::string NameOf(const testing::TestParamInfo<Manager>& info);
+inline std::string NameOf(const testing::TestParamInfo<Manager>& info)
+{
+    return std::array{"None", "NetworkManager", "Networkd", "Ifupdown"}.at(static_cast<std::size_t>(info.param));
+}

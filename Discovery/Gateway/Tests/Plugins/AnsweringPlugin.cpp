@@ -2,9 +2,6 @@
 
 #include <stdexcept>
 
-#ifndef SERIAL_NUMBER
-#define SERIAL_NUMBER "88"
-#endif
 #ifndef VERSION
 #define VERSION "2.1"
 #endif
@@ -27,7 +24,7 @@ public:
     }
     std::int32_t GetProductSerialNumber(std::string& text) override
     {
-        return Answer(2, text, SERIAL_NUMBER);
+        return Answer(2, text, "88");
     }
     std::int32_t GetProductVersion(std::string& text) override
     {
