@@ -1,6 +1,7 @@
 #include "Benchmarks.h"
 #include "RatioReporter.h"
 
+#include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
 #include <Discovery/Client/DiscoveryReceiver.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
@@ -68,8 +69,8 @@ void RunProduct(benchmark::State& state)
     const Sp<IDiscoveryClientDataGateway> gateway(new DiscoveryClientDataGatewayW32());
     const Sp<IDiscoverySocket> shared(
         new DiscoverySocketUdpClient(receivePort, receivePort + 1, Net::IPAddress::Parse("127.0.0.1")));
-    const Sp<DiscoveryClientMessageParser> parser(new DiscoveryClientMessageParser(gateway));
-    DiscoveryReceiver receiver(shared, parser);
+    const Sp<DiscoveryClientMessageParser> parser(new CompleteWorker<DiscoveryClientMessageParser>(gateway));
+    CompleteWorker<DiscoveryReceiver> receiver(shared, parser);
     TaskCounter counter;
     parser->ActionRequested += EventHandler(counter, &TaskCounter::Count);
     parser->Start();

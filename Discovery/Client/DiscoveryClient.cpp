@@ -2,6 +2,7 @@
 
 #include "BroadcastSignatureAction.h"
 #include "ClientActionArgs.h"
+#include "CompleteWorker.h"
 #include "HelloAction.h"
 #include "Required.h"
 
@@ -23,9 +24,6 @@ using Tesmo::System::String;
 using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
 using Tesmo::System::Threading::Lock;
-using Tesmo::System::Threading::ParameterizedThreadStart;
-using Tesmo::System::Threading::Thread;
-using Tesmo::System::Threading::ThreadState;
 
 DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGateway)
     : DiscoveryClient(givenGateway, DiscoveryPorts::Default())
@@ -33,10 +31,11 @@ DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGat
 }
 
 DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGateway,
-                                 const Sp<DiscoveryPorts>& givenPorts)
+                                 const Sp<DiscoveryPorts>& givenPorts, const Sp<RestartSpacing>& givenSpacing)
     : ports(Required(givenPorts)),
       gateway(Required(givenGateway)),
-      channel("Discovery Client")
+      channel("Discovery Client"),
+      async(channel, givenSpacing, [this](AsyncRequest request) { Perform(request); })
 {
     CreateSocket();
     socketFactory.Reset(new DiscoverySocketUdpClientFactory(ports->GetLocalPort(), ports->GetRemotePort()));
@@ -53,14 +52,18 @@ DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGat
 
 DiscoveryClient::~DiscoveryClient()
 {
-    do
+    async.End();
+    try
     {
         if (state == ClientState::Running)
         {
             Stop();
         }
-        JoinAsyncThread();
-    } while (state == ClientState::Running); // a restart that was under way brings the client up again
+    }
+    catch (const std::exception&) // what it has not stopped ends with the stages
+    {
+    }
+    DropStages();
 }
 
 void DiscoveryClient::CreateSocket()
@@ -70,9 +73,12 @@ void DiscoveryClient::CreateSocket()
 
 void DiscoveryClient::CreateWorkers()
 {
-    taskProcessor.Reset(new DiscoveryClientTaskProcessor(socket, socketFactory, gateway));
-    messageParser.Reset(new DiscoveryClientMessageParser(gateway));
-    receiver.Reset(new DiscoveryReceiver(socket, messageParser));
+    {
+        const Lock lock(processorLock);
+        taskProcessor.Reset(new CompleteWorker<DiscoveryClientTaskProcessor>(socket, socketFactory, gateway));
+    }
+    messageParser.Reset(new CompleteWorker<DiscoveryClientMessageParser>(gateway));
+    receiver.Reset(new CompleteWorker<DiscoveryReceiver>(socket, messageParser));
     ipChangeWatcher.Reset(new DiscoveryClientIPChangeWatcher(gateway));
 }
 
@@ -113,12 +119,13 @@ void DiscoveryClient::Start()
         HookEvents();
         needsRebuild = false;
     }
+    async.BeginStart();
     taskProcessor->Start();
     messageParser->Start();
     receiver->Start();
     ipChangeWatcher->Start();
     SendHelloMessage();
-    asyncPending = false;
+    async.EndStart();
     state = ClientState::Running;
 }
 
@@ -129,6 +136,7 @@ void DiscoveryClient::Stop()
     if (state != ClientState::Running)
     {
         LogCritical(String::Format("Client's current state : {0} ! -> Stopping aborted.", ToDisplayText(state)));
+        async.Withdraw();
         return;
     }
     state = ClientState::Stopping;
@@ -137,15 +145,28 @@ void DiscoveryClient::Stop()
     messageParser->Stop();
     taskProcessor->Stop();
     UnhookEvents();
+    async.Withdraw(); // this stop is the answer to what the stages have asked for
     socket.Reset(nullptr);
     taskProcessor->SendByeMessage();
-    ipChangeWatcher.Reset(nullptr);
-    receiver.Reset(nullptr);
-    messageParser.Reset(nullptr);
-    taskProcessor.Reset(nullptr);
+    DropStages();
     needsRebuild = true;
     state = ClientState::Stopped;
     LogCritical("Discovery Client service stopped");
+}
+
+void DiscoveryClient::DropStages()
+{
+    ipChangeWatcher.Reset(nullptr);
+    receiver.Reset(nullptr);
+    messageParser.Reset(nullptr);
+    const Lock lock(processorLock);
+    taskProcessor.Reset(nullptr);
+}
+
+Sp<DiscoveryClientTaskProcessor> DiscoveryClient::TaskProcessor() const
+{
+    const Lock lock(processorLock);
+    return taskProcessor;
 }
 
 void DiscoveryClient::LogCritical(const String& text)
@@ -189,81 +210,64 @@ bool DiscoveryClient::TryGetHost(const char* operation, DiscoveryHost& host)
 
 void DiscoveryClient::EnqueueBroadcast(const Sp<ClientAction>& action)
 {
-    taskProcessor->EnqueueTask(*this, ClientActionArgs(action, IPAddress::Broadcast));
+    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); !(processor == null))
+    {
+        processor->EnqueueTask(*this, ClientActionArgs(action, IPAddress::Broadcast));
+    }
 }
 
 void DiscoveryClient::SendByeMessage()
 {
-    taskProcessor->SendByeMessage();
+    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); !(processor == null))
+    {
+        processor->SendByeMessage();
+    }
 }
 
 void DiscoveryClient::SetBroadcastProvider(const Sp<IBroadcastProvider>& provider)
 {
-    if (!(taskProcessor == null))
+    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); !(processor == null))
     {
-        taskProcessor->SetBroadcastProvider(provider);
+        processor->SetBroadcastProvider(provider);
     }
 }
 
 void DiscoveryClient::AsyncRestart(const Object&, const EventArgs&)
 {
-    RunAsync("Asynchronous restart triggered", RestartBody);
+    async.Ask(AsyncRequest::Restart);
 }
 
 void DiscoveryClient::AsyncStop(const Object&, const EventArgs&)
 {
-    RunAsync("Asynchronous stop triggered", StopBody);
+    async.Ask(AsyncRequest::Stop);
 }
 
-void DiscoveryClient::RunAsync(const char* text, AsyncBody body)
+void DiscoveryClient::Perform(AsyncRequest request)
 {
-    const Lock lock(asyncLock);
-    if (asyncPending)
+    Stop();
+    if (request == AsyncRequest::Restart)
     {
-        return;
-    }
-    asyncPending = true;
-    LogCritical(text);
-    if (!(asyncThread == null) && !asyncThread->ThreadState().Has(ThreadState::Unstarted))
-    {
-        asyncThread->Join();
-        asyncThread.Reset(nullptr);
-    }
-    if (asyncThread == null)
-    {
-        asyncThread.Reset(new Thread(ParameterizedThreadStart(body)));
-    }
-    asyncThread->Start(*this);
-}
-
-void DiscoveryClient::JoinAsyncThread()
-{
-    Sp<Thread> thread;
-    {
-        const Lock lock(asyncLock);
-        thread = asyncThread;
-    }
-    if (!(thread == null) && thread->IsAlive())
-    {
-        thread->Join();
+        StartAgain();
     }
 }
 
-void DiscoveryClient::RestartBody(Object& client)
+/// A start that can't build its socket leaves the client stopped and is tried again.
+void DiscoveryClient::StartAgain()
 {
-    auto& restarted = dynamic_cast<DiscoveryClient&>(client);
+    const Lock lock(lifecycleLock); // nobody comes between the failure and the next try
     try
     {
-        restarted.Stop();
-        restarted.Start();
+        Start();
     }
-    catch (const Exception&) // meant: the client stays down without a further line, and the process stays up
+    catch (const Exception&)
     {
+        const bool isConstructionFailure = state == ClientState::Starting && needsRebuild;
+        if (!isConstructionFailure)
+        {
+            throw;
+        }
+        state = ClientState::Stopped;
+        async.FailStart();
     }
-}
-
-void DiscoveryClient::StopBody(Object& client)
-{
-    dynamic_cast<DiscoveryClient&>(client).Stop();
 }
 } // namespace Zelkor::Discovery::Client

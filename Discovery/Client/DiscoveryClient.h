@@ -4,7 +4,7 @@
 #include <Core/System/EventHandler.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
-#include <Core/System/Threading/Thread.h>
+#include <Discovery/Client/AsyncRequests.h>
 #include <Discovery/Client/ClientAction.h>
 #include <Discovery/Client/ClientState.h>
 #include <Discovery/Client/DiscoveryClientIPChangeWatcher.h>
@@ -13,6 +13,7 @@
 #include <Discovery/Client/DiscoveryReceiver.h>
 #include <Discovery/Client/IBroadcastProvider.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
+#include <Discovery/Client/RestartSpacing.h>
 #include <Discovery/Transport/DiscoveryPorts.h>
 #include <Discovery/Transport/IDiscoverySocket.h>
 #include <Discovery/Transport/IDiscoverySocketFactory.h>
@@ -22,7 +23,8 @@
 namespace Zelkor::Discovery::Client
 {
 /// The client: owns the shared socket and the four stages, starts and stops them in order, says hello and goodbye, and
-/// builds everything anew when a stage reports that its socket died.
+/// builds everything anew when a stage reports that its socket died. Any thread may call anything at any time, but for
+/// the threads of the stages: they can't call Start and Stop, which wait for their end, and don't wait for these.
 class DiscoveryClient : public Tesmo::System::Object
 {
 public:
@@ -30,21 +32,26 @@ public:
     /// @throws std::exception   an argument is empty
     /// @throws SocketException  the local port can't be bound
     explicit DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway);
-    DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway, const Tesmo::Sp<DiscoveryPorts>& ports);
+    DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway, const Tesmo::Sp<DiscoveryPorts>& ports,
+                    const Tesmo::Sp<RestartSpacing>& spacing = Tesmo::Sp<RestartSpacing>(new RestartSpacing));
     /// With the default ports and SetBroadcastProvider.
     DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway,
                     const Tesmo::Sp<IBroadcastProvider>& provider);
-    /// Stops a running client and waits for a restart that is under way.
+    /// Waits for a restart that is under way and drops one that is to come, then stops a running client. What runs in any
+    /// other state, or after a stop that fails, is ended without a word, producers first.
     ~DiscoveryClient() override;
 
     /// Starts the stages, consumers first, and queues a hello. Only logs when the client runs already.
-    /// @throws SocketException  after a stop: the local port can't be bound; the client stays in Starting then
+    /// @throws SocketException  after a stop: the local port can't be bound; the client stays in Starting for good then
     void Start();
 
-    /// Stops the stages, producers first, and says goodbye. Only logs when the client does not run.
+    /// Stops the stages, producers first, and says goodbye. Only logs when the client does not run. A restart that still
+    /// waits for its time is dropped.
+    /// @throws SocketException  the socket can't be shut down; the client stays in Stopping for good then
     void Stop();
 
-    /// Queues a hello to everybody; logs and does nothing where the host can't be read.
+    /// Queues a hello to everybody; logs and does nothing where the host can't be read. What is queued before the start
+    /// waits for it; a stopped client does nothing. The same holds for the next two.
     void SendHelloMessage();
 
     /// An event handler: queues a signature to everybody in the same way. It uses neither argument.
@@ -53,11 +60,13 @@ public:
     /// Says goodbye at once on the calling thread.
     void SendByeMessage();
 
-    /// Holds until the next stop. Does nothing while the client is stopped.
+    /// Holds until the next stop, which a restart includes. Does nothing while the client is stopped.
     void SetBroadcastProvider(const Tesmo::Sp<IBroadcastProvider>& provider);
 
     /// Event handlers for any thread: stop and start again, or stop, on a thread of their own. While one is under way
-    /// others are dropped; after AsyncStop all are, until a Start.
+    /// others are dropped, but for what is asked during a start: that is done when the start has ended. After AsyncStop
+    /// all are dropped, until a Start. A restart whose start fails to build the socket is tried again, and one that
+    /// follows a failed start waits (RestartSpacing); any other failure on that thread ends the process.
     void AsyncRestart(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args);
     void AsyncStop(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args);
 
@@ -71,8 +80,6 @@ public:
     Tesmo::System::EventHandler StopRequested;
 
 private:
-    using AsyncBody = void (*)(Tesmo::System::Object& client);
-
     void CreateSocket();
     void CreateWorkers();
     void HookEvents();
@@ -80,10 +87,10 @@ private:
     void LogCritical(const Tesmo::System::String& text);
     void EnqueueBroadcast(const Tesmo::Sp<ClientAction>& action);
     bool TryGetHost(const char* operation, DiscoveryHost& host);
-    void RunAsync(const char* text, AsyncBody body);
-    void JoinAsyncThread();
-    static void RestartBody(Tesmo::System::Object& client);
-    static void StopBody(Tesmo::System::Object& client);
+    Tesmo::Sp<DiscoveryClientTaskProcessor> TaskProcessor() const;
+    void DropStages();
+    void Perform(AsyncRequest request);
+    void StartAgain();
 
     Tesmo::Sp<DiscoveryPorts> ports;
     Tesmo::Sp<IDiscoverySocket> socket; ///< empty while the client is stopped
@@ -91,13 +98,12 @@ private:
     Tesmo::Sp<IDiscoveryClientDataGateway> gateway;
     Tesmo::Sp<DiscoveryClientMessageParser> messageParser;
     Tesmo::Sp<DiscoveryReceiver> receiver;
-    Tesmo::Sp<DiscoveryClientTaskProcessor> taskProcessor;
+    Tesmo::Sp<DiscoveryClientTaskProcessor> taskProcessor; ///< guarded by processorLock
     Tesmo::Sp<DiscoveryClientIPChangeWatcher> ipChangeWatcher;
-    Tesmo::Sp<Tesmo::System::Threading::Thread> asyncThread;
-    std::atomic<bool> asyncPending = false;
-    Tesmo::System::Object asyncLock; ///< guards asyncPending and asyncThread
+    Tesmo::System::Object processorLock;
     bool needsRebuild = false;
     Tesmo::System::LogStreams::LogStreamChannel channel;
+    AsyncRequests async;
     std::atomic<ClientState> state = ClientState::Unstarted;
     Tesmo::System::Object lifecycleLock; ///< held through Start and Stop; no worker may wait for it
 };

@@ -22,6 +22,23 @@ DiscoveryClientIPChangeWatcher::DiscoveryClientIPChangeWatcher(const Sp<IDiscove
     thread->Name(channel.ToString());
 }
 
+DiscoveryClientIPChangeWatcher::~DiscoveryClientIPChangeWatcher()
+{
+    if (!thread->IsAlive())
+    {
+        return;
+    }
+    stopRequested = true;
+    try
+    {
+        gateway->CancelWaitForIPChange();
+    }
+    catch (const std::exception&) // the wait then lasts until the next change of an address, as in Stop
+    {
+    }
+    thread->Join();
+}
+
 void DiscoveryClientIPChangeWatcher::Start()
 {
     thread->Start(*this);

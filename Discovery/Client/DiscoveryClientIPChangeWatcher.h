@@ -11,13 +11,14 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// Waits in the gateway for changes of the host's addresses and tells each by an event. Started once, stopped once; it
-/// must be stopped before it is destroyed.
-class DiscoveryClientIPChangeWatcher : public Tesmo::System::Object
+/// Waits in the gateway for changes of the host's addresses and tells each by an event. Started once, stopped once.
+class DiscoveryClientIPChangeWatcher final : public Tesmo::System::Object
 {
 public:
     /// @throws std::exception  gateway is empty
     explicit DiscoveryClientIPChangeWatcher(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway);
+    /// Ends a thread that still runs.
+    ~DiscoveryClientIPChangeWatcher() override;
 
     /// @throws ThreadStateException  started before
     void Start();

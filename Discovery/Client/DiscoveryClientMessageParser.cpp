@@ -36,11 +36,6 @@ DiscoveryClientMessageParser::DiscoveryClientMessageParser(const Sp<IDiscoveryCl
 {
 }
 
-DiscoveryClientMessageParser::~DiscoveryClientMessageParser()
-{
-    EndThread();
-}
-
 void DiscoveryClientMessageParser::ProcessMessage(const String& text, const IPAddress& sender)
 {
     const Sp<DiscoveryMessage> message = Deserialize(text);

@@ -17,7 +17,6 @@ public:
     explicit DiscoveryClientMessageParser(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway);
     DiscoveryClientMessageParser(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway,
                                  const Tesmo::System::String& channelName);
-    ~DiscoveryClientMessageParser() override;
 
     /// Raised on the parser's thread, once for each accepted request, with a ClientActionArgs.
     Tesmo::System::EventHandler ActionRequested;

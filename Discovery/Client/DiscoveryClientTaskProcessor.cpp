@@ -4,9 +4,7 @@
 #include "ChangeYourIPConfigAction.h"
 #include "Required.h"
 
-#include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/ObjectClosedException.h>
-#include <Core/System/Threading/Lock.h>
 #include <Core/System/Threading/Thread.h>
 #include <Discovery/Protocol/ByeMessage.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
@@ -15,7 +13,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <climits>
 #include <cstdint>
 #include <iterator>
 #include <typeinfo>
@@ -36,14 +33,12 @@ using Tesmo::System::Net::IPAddress;
 using Tesmo::System::Net::Sockets::AddressFamily;
 using Tesmo::System::Net::Sockets::SocketError;
 using Tesmo::System::Net::Sockets::SocketException;
-using Tesmo::System::Threading::Lock;
 using Tesmo::System::Threading::Thread;
 
 namespace
 {
-constexpr int DelaySteps = 10;        // answers to one broadcast are spread over this many steps
-constexpr int DelayStep = 10;         // milliseconds
-constexpr int SocketClosed = INT_MIN; // stands for an ObjectClosedException in the table of failures
+constexpr int DelaySteps = 10; // answers to one broadcast are spread over this many steps
+constexpr int DelayStep = 10;  // milliseconds
 
 struct SendFailure
 {
@@ -53,7 +48,6 @@ struct SendFailure
 };
 
 constexpr SendFailure SendFailures[] = {
-    {SocketClosed, "Message not sent : socket closed", true},
     {SocketError::Shutdown, "Message not sent : socket shut down", true},
     {SocketError::Interrupted, "Message not sent : socket interrupted", true},
     {SocketError::NotSocket, "Socket error : Operation attempted on a non-socket object.", true},
@@ -116,62 +110,38 @@ DiscoveryClientTaskProcessor::DiscoveryClientTaskProcessor(const Sp<IDiscoverySo
 {
 }
 
-DiscoveryClientTaskProcessor::~DiscoveryClientTaskProcessor()
-{
-    EndThread();
-}
-
 void DiscoveryClientTaskProcessor::EnqueueTask(const Object&, const EventArgs& args)
 {
     if (IsNull(args))
     {
         throw std::bad_cast();
     }
-    const Sp<ClientActionArgs> task(new ClientActionArgs(dynamic_cast<const ClientActionArgs&>(args)));
-    {
-        const Lock lock(queue.SyncRoot());
-        if (!HasRoom())
-        {
-            return;
-        }
-        queue.Enqueue(task);
-    }
-    CountTask();
+    tasks.Enqueue(Sp<EventArgs>(new ClientActionArgs(dynamic_cast<const ClientActionArgs&>(args))));
 }
 
 void DiscoveryClientTaskProcessor::ProcessTask()
 {
-    Sp<ClientActionArgs> task;
-    if (!TryDequeue(task))
+    Sp<EventArgs> next;
+    if (!tasks.TryDequeue(next))
     {
         return; // a count without a task is the signal of Stop
     }
-    switch (task->Action->Type)
+    const auto& task = dynamic_cast<const ClientActionArgs&>(*next);
+    switch (task.Action->Type)
     {
     case ClientActionType::BroadcastSignature:
-        SendHost(*task, DiscoveryMessageType::SignatureBroadcast);
+        SendHost(task, DiscoveryMessageType::SignatureBroadcast);
         break;
     case ClientActionType::Hello:
-        SendHost(*task, DiscoveryMessageType::Hello);
+        SendHost(task, DiscoveryMessageType::Hello);
         break;
     case ClientActionType::ChangeYourIPConfig:
-        ChangeIPConfig(*task);
+        ChangeIPConfig(task);
         break;
     case ClientActionType::ChangeYourHostName:
-        ChangeHostName(*task);
+        ChangeHostName(task);
         break;
     }
-}
-
-bool DiscoveryClientTaskProcessor::TryDequeue(Sp<ClientActionArgs>& task)
-{
-    const Lock lock(queue.SyncRoot());
-    if (queue.Count() == 0)
-    {
-        return false;
-    }
-    task = queue.Dequeue();
-    return true;
 }
 
 void DiscoveryClientTaskProcessor::SendHost(const ClientActionArgs& task, DiscoveryMessageType type)
@@ -363,11 +333,12 @@ void DiscoveryClientTaskProcessor::SendMessage(const DiscoveryMessage& message, 
     }
     catch (const SocketException& failure)
     {
-        HandleSendFailure(failure, failure.SocketErrorCode().Value());
+        HandleSendFailure(failure);
     }
     catch (const ObjectClosedException& failure)
     {
-        HandleSendFailure(failure, SocketClosed);
+        DiscoveryLogger::Instance().Write(channel, "Message not sent : socket closed", failure);
+        RaiseRestartRequested();
     }
 }
 
@@ -391,8 +362,9 @@ void DiscoveryClientTaskProcessor::SendText(const String& json, const IPAddress&
     }
 }
 
-void DiscoveryClientTaskProcessor::HandleSendFailure(const Exception& failure, int errorCode)
+void DiscoveryClientTaskProcessor::HandleSendFailure(const SocketException& failure)
 {
+    const int errorCode = failure.SocketErrorCode().Value();
     const auto* const known = std::find_if(std::begin(SendFailures), std::end(SendFailures),
                                            [errorCode](const SendFailure& row) { return row.code == errorCode; });
     const bool isKnown = known != std::end(SendFailures);

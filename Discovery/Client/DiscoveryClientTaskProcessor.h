@@ -1,7 +1,7 @@
 #pragma once
 
 #include <Core/System/Collections/Generic/List.h>
-#include <Core/System/Collections/Generic/Queue.h>
+#include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/Random.h>
 #include <Discovery/Client/ClientActionArgs.h>
 #include <Discovery/Client/DiscoveryTaskProcessor.h>
@@ -27,7 +27,6 @@ public:
                                  const Tesmo::Sp<IDiscoverySocketFactory>& socketFactory,
                                  const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway,
                                  const Tesmo::System::String& channelName);
-    ~DiscoveryClientTaskProcessor() override;
 
     /// @param args  a ClientActionArgs, of which a copy is queued
     /// @throws std::bad_cast  args is null or of another class
@@ -45,7 +44,6 @@ protected:
     void ProcessTask() override;
 
 private:
-    bool TryDequeue(Tesmo::Sp<ClientActionArgs>& task);
     void SendHost(const ClientActionArgs& task, DiscoveryMessageType type);
     void ChangeIPConfig(const ClientActionArgs& task);
     void ChangeHostName(const ClientActionArgs& task);
@@ -60,9 +58,8 @@ private:
                      IDiscoverySocket& carrier);
     void SendText(const Tesmo::System::String& json, const Tesmo::System::Net::IPAddress& address,
                   IDiscoverySocket& carrier);
-    void HandleSendFailure(const Tesmo::System::Exception& failure, int errorCode);
+    void HandleSendFailure(const Tesmo::System::Net::Sockets::SocketException& failure);
 
-    Tesmo::System::Collections::Generic::Queue<Tesmo::Sp<ClientActionArgs>> queue; ///< its SyncRoot is the lock
     Tesmo::Sp<IDiscoverySocketFactory> socketFactory;
     Tesmo::Sp<IDiscoveryClientDataGateway> gateway;
     Tesmo::System::Random random;

@@ -1,10 +1,6 @@
 #include "DiscoveryMessageParser.h"
 
-#include "StageCapacity.h"
-
 #include <Core/System/FormatException.h>
-#include <Core/System/Threading/Lock.h>
-#include <Core/System/Threading/SemaphoreFullException.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 
 namespace Zelkor::Discovery
@@ -15,65 +11,33 @@ using Tesmo::System::FormatException;
 using Tesmo::System::Object;
 using Tesmo::System::String;
 using Tesmo::System::LogStreams::LogStreamLevel;
-using Tesmo::System::Threading::Lock;
-using Tesmo::System::Threading::SemaphoreFullException;
 using Tesmo::System::Threading::ThreadPriority;
 
 DiscoveryMessageParser::DiscoveryMessageParser() : DiscoveryMessageParser("MessageParser") {}
 
 DiscoveryMessageParser::DiscoveryMessageParser(const String& channelName)
     : DiscoveryWorker(ThreadMain, Sp<IDiscoverySocket>(), channelName),
-      semaphore(0, StageCapacity)
+      queue(channel, "datagram")
 {
     SetPriority(ThreadPriority::Normal);
 }
 
-void DiscoveryMessageParser::Enqueue(Sp<Datagram> datagram)
+void DiscoveryMessageParser::Enqueue(const Sp<Datagram>& datagram)
 {
-    {
-        const Lock lock(queue.SyncRoot());
-        if (lastQueueCount + 1 > StageCapacity - 1)
-        {
-            LogRefusal();
-            return;
-        }
-        queue.Enqueue(datagram);
-    }
-    try
-    {
-        lastQueueCount = semaphore.Release();
-    }
-    catch (const SemaphoreFullException&) // the count of a Stop took the last place
-    {
-        lastQueueCount = StageCapacity - 1;
-        LogRefusal();
-    }
+    queue.Enqueue(datagram);
 }
 
-void DiscoveryMessageParser::LogRefusal()
+void DiscoveryMessageParser::RequestEnd()
 {
-    DiscoveryLogger::Instance().Write(
-        channel, String::Format("Semaphore is full ({0}) !!! Ignoring this datagram...", lastQueueCount + 1),
-        LogStreamLevel::Critical);
+    DiscoveryWorker::RequestEnd();
+    queue.WakeUp();
 }
 
 void DiscoveryMessageParser::Stop()
 {
     DiscoveryLogger& log = DiscoveryLogger::Instance();
     log.Write(channel, "Stopping message parser", LogStreamLevel::Critical);
-    stopRequested = true;
-    try
-    {
-        semaphore.Release();
-    }
-    catch (const SemaphoreFullException&) // then the thread has counts enough to wake up
-    {
-    }
-    catch (const Exception& failure)
-    {
-        log.Write(channel, "Semaphore error", failure);
-        throw Exception(failure);
-    }
+    RequestEnd();
     DiscoveryWorker::Stop();
     stopRequested = false;
     log.Write(channel, "---Message parser stopped---", LogStreamLevel::Critical);
@@ -89,25 +53,14 @@ void DiscoveryMessageParser::Run()
     DiscoveryLogger::Instance().Write(channel, "---Waiting for messages...", LogStreamLevel::Critical);
     do
     {
-        semaphore.WaitOne();
+        queue.Wait();
         Sp<Datagram> datagram;
-        if (!TryDequeue(datagram))
+        if (!queue.TryDequeue(datagram))
         {
             return; // a count without a datagram is the signal of Stop
         }
         Process(*datagram);
     } while (!stopRequested);
-}
-
-bool DiscoveryMessageParser::TryDequeue(Sp<Datagram>& datagram)
-{
-    const Lock lock(queue.SyncRoot());
-    if (queue.Count() == 0)
-    {
-        return false;
-    }
-    datagram = queue.Dequeue();
-    return true;
 }
 
 void DiscoveryMessageParser::Process(const Datagram& datagram)

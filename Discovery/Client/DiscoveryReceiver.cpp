@@ -32,16 +32,11 @@ DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& givenSocket,
 {
 }
 
-DiscoveryReceiver::~DiscoveryReceiver()
-{
-    EndThread();
-}
-
 void DiscoveryReceiver::Stop()
 {
     DiscoveryLogger& log = DiscoveryLogger::Instance();
     log.Write(channel, "Stopping receiver", LogStreamLevel::Critical);
-    stopRequested = true;
+    RequestEnd();
     DiscoveryWorker::Stop();
     log.Write(channel, "---Receiver stopped---", LogStreamLevel::Critical);
 }

@@ -18,7 +18,6 @@ public:
                       const Tesmo::Sp<DiscoveryMessageParser>& messageParser);
     DiscoveryReceiver(const Tesmo::Sp<IDiscoverySocket>& givenSocket,
                       const Tesmo::Sp<DiscoveryMessageParser>& messageParser, const Tesmo::System::String& channelName);
-    ~DiscoveryReceiver() override;
 
     /// Closes the socket under the thread and joins it.
     void Stop() override;
@@ -35,7 +34,6 @@ private:
     bool Survives(const Tesmo::System::Net::Sockets::SocketException& failure);
     void EndWith(const Tesmo::System::String& text, const Tesmo::System::Exception& failure);
 
-    std::atomic<bool> stopRequested = false;
     Tesmo::Sp<DiscoveryMessageParser> messageParser;
 };
 } // namespace Zelkor::Discovery

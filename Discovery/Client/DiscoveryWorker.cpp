@@ -32,14 +32,6 @@ DiscoveryWorker::DiscoveryWorker(ThreadRoutine threadMain, const Sp<IDiscoverySo
     thread->Name(channelName);
 }
 
-DiscoveryWorker::~DiscoveryWorker()
-{
-    if (thread->IsAlive())
-    {
-        thread->Join();
-    }
-}
-
 void DiscoveryWorker::SetPriority(const ThreadPriority& value)
 {
     priority = value;
@@ -78,12 +70,31 @@ void DiscoveryWorker::CloseSocket()
     }
 }
 
-void DiscoveryWorker::EndThread()
+void DiscoveryWorker::RequestEnd()
 {
-    if (thread->IsAlive())
+    stopRequested = true;
+}
+
+void DiscoveryWorker::EndThread() noexcept
+{
+    if (!thread->IsAlive())
     {
-        Stop();
+        return;
     }
+    RequestEnd();
+    if (!(socket == null))
+    {
+        const Lock lock(*socket);
+        try
+        {
+            socket->Shutdown();
+        }
+        catch (const std::exception&) // the close alone wakes the thread as well
+        {
+        }
+        socket->Close();
+    }
+    thread->Join();
 }
 
 void DiscoveryWorker::RaiseRestartRequested()

@@ -7,16 +7,15 @@
 #include <Core/System/Threading/Thread.h>
 #include <Discovery/Transport/IDiscoverySocket.h>
 
+#include <atomic>
+
 namespace Zelkor::Discovery
 {
 /// Thread base of the client's stages: one thread, and for the stages that touch the network the shared socket. A worker
-/// is started once, stopped once and then dropped.
+/// is started once, stopped once and then dropped. It is made as a CompleteWorker of its class, and only so.
 class DiscoveryWorker : public Tesmo::System::Object
 {
 public:
-    /// Joins the thread. A class that the thread still uses ends it in its own destructor, by EndThread.
-    ~DiscoveryWorker() override;
-
     /// Holds from the next Start on; Normal at first.
     void SetPriority(const Tesmo::System::Threading::ThreadPriority& value);
 
@@ -47,13 +46,21 @@ protected:
     DiscoveryWorker(ThreadRoutine threadMain, const Tesmo::Sp<IDiscoverySocket>& givenSocket,
                     const Tesmo::System::String& channelName);
 
-    /// Stops the worker if its thread still runs. For the destructors of the classes that the thread uses.
-    void EndThread();
+    /// Tells the thread to end, before its socket is closed: sets stopRequested. A stage that waits elsewhere adds what
+    /// wakes it. Any thread.
+    virtual void RequestEnd();
+
+    /// Ends a thread that still runs, whatever fails, and logs nothing.
+    void EndThread() noexcept;
 
     Tesmo::Sp<IDiscoverySocket> socket;
     Tesmo::System::LogStreams::LogStreamChannel channel;
+    std::atomic<bool> stopRequested = false;
 
 private:
+    /// Only CompleteWorker has it: so no class can leave out the end of the thread.
+    virtual void BeComplete() const = 0;
+
     void CloseSocket();
     void Raise(const Tesmo::System::EventHandler& event);
     bool IsClosedOnPurpose() const;

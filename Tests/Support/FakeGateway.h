@@ -1,13 +1,13 @@
 #pragma once
 
 #include <Core/System/Exception.h>
-#include <Core/System/Threading/EventWaitHandle.h>
 #include <Core/System/Threading/Semaphore.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
 #include <gmock/gmock.h>
 
 #include <atomic>
 #include <climits>
+#include <functional>
 #include <string>
 
 namespace Zelkor::Discovery::Client
@@ -47,11 +47,7 @@ public:
     MOCK_METHOD(Tesmo::System::String, GetSerialNumber, (), (override));
     DiscoveryHost GetHost() override
     {
-        hostReads++;
-        if (hold)
-        {
-            mayRead.WaitOne();
-        }
+        beforeHost();
         Check("GetHost");
         return host;
     }
@@ -82,6 +78,7 @@ public:
     int CancelWaitForIPChange() override
     {
         changes.Release();
+        onCancel();
         Check("CancelWaitForIPChange");
         return 0;
     }
@@ -91,9 +88,8 @@ public:
     std::atomic<bool> changeResult = true;
     std::string failing; ///< the name of one operation
     std::string calls;
-    std::atomic<int> hostReads = 0;
-    std::atomic<bool> hold = false; ///< GetHost waits for mayRead
-    Tesmo::System::Threading::EventWaitHandle mayRead{false, Tesmo::System::Threading::EventResetMode::ManualReset};
+    std::function<void()> beforeHost = [] {}; ///< runs within GetHost
+    std::function<void()> onCancel = [] {};   ///< runs within CancelWaitForIPChange, when the wait is ended
     Tesmo::System::Threading::Semaphore changes{0, INT_MAX};  ///< one count ends one wait for a change
     Tesmo::System::Threading::Semaphore watching{0, INT_MAX}; ///< counts the waits that have begun
 

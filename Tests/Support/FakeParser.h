@@ -15,11 +15,6 @@ namespace Zelkor::Discovery
 class FakeParser : public DiscoveryMessageParser
 {
 public:
-    ~FakeParser() override
-    {
-        EndThread();
-    }
-
     Tesmo::System::Threading::Semaphore entered{0, 1000}; ///< counts the messages
     Tesmo::System::Threading::EventWaitHandle goOn{true, Tesmo::System::Threading::EventResetMode::ManualReset};
     std::vector<std::string> texts;

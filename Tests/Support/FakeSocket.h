@@ -95,7 +95,10 @@ public:
     void Close() override
     {
         beforeClose();
-        closed = true;
+        if (!closed.exchange(true) && !shutDown)
+        {
+            Fail(Tesmo::System::Net::Sockets::SocketError::Interrupted);
+        }
     }
     bool IsShutDownFlag() const override
     {
@@ -165,13 +168,10 @@ public:
     {
         const std::string text(bytes.Get(), bytes.Get() + size);
         types += text.substr(25, text.find('"', 25) - 25) + ";"; // behind {"DiscoveryMessageType":"
-        if (failure != 0)
-        {
-            ThrowFailure(failure);
-        }
+        onSend();
     }
 
     std::string types;
-    int failure = 0;
+    std::function<void()> onSend = [] {};
 };
 } // namespace Zelkor::Discovery

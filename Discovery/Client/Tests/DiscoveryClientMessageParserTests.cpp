@@ -3,6 +3,7 @@
 #include <Discovery/Client/ChangeYourHostNameAction.h>
 #include <Discovery/Client/ChangeYourIPConfigAction.h>
 #include <Discovery/Client/ClientActionArgs.h>
+#include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
 #include <Tests/Support/LogRecorder.h>
 
@@ -73,7 +74,7 @@ protected:
     }
 
     Sp<FakeGateway> gateway;
-    Parser parser;
+    CompleteWorker<Parser> parser;
 };
 
 TEST_F(DiscoveryClientMessageParserTests, TypeTargetAndKindOfDeliveryDecideWhatIsDone)

@@ -3,6 +3,7 @@
 
 #include <Discovery/Client/ChangeYourHostNameAction.h>
 #include <Discovery/Client/ChangeYourIPConfigAction.h>
+#include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryClientTaskProcessor.h>
 #include <Discovery/Client/HelloAction.h>
 #include <Tests/Support/LogRecorder.h>
@@ -27,10 +28,6 @@ public:
         : DiscoveryClientTaskProcessor(shared, factory, host)
     {
         RestartRequested += EventHandler(*this, &Processor::Count);
-    }
-    ~Processor() override
-    {
-        EndThread();
     }
     void Enqueue(ClientAction* action, const IPAddress& address = IPAddress::Broadcast)
     {
@@ -98,7 +95,7 @@ protected:
     Sp<FakeGateway> gateway;
     Sp<FakeSocket> socket;
     Sp<FakeSocketFactory> factory;
-    Processor processor;
+    CompleteWorker<Processor> processor;
 };
 
 TEST_F(DiscoveryClientTaskProcessorTests, AHostWithOneInterfaceOrNoneSendsOnTheSharedSocket)
@@ -220,7 +217,7 @@ TEST_F(DiscoveryClientTaskProcessorTests, AProviderTakesOnlyWhatIsForEverybody)
 {
     AddNIC("10.0.0.1");
     const Sp<FakeProvider> provider(new FakeProvider);
-    provider->failure = 10051;
+    provider->onSend = [] { ThrowFailure(10051); };
     processor.SetBroadcastProvider(provider);
     processor.Run(Signature(), IPAddress(10, 0, 0, 9));
     EXPECT_EQ("", provider->types);

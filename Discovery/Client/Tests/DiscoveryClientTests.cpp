@@ -1,28 +1,36 @@
 #include <Tests/Support/FakeGateway.h>
 #include <Tests/Support/FakeSocket.h>
 
+#include <Core/System/Threading/Thread.h>
 #include <Discovery/Client/DiscoveryClient.h>
 #include <Tests/Support/LogRecorder.h>
 
 #include <algorithm>
 #include <atomic>
-#include <memory>
+#include <stdexcept>
 #include <string>
 #include <thread>
+#include <tuple>
+#include <utility>
 
 namespace Zelkor::Discovery::Client
 {
 using Tesmo::Sp;
 using Tesmo::System::EventArgs;
+using Tesmo::System::Threading::Semaphore;
+using Tesmo::System::Threading::Thread;
 
 namespace
 {
+constexpr const char* Triggered = "C Discovery Client: Asynchronous restart triggered";
+
 /// Ports of their own for the tests; 65536 can't be bound.
 class Ports : public DiscoveryPorts
 {
 public:
     int GetLocalPort() const override
     {
+        beforeBind();
         return local;
     }
     int GetRemotePort() const override
@@ -30,6 +38,23 @@ public:
         return 12901;
     }
     std::atomic<int> local = 12900;
+    std::function<void()> beforeBind = [] {};
+};
+
+/// Restarts that the test spaces: each takes the next delay, the last of which stays.
+class Spacing : public RestartSpacing
+{
+public:
+    int Next(std::chrono::steady_clock::duration held) override
+    {
+        lastHeld = held;
+        asked.Release();
+        return ++count < waitsFrom ? 0 : -1;
+    }
+    std::atomic<int> waitsFrom = INT_MAX; ///< the first restart that waits for ever
+    std::atomic<int> count = 0;
+    std::chrono::steady_clock::duration lastHeld{};
+    Semaphore asked{0, INT_MAX};
 };
 
 std::string Join(const Rows& rows, const std::string& part)
@@ -41,6 +66,12 @@ std::string Join(const Rows& rows, const std::string& part)
     }
     return joined;
 }
+
+/// Waits for so many counts.
+bool Await(Semaphore& semaphore, int counts)
+{
+    return counts == 0 || (semaphore.WaitOne(10000) && Await(semaphore, counts - 1));
+}
 } // namespace
 
 class DiscoveryClientTests : public LogTest
@@ -49,13 +80,29 @@ protected:
     DiscoveryClientTests()
         : gateway(new FakeGateway),
           ports(new Ports),
-          provider(new FakeProvider),
-          client(std::make_unique<DiscoveryClient>(gateway, ports))
+          spacing(new Spacing),
+          provider(new FakeProvider)
     {
         gateway->host.AddNIC(FakeGateway::MakeNIC("1", "127.0.0.1"));
+        MakeClient();
         client->SetBroadcastProvider(provider);
     }
 
+    ~DiscoveryClientTests() override
+    {
+        EndClient();
+    }
+
+    void MakeClient()
+    {
+        EndClient();
+        client = new DiscoveryClient(gateway, ports, spacing);
+    }
+    void EndClient()
+    {
+        delete client;
+        client = nullptr;
+    }
     /// Ends the announcements: after a restart they would go to the network.
     void Silence()
     {
@@ -69,8 +116,10 @@ protected:
 
     Sp<FakeGateway> gateway;
     Sp<Ports> ports;
+    Sp<Spacing> spacing;
     Sp<FakeProvider> provider;
-    std::unique_ptr<DiscoveryClient> client;
+    Semaphore starts{0, INT_MAX};      ///< for the tests to count
+    DiscoveryClient* client = nullptr; // still set during its destruction, in which the fakes look at it
 };
 
 TEST_F(DiscoveryClientTests, AStartOrAStopInTheWrongStateIsAborted)
@@ -114,45 +163,183 @@ TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
     EXPECT_EQ("Hello;SignatureBroadcast;Bye;", provider->types);
 }
 
-TEST_F(DiscoveryClientTests, SeveralRequestsMakeOneRestartWhichBuildsEverythingAnew)
+TEST_F(DiscoveryClientTests, AStoppedClientSendsNothing)
 {
-    Silence();
     client->Start();
-    ASSERT_TRUE(log.WaitFor("C IPChangeWatcher: ---Waiting for IP changes..."));
+    client->Stop();
+    provider->types = "";
     log.Take();
-    gateway->hold = true; // a restart reads the host before it ends
-    std::thread second([this] { Restart(); });
-    Restart();
-    second.join();
-    gateway->mayRead.Set();
-    for (const char* row :
-         {"C ClientTaskProcessor: ---Waiting for tasks...", "C MessageParser: ---Waiting for messages...",
-          "C Receiver: ---Listening...", "C IPChangeWatcher: ---Waiting for IP changes..."})
-    {
-        EXPECT_TRUE(log.WaitFor(row)) << row;
-    }
-    client.reset(); // waits for the end of the restart
-    const Rows rows = log.Take();
-    EXPECT_EQ(1, std::count(rows.begin(), rows.end(), "C Discovery Client: Asynchronous restart triggered"));
-    EXPECT_EQ(2, std::count(rows.begin(), rows.end(), "C Discovery Client: Discovery Client service stopped"));
-    EXPECT_EQ("Discovery Client: SendHelloMessage aborted : exception caught during call to "
-              "IDiscoveryClientDataGateway::GetHost !\n",
-              Join(rows, "SendHelloMessage"));
+    client->SendHelloMessage();
+    client->SendSignature(*client, EventArgs());
+    client->SendByeMessage();
+    client->SetBroadcastProvider(provider);
+    EXPECT_TRUE(log.Take().empty());
+    EXPECT_EQ("", provider->types);
 }
 
-TEST_F(DiscoveryClientTests, AFailedRestartLeavesTheClientDownWithoutARow)
+TEST_F(DiscoveryClientTests, EachRequestIsAnsweredByOneRestartWheneverItComes)
+{
+    Silence();
+    gateway->changeResult = false;            // a cancel that comes before the wait ends the next one
+    using Row = std::tuple<const char*, int>; // when two more requests come, and the starts in all
+    for (const auto& [moment, expected] : {Row{"Starting 1", 2}, Row{"cancel 1", 2}, Row{"Stopping 1", 2},
+                                           Row{"bind 2", 2}, Row{"Starting 2", 3}, Row{"never", 2}})
+    {
+        SCOPED_TRACE(moment);
+        int number = 0; // of the start, which one thread at a time makes
+        const auto reach = [&, this](const std::string& name)
+        {
+            if (name + " " + std::to_string(number) == moment)
+            {
+                std::thread other([this] { Restart(); }); // must not wait for the start or the stop
+                Restart();
+                other.join();
+            }
+        };
+        gateway->beforeHost = [&, this]
+        {
+            if (client->State() == ClientState::Starting)
+            {
+                number++;
+                starts.Release();
+            }
+            reach(ToDisplayText(client->State()).Utf8()); // Stopping: the bye reads the host
+        };
+        gateway->onCancel = [&] { reach("cancel"); };
+        ports->beforeBind = [&] { (number += 1, reach("bind"), number -= 1); };
+        MakeClient();
+        log.Take();
+
+        client->Start();
+        std::string("Starting 1") == moment ? void() : Restart();
+        ASSERT_TRUE(Await(starts, expected));
+        client->Stop(); // waits for the start under way
+        EXPECT_EQ(ClientState::Stopped, client->State());
+        EndClient();
+        EXPECT_EQ(expected - 1, std::ranges::count(log.Take(), Triggered));
+    }
+}
+
+TEST_F(DiscoveryClientTests, ARequestDuringTheStopOfAnotherThreadBringsTheClientUpAgain)
 {
     Silence();
     client->Start();
+    bool isFirst = true;
+    gateway->onCancel = [&, this] { std::exchange(isFirst, false) ? Restart() : void(); };
+    gateway->beforeHost = [this] { client->State() == ClientState::Starting ? starts.Release() : 0; };
+    ports->beforeBind = [] { EXPECT_EQ("Restart", Thread::CurrentThread()->Name()); };
+    client->Stop();
+    ASSERT_TRUE(Await(starts, 1));
+    EndClient(); // waits for the end of the restart
+    EXPECT_EQ("C Discovery Client: Discovery Client service stopped", log.Take().back());
+}
+
+TEST_F(DiscoveryClientTests, AFailureThatComesBackWithEachHelloIsSpacedAndAStopEndsTheWait)
+{
+    spacing->waitsFrom = 10;
+    provider->onSend = [] { ThrowFailure(10038); };
+    gateway->beforeHost = [this]
+    {
+        if (client->State() == ClientState::Starting)
+        {
+            client->SetBroadcastProvider(provider); // a restart loses it, and the bye of a stop needs none
+        }
+    };
+    std::thread stranger( // who may send at any time
+        [this]
+        {
+            for (int round = 0; round < 200; ++round)
+            {
+                client->SetBroadcastProvider(provider);
+                client->SendHelloMessage();
+                std::this_thread::yield();
+            }
+        });
+    client->Start();
+    EXPECT_TRUE(Await(spacing->asked, 10));
+    EXPECT_LT(spacing->lastHeld, std::chrono::seconds(30));
+    stranger.join();
+    client->Stop();
+    EXPECT_EQ(ClientState::Stopped, client->State());
+    client->Start(); // the next failure waits for ever as well
+    EXPECT_TRUE(Await(spacing->asked, 1));
+    EndClient();
+    EXPECT_EQ(11, std::ranges::count(log.Take(), Triggered));
+}
+
+TEST_F(DiscoveryClientTests, ARestartThatCannotBindIsTriedAgainWithoutARow)
+{
+    Silence();
+    client->Start();
+    spacing->waitsFrom = 4;
     ports->local = 65536;
     log.Take();
     Restart();
-    ASSERT_TRUE(log.WaitFor("C Discovery Client: Starting Discovery Client service (1.0.23)"));
-    Restart();
-    client.reset();
+    ASSERT_TRUE(Await(spacing->asked, 4)); // one restart, two failed starts, and one that waits
+    EXPECT_EQ(ClientState::Stopped, client->State());
     const Rows rows = log.Take();
-    EXPECT_EQ(1, std::count(rows.begin(), rows.end(), "C Discovery Client: Asynchronous restart triggered"));
+    EXPECT_EQ(1, std::ranges::count(rows, Triggered));
     EXPECT_EQ("C Discovery Client: Starting Discovery Client service (1.0.23)", rows.back());
+    ports->local = 12900;
+    client->Start(); // takes its place
+    EXPECT_EQ(ClientState::Running, client->State());
+    client->Stop();
+    ports->local = 65536;
+    EXPECT_THROW(client->Start(), Tesmo::System::Exception); // nobody tries that again
+    EXPECT_EQ(ClientState::Starting, client->State());
+    EXPECT_EQ(4, spacing->count);
+}
+
+TEST_F(DiscoveryClientTests, AnyOtherFailureOfARestartEndsTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    provider->onSend = [this]
+    {
+        if (client->State() == ClientState::Stopping) // the bye
+        {
+            throw Tesmo::System::Exception("no failure of a socket", ThrowSite);
+        }
+    };
+    const auto restart = [this]
+    {
+        client->Start();
+        Restart();
+        log.WaitFor("C ClientTaskProcessor: ---Task Processor stopped---"); // the bye is next
+        EndClient();
+    };
+    EXPECT_DEATH(restart(), "");
+}
+
+TEST_F(DiscoveryClientTests, WhatRunsEndsWithTheClientInEveryState)
+{
+    const auto fail = [] { throw std::runtime_error("no Exception of the library"); };
+    for (const ClientState state : {ClientState::Starting, ClientState::Stopping, ClientState::Running})
+    {
+        SCOPED_TRACE(ToDisplayText(state).Utf8());
+        MakeClient();
+        Silence();
+        gateway->beforeHost = [&] { state == ClientState::Starting ? fail() : void(); };
+        gateway->onCancel = fail;
+        const auto reach = [&, this]
+        {
+            client->Start();
+            state == ClientState::Stopping ? client->Stop() : void();
+        };
+        if (state == ClientState::Running)
+        {
+            reach();
+        }
+        else
+        {
+            EXPECT_THROW(reach(), std::runtime_error);
+        }
+        EXPECT_EQ(state, client->State());
+        ASSERT_TRUE(log.WaitFor("C MessageParser: ---Waiting for messages..."));
+        EndClient();
+        gateway->beforeHost = [] { ADD_FAILURE() << "a thread lives on"; };
+        gateway->changes.Release(2);
+        EXPECT_EQ(1u, gateway.UseCount());
+    }
 }
 
 TEST_F(DiscoveryClientTests, AnAsynchronousStopIsForGood)
@@ -164,6 +351,5 @@ TEST_F(DiscoveryClientTests, AnAsynchronousStopIsForGood)
     log.Take();
     Restart();
     EXPECT_TRUE(log.Take().empty());
-    client->SetBroadcastProvider(provider); // there is no processor to take it
 }
 } // namespace Zelkor::Discovery::Client

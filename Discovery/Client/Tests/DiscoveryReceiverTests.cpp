@@ -1,6 +1,7 @@
 #include <Tests/Support/FakeParser.h>
 #include <Tests/Support/FakeSocket.h>
 
+#include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryReceiver.h>
 #include <Tests/Support/LogRecorder.h>
 
@@ -15,7 +16,7 @@ using Threading::Semaphore;
 class DiscoveryReceiverTests : public LogTest
 {
 protected:
-    DiscoveryReceiverTests() : socket(new FakeSocket), parser(new FakeParser), receiver(socket, parser)
+    DiscoveryReceiverTests() : socket(new FakeSocket), parser(new CompleteWorker<FakeParser>), receiver(socket, parser)
     {
         DiscoveryReceiver::MessageSize = 2048;
         receiver.RestartRequested += EventHandler(*this, &DiscoveryReceiverTests::Count);
@@ -23,7 +24,7 @@ protected:
 
     Sp<FakeSocket> socket;
     Sp<FakeParser> parser;
-    DiscoveryReceiver receiver;
+    CompleteWorker<DiscoveryReceiver> receiver;
     Semaphore restarts{0, 100};
 
 private:
@@ -99,7 +100,7 @@ TEST_F(DiscoveryReceiverTests, FatalFailuresEndItAndAskForOneRestart)
     {
         SCOPED_TRACE(code);
         const Sp<FakeSocket> dying(new FakeSocket);
-        DiscoveryReceiver victim(dying, parser);
+        CompleteWorker<DiscoveryReceiver> victim(dying, parser);
         victim.RestartRequested = receiver.RestartRequested;
         dying->Fail(code);
         victim.Start();

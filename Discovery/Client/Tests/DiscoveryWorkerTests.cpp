@@ -2,6 +2,8 @@
 #include <Tests/Support/FakeSocket.h>
 
 #include <Core/System/Threading/ThreadStateException.h>
+#include <Discovery/Client/CompleteWorker.h>
+#include <Discovery/Client/DiscoveryReceiver.h>
 #include <Tests/Support/LogRecorder.h>
 
 #include <thread>
@@ -33,7 +35,7 @@ class DiscoveryWorkerTests : public LogTest
 {
 protected:
     const Sp<FakeSocket> socket{new FakeSocket};
-    Worker worker{socket};
+    CompleteWorker<Worker> worker{socket};
 };
 
 class DiscoveryMessageParserTests : public LogTest
@@ -45,7 +47,7 @@ protected:
             new Datagram{Sp<String>(new String(text)), Sp<IPEndPoint>(new IPEndPoint(IPAddress::Any, 0))}));
     }
 
-    FakeParser parser;
+    CompleteWorker<FakeParser> parser;
 };
 
 TEST_F(DiscoveryWorkerTests, AWorkerIsStartedOnceAndStopClosesItsSocket)
@@ -82,7 +84,7 @@ TEST_F(DiscoveryWorkerTests, OnlyASocketThatIsShutDownAndClosedKeepsARestartFrom
     socket->Close();
     worker.RaiseRestartRequested();
     EXPECT_EQ(3, worker.raised);
-    EXPECT_THROW(Worker(Sp<IDiscoverySocket>()).RaiseRestartRequested(), std::exception);
+    EXPECT_THROW(CompleteWorker<Worker>(Sp<IDiscoverySocket>()).RaiseRestartRequested(), std::exception);
 }
 
 TEST_F(DiscoveryMessageParserTests, After512OutstandingDatagramsItRefusesForEver)
@@ -146,9 +148,46 @@ TEST_F(DiscoveryMessageParserTests, AStopWithABacklogEndsAfterTheMessageUnderWay
     EXPECT_FALSE(parser.entered.WaitOne(0));
 }
 
-TEST_F(DiscoveryMessageParserTests, AParserThatWasNotStoppedEndsItsThreadItself)
+TEST_F(DiscoveryWorkerTests, AWorkerThatWasNotStoppedEndsItsThreadItself)
 {
-    FakeParser().Start();
-    EXPECT_EQ("C MessageParser: ---Message parser stopped---", log.Take().back());
+    for (const int failure : {0, 10038})
+    {
+        SCOPED_TRACE(failure);
+        const Sp<FakeSocket> shared(new FakeSocket);
+        shared->shutdownFailure = failure;
+        const Sp<FakeParser> consumer(new CompleteWorker<FakeParser>);
+        consumer->Start();
+        CompleteWorker<DiscoveryReceiver>(shared, consumer).Start();
+        EXPECT_TRUE(shared->IsClosed());
+        EXPECT_EQ(1, std::ranges::count(log.Take(), failure == 0
+                                                        ? "E Receiver: The socket has been shut down : ending worker."
+                                                        : "E Receiver: The socket has been closed : ending worker."));
+    }
+}
+
+TEST(StageQueueTests, WhatIsToldAsIgnoredIsNotInTheQueue)
+{
+    LogRecorder log;
+    const LogStreams::LogStreamChannel channel("Stage");
+    StageQueue<Datagram> queue(channel, "record");
+    for (int count = 0; count < 511; ++count)
+    {
+        queue.Enqueue(Sp<Datagram>(new Datagram));
+    }
+    queue.WakeUp(); // takes the last place
+    queue.WakeUp();
+    EXPECT_TRUE(log.Take().empty());
+    for (int count = 0; count < 2; ++count)
+    {
+        queue.Enqueue(Sp<Datagram>(new Datagram));
+        EXPECT_EQ(Rows{"C Stage: Semaphore is full (512) !!! Ignoring this record..."}, log.Take());
+    }
+    Sp<Datagram> taken;
+    int count = 0;
+    while (queue.TryDequeue(taken))
+    {
+        count++;
+    }
+    EXPECT_EQ(511, count);
 }
 } // namespace Zelkor::Discovery

@@ -1,0 +1,154 @@
+#include "AsyncRequests.h"
+
+#include "Required.h"
+
+#include <Core/System/Threading/Lock.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
+
+#include <utility>
+
+namespace Zelkor::Discovery::Client
+{
+using Tesmo::null;
+using Tesmo::Sp;
+using Tesmo::System::Object;
+using Tesmo::System::LogStreams::LogStreamChannel;
+using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::System::Threading::EventResetMode;
+using Tesmo::System::Threading::Lock;
+using Tesmo::System::Threading::ParameterizedThreadStart;
+using Tesmo::System::Threading::Thread;
+
+AsyncRequests::AsyncRequests(const LogStreamChannel& clientChannel, const Sp<RestartSpacing>& givenSpacing,
+                             Work givenWork)
+    : channel(clientChannel),
+      work(std::move(givenWork)),
+      spacing(Required(givenSpacing)),
+      withdrawn(false, EventResetMode::ManualReset)
+{
+}
+
+void AsyncRequests::Ask(AsyncRequest request)
+{
+    const Lock lock(asyncLock);
+    if (isStarting)
+    {
+        askedInStart = askedInStart == AsyncRequest::None ? request : askedInStart;
+    }
+    else if (!asyncPending)
+    {
+        Accept(request);
+    }
+}
+
+void AsyncRequests::BeginStart()
+{
+    Withdraw();
+    const Lock lock(asyncLock);
+    isStarting = true;
+    askedInStart = AsyncRequest::None;
+}
+
+void AsyncRequests::EndStart()
+{
+    const Lock lock(asyncLock);
+    isStarting = false;
+    asyncPending = false;
+    lastStart = std::chrono::steady_clock::now();
+    if (askedInStart != AsyncRequest::None)
+    {
+        Accept(askedInStart);
+    }
+}
+
+void AsyncRequests::FailStart()
+{
+    const Lock lock(asyncLock);
+    lastStart = std::chrono::steady_clock::now();
+    Schedule(AsyncRequest::Restart);
+}
+
+void AsyncRequests::Withdraw()
+{
+    const Lock lock(asyncLock);
+    if (next != AsyncRequest::None && delay != 0)
+    {
+        next = AsyncRequest::None;
+        asyncPending = false;
+        withdrawn.Set();
+    }
+}
+
+void AsyncRequests::End()
+{
+    {
+        const Lock lock(asyncLock);
+        isEnding = true;
+        next = AsyncRequest::None;
+        withdrawn.Set();
+    }
+    if (!(asyncThread == null)) // nobody makes another one any more
+    {
+        asyncThread->Join();
+    }
+}
+
+void AsyncRequests::Accept(AsyncRequest request)
+{
+    asyncPending = true;
+    DiscoveryLogger::Instance().Write(
+        channel, request == AsyncRequest::Restart ? "Asynchronous restart triggered" : "Asynchronous stop triggered",
+        LogStreamLevel::Critical);
+    Schedule(request);
+}
+
+void AsyncRequests::Schedule(AsyncRequest request)
+{
+    if (isEnding)
+    {
+        return;
+    }
+    next = request;
+    delay = request == AsyncRequest::Restart ? spacing->Next(std::chrono::steady_clock::now() - lastStart) : 0;
+    withdrawn.Reset();
+    if (!isRunning)
+    {
+        StartThread();
+    }
+}
+
+void AsyncRequests::StartThread()
+{
+    if (!(asyncThread == null))
+    {
+        asyncThread->Join(); // it is about to end, and takes no lock any more
+    }
+    asyncThread.Reset(new Thread(ParameterizedThreadStart(ThreadMain)));
+    asyncThread->Name("Restart");
+    asyncThread->Start(*this);
+    isRunning = true;
+}
+
+void AsyncRequests::ThreadMain(Object& object)
+{
+    auto& requests = dynamic_cast<AsyncRequests&>(object);
+    for (AsyncRequest request = requests.Await(); request != AsyncRequest::None; request = requests.Await())
+    {
+        requests.work(request);
+    }
+}
+
+/// The next request, when its time has come; None ends the thread.
+AsyncRequest AsyncRequests::Await()
+{
+    int limit = 0;
+    {
+        const Lock lock(asyncLock);
+        limit = next == AsyncRequest::None ? 0 : delay;
+    }
+    withdrawn.WaitOne(limit);
+    const Lock lock(asyncLock);
+    isRunning = next != AsyncRequest::None;
+    return std::exchange(next, AsyncRequest::None);
+}
+} // namespace Zelkor::Discovery::Client

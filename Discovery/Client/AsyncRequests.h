@@ -1,0 +1,75 @@
+#pragma once
+
+#include <Core/LogStream/LogStreamChannel.h>
+#include <Core/System/Object.h>
+#include <Core/System/Sp.h>
+#include <Core/System/Threading/EventWaitHandle.h>
+#include <Core/System/Threading/Thread.h>
+#include <Discovery/Client/RestartSpacing.h>
+
+#include <chrono>
+#include <functional>
+
+namespace Zelkor::Discovery::Client
+{
+/// What the stages of a client may ask for.
+enum class AsyncRequest
+{
+    None,
+    Restart,
+    Stop
+};
+
+/// Has the restarts and stops that a client's stages ask for done on a thread of its own, one after the other, and spaces
+/// those that follow a failed start. Any thread may call anything but End; nothing waits for the requests' work but End.
+class AsyncRequests : public Tesmo::System::Object
+{
+public:
+    /// Does the work, on the thread of this object. What it throws ends the process.
+    using Work = std::function<void(AsyncRequest request)>;
+
+    /// @param clientChannel  where accepted requests are logged; it must outlive this object
+    AsyncRequests(const Tesmo::System::LogStreams::LogStreamChannel& clientChannel,
+                  const Tesmo::Sp<RestartSpacing>& givenSpacing, Work givenWork);
+
+    /// Accepts the request, unless one is accepted already and no start has come after it: then it is dropped. During a
+    /// start the first one is kept and accepted at its end.
+    void Ask(AsyncRequest request);
+
+    /// A start begins: it takes the place of a restart that waits for its time. Its stages have asked for nothing yet.
+    void BeginStart();
+    /// A start is over, whoever made it: requests are accepted from now on.
+    void EndStart();
+    /// A start could not build its socket: a restart comes when its time has come.
+    void FailStart();
+
+    /// A stop is over: drops a restart that waits for its time, because that stop is its answer.
+    void Withdraw();
+
+    /// Drops what is asked for and will be, and waits for the work that is under way. The last call.
+    void End();
+
+private:
+    static void ThreadMain(Tesmo::System::Object& requests);
+    AsyncRequest Await();
+    void Accept(AsyncRequest request);
+    void Schedule(AsyncRequest request);
+    void StartThread();
+
+    const Tesmo::System::LogStreams::LogStreamChannel& channel;
+    const Work work;
+
+    Tesmo::System::Object asyncLock; ///< guards all that follows; nothing is waited for under it
+    Tesmo::Sp<RestartSpacing> spacing;
+    std::chrono::steady_clock::time_point lastStart;
+    AsyncRequest next = AsyncRequest::None;         ///< accepted, its work has not begun
+    AsyncRequest askedInStart = AsyncRequest::None; ///< to be accepted when the start is over
+    int delay = 0;                                  ///< milliseconds before the work on next
+    bool asyncPending = false;                      ///< requests are dropped
+    bool isStarting = false;
+    bool isEnding = false;
+    bool isRunning = false; ///< asyncThread will look for a request once more
+    Tesmo::Sp<Tesmo::System::Threading::Thread> asyncThread;
+    Tesmo::System::Threading::EventWaitHandle withdrawn; ///< ends the delay
+};
+} // namespace Zelkor::Discovery::Client

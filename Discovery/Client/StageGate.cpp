@@ -1,0 +1,74 @@
+#include "StageGate.h"
+
+#include <Core/System/Exception.h>
+#include <Core/System/Threading/SemaphoreFullException.h>
+#include <Discovery/Protocol/DiscoveryLogger.h>
+
+namespace Zelkor::Discovery
+{
+using Tesmo::System::Exception;
+using Tesmo::System::String;
+using Tesmo::System::LogStreams::LogStreamChannel;
+using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::System::Threading::SemaphoreFullException;
+
+namespace
+{
+constexpr int Capacity = 512; // records
+}
+
+StageGate::StageGate(const LogStreamChannel& stageChannel, const char* name)
+    : channel(stageChannel),
+      recordName(name),
+      semaphore(0, Capacity)
+{
+}
+
+bool StageGate::TryAdmit()
+{
+    if (lastQueueCount + 1 <= Capacity - 1 && TryCount())
+    {
+        return true;
+    }
+    DiscoveryLogger::Instance().Write(
+        channel, String::Format("Semaphore is full ({0}) !!! Ignoring this {1}...", lastQueueCount + 1, recordName),
+        LogStreamLevel::Critical);
+    return false;
+}
+
+/// False, from then on for ever, where the count of a WakeUp has taken the last place.
+bool StageGate::TryCount()
+{
+    try
+    {
+        lastQueueCount = semaphore.Release();
+        return true;
+    }
+    catch (const SemaphoreFullException&)
+    {
+        lastQueueCount = Capacity - 1;
+        return false;
+    }
+}
+
+void StageGate::Wait()
+{
+    semaphore.WaitOne();
+}
+
+void StageGate::WakeUp()
+{
+    try
+    {
+        semaphore.Release();
+    }
+    catch (const SemaphoreFullException&) // then there are counts enough to wake the stage
+    {
+    }
+    catch (const Exception& failure)
+    {
+        DiscoveryLogger::Instance().Write(channel, "Semaphore error", failure);
+        throw Exception(failure);
+    }
+}
+} // namespace Zelkor::Discovery
