@@ -5,9 +5,7 @@
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 #include <Discovery/Transport/DiscoverySocketUdpClientFactory.h>
 
-#include <chrono>
 #include <cstring>
-#include <future>
 
 namespace Zelkor::Discovery
 {
@@ -25,10 +23,11 @@ int PortOf(const UdpClient& client)
     return dynamic_cast<const IPEndPoint&>(client.Client()->LocalEndPoint()).Port();
 }
 
-int FreePort()
+std::pair<int, int> TwoFreePorts()
 {
-    const UdpClient chosen(0);
-    return PortOf(chosen);
+    const UdpClient one(0);
+    const UdpClient two(0);
+    return {PortOf(one), PortOf(two)};
 }
 
 Up<unsigned char[]> Bytes(const std::string& text)
@@ -38,56 +37,47 @@ Up<unsigned char[]> Bytes(const std::string& text)
     return bytes;
 }
 
-/// The administration side: hears what is sent to the remote port.
-class Listener
+int OptionOf(IDiscoverySocket& socket, const SocketOptionName& name)
 {
-public:
-    Listener() : port(PortOf(client))
-    {
-        client.Client()->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReceiveTimeout, 10000);
-    }
+    int value = 0;
+    socket.GetSocket()->GetSocketOption(SocketOptionLevel::Socket, name, value);
+    return value;
+}
 
-    std::string Hear()
+/// The next datagram's text, or the number of the failure.
+std::string Hear(IDiscoverySocket& socket, IPEndPoint& sender)
+{
+    const Up<unsigned char[]> buffer(new unsigned char[64]());
+    try
     {
-        const Up<unsigned char[]> buffer(new unsigned char[64]());
-        const int size = client.Receive(buffer, 64, sender);
+        const int size = socket.Receive(buffer, 64, sender);
         return std::string(reinterpret_cast<const char*>(buffer.Get()), static_cast<std::size_t>(size));
     }
+    catch (const SocketException& failure)
+    {
+        return std::to_string(failure.SocketErrorCode().Value());
+    }
+}
 
-    UdpClient client = UdpClient(0);
-    const int port;
+/// The client's shared socket and the administration side, whose ports are each other's remote ports.
+class DiscoverySocketUdpClientTests : public testing::Test
+{
+protected:
+    DiscoverySocketUdpClientTests()
+    {
+        for (DiscoverySocketUdpClient* socket : {&shared, &administration})
+        {
+            socket->GetSocket()->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReceiveTimeout, 10000);
+        }
+    }
+
+    const std::pair<int, int> ports = TwoFreePorts();
+    const int port = ports.first;
+    const int remotePort = ports.second;
+    DiscoverySocketUdpClient shared = DiscoverySocketUdpClient(port, remotePort);
+    DiscoverySocketUdpClient administration = DiscoverySocketUdpClient(remotePort, port);
     IPEndPoint sender = IPEndPoint(IPAddress::Any, 0);
 };
-
-/// The code that a Receive ends with when end runs on another thread; NotSocket for an ObjectClosedException.
-template <class End>
-int CodeOfReceiveEndedBy(IDiscoverySocket& socket, End end)
-{
-    std::promise<void> started;
-    auto receive = std::async(std::launch::async,
-                              [&]
-                              {
-                                  const Up<unsigned char[]> buffer(new unsigned char[16]());
-                                  IPEndPoint sender(IPAddress::Broadcast, 0);
-                                  started.set_value();
-                                  try
-                                  {
-                                      return socket.Receive(buffer, 16, sender);
-                                  }
-                                  catch (const SocketException& failure)
-                                  {
-                                      return failure.SocketErrorCode().Value();
-                                  }
-                                  catch (const ObjectClosedException&)
-                                  {
-                                      return static_cast<int>(SocketError::NotSocket);
-                                  }
-                              });
-    started.get_future().wait();
-    end();
-    EXPECT_EQ(std::future_status::ready, receive.wait_for(std::chrono::seconds(20)));
-    return receive.get();
-}
 } // namespace
 
 TEST(DiscoveryPortsTests, TheDefaultIsOneSharedPairOfPorts)
@@ -99,54 +89,42 @@ TEST(DiscoveryPortsTests, TheDefaultIsOneSharedPairOfPorts)
     EXPECT_EQ(&*ports, &*DiscoveryPorts::Default());
 }
 
-TEST(DiscoverySocketUdpClientTests, SocketsShareOnePortAndOnlyTheSharedOneTakesRequests)
+TEST_F(DiscoverySocketUdpClientTests, SocketsShareOnePortAndOnlyTheSharedOneTakesRequests)
 {
-    Listener administration;
-    const int port = FreePort();
-    DiscoverySocketUdpClient shared(port, administration.port);
-    EXPECT_NO_THROW(DiscoverySocketUdpClient(port, administration.port));
-    DiscoverySocketUdpClientFactory factory(port, administration.port);
+    EXPECT_EQ(65536, OptionOf(shared, SocketOptionName::ReceiveBuffer));
+    DiscoverySocketUdpClientFactory factory(port, remotePort);
     const Sp<IDiscoverySocket> bound = factory.Create(Loopback);
-
+    EXPECT_NE(0, OptionOf(*bound, SocketOptionName::ReuseAddress));
     for (IDiscoverySocket* socket : {static_cast<IDiscoverySocket*>(&shared), &*bound})
     {
         EXPECT_EQ(5, socket->SendTo(Bytes("hello"), 5, Loopback));
-        EXPECT_EQ("hello", administration.Hear());
-        EXPECT_TRUE(administration.sender.Equals(IPEndPoint(Loopback, port)));
+        EXPECT_EQ("hello", Hear(administration, sender));
+        EXPECT_TRUE(sender.Equals(IPEndPoint(Loopback, port)));
         EXPECT_EQ(port, socket->GetLocalPort());
-        EXPECT_EQ(administration.port, socket->GetRemotePort());
+        EXPECT_EQ(remotePort, socket->GetRemotePort());
     }
 
-    administration.client.Send(Bytes("request"), 7, IPEndPoint(Loopback, port));
-    const Up<unsigned char[]> buffer(new unsigned char[16]());
-    shared.GetSocket()->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::ReceiveTimeout, 10000);
-    EXPECT_EQ(7, shared.Receive(buffer, 16, administration.sender)) << "the factory's socket takes no request";
+    administration.SendTo(Bytes("request"), 7, Loopback);
+    EXPECT_EQ("request", Hear(shared, sender));
+    EXPECT_TRUE(sender.Equals(IPEndPoint(Loopback, remotePort)));
 }
 
-TEST(DiscoverySocketUdpClientTests, TellsThePortThatTheSystemChose)
+TEST_F(DiscoverySocketUdpClientTests, BroadcastsWithoutAnOptionSetByHand)
 {
-    DiscoverySocketUdpClient socket(0, 1);
-    EXPECT_NE(0, socket.GetLocalPort());
-    EXPECT_EQ(dynamic_cast<const IPEndPoint&>(socket.GetSocket()->LocalEndPoint()).Port(), socket.GetLocalPort());
-}
-
-TEST(DiscoverySocketUdpClientTests, BroadcastsWithoutAnOptionSetByHand)
-{
-    Listener administration;
-    DiscoverySocketUdpClient socket(FreePort(), administration.port, Loopback);
+    DiscoverySocketUdpClient socket(port, remotePort, Loopback);
 
     EXPECT_EQ(3, socket.Broadcast(Bytes("one"), 3));
-    EXPECT_EQ("one", administration.Hear());
+    EXPECT_EQ("one", Hear(administration, sender));
     EXPECT_EQ(3, socket.SendTo(Bytes("two"), 3, IPAddress::Broadcast));
-    EXPECT_EQ("two", administration.Hear());
+    EXPECT_EQ("two", Hear(administration, sender));
 
     EXPECT_THROW(socket.Broadcast(Bytes(""), 0), IndexOutOfRangeException);
     EXPECT_THROW(socket.Broadcast(Up<unsigned char[]>(), 1), NullReferenceException);
 }
 
-TEST(DiscoverySocketUdpClientTests, AFailedBindLeavesNoSocketBehind)
+TEST_F(DiscoverySocketUdpClientTests, AFailedBindLeavesNoSocketBehind)
 {
-    const int port = FreePort();
+    shared.Close();
     const IPAddress ofAnotherFamily = IPAddress::Parse("0:0:0:0:0:0:0:1");
 
     EXPECT_THROW(DiscoverySocketUdpClient(port, 1, ofAnotherFamily), SocketException);
@@ -155,41 +133,27 @@ TEST(DiscoverySocketUdpClientTests, AFailedBindLeavesNoSocketBehind)
     EXPECT_THROW(DiscoverySocketUdpClient(port, 1, null), ArgumentNullException);
 }
 
-TEST(DiscoverySocketUdpClientTests, ShutdownAndCloseWakeTheReceiver)
+TEST_F(DiscoverySocketUdpClientTests, EndsOnceInEitherOrder)
 {
-    for (int round = 0; round < 5; ++round)
-    {
-        DiscoverySocketUdpClient one(FreePort(), 1, Loopback);
-        ASSERT_EQ(SocketError::Shutdown, CodeOfReceiveEndedBy(one, [&] { one.Shutdown(); }));
-        ASSERT_TRUE(one.IsShutDown() && one.IsShutDownFlag() && !one.IsClosed());
+    shared.Shutdown();
+    EXPECT_TRUE(shared.IsShutDown() && shared.IsShutDownFlag() && !shared.IsClosed());
+    EXPECT_EQ("10058", Hear(shared, sender));
+    shared.Shutdown();
+    shared.Close();
+    shared.Close();
+    EXPECT_TRUE(shared.IsClosed());
+    EXPECT_NO_THROW(shared.Shutdown());
+    EXPECT_THROW(shared.SendTo(Bytes("late"), 4, Loopback), ObjectClosedException);
+    EXPECT_THROW(Hear(shared, sender), ObjectClosedException);
 
-        DiscoverySocketUdpClient two(FreePort(), 1, Loopback);
-        const int code = CodeOfReceiveEndedBy(two, [&] { two.Close(); });
-        ASSERT_TRUE(code == SocketError::Interrupted || code == SocketError::NotSocket) << code;
-        ASSERT_TRUE(!two.IsShutDown() && two.IsClosed());
-    }
+    administration.Close();
+    EXPECT_THROW(administration.Shutdown(), ObjectClosedException);
+    EXPECT_FALSE(administration.IsShutDown() || administration.IsShutDownFlag());
 }
 
-TEST(DiscoverySocketUdpClientTests, EndsOnceInEitherOrder)
+TEST_F(DiscoverySocketUdpClientTests, IsSilentlyDestroyedAfterACloseFromOutside)
 {
-    DiscoverySocketUdpClient one(FreePort(), 1);
-    one.Shutdown();
-    one.Shutdown();
-    one.Close();
-    one.Close();
-    EXPECT_NO_THROW(one.Shutdown());
-    EXPECT_THROW(one.SendTo(Bytes("late"), 4, Loopback), ObjectClosedException);
-
-    DiscoverySocketUdpClient two(FreePort(), 1);
-    two.Close();
-    EXPECT_THROW(two.Shutdown(), ObjectClosedException);
-    EXPECT_FALSE(two.IsShutDown());
-    EXPECT_FALSE(two.IsShutDownFlag());
-}
-
-TEST(DiscoverySocketUdpClientTests, IsSilentlyDestroyedAfterACloseFromOutside)
-{
-    const int port = FreePort();
+    shared.Close();
     {
         DiscoverySocketUdpClient socket(port, 1);
         socket.GetSocket()->Close();
