@@ -80,7 +80,7 @@ TEST_F(NativeSocketsLinuxTests, SelectFindsWhatAReceiveWouldTell)
     EXPECT_FALSE(entry.read);
 }
 
-TEST_F(NativeSocketsLinuxTests, SelectGoesOnWaitingAfterWhatNobodyAskedFor)
+TEST_F(NativeSocketsLinuxTests, SelectAndReceiveGoOnWaitingAfterWhatNobodyAskedFor)
 {
     ASSERT_EQ(0, one.SendTo(closed, "nobody there"));
     EXPECT_TRUE(WaitsInVain({one.socket, false, false, true})) << "the report of a closed port is no error";
@@ -97,6 +97,9 @@ TEST_F(NativeSocketsLinuxTests, SelectGoesOnWaitingAfterWhatNobodyAskedFor)
     NativeTestSocket asking(0);
     ASSERT_EQ(0, asking.SendTo({2, 0, 1, 1, 10, 77, 0, 9}, "is told as unreachable after 5 milliseconds"));
     EXPECT_TRUE(WaitsInVain({asking.socket, true, false, false}));
+    ASSERT_EQ(0, asking.SetOption(4102, 200)); // milliseconds
+    ASSERT_EQ(0, asking.SendTo({2, 0, 1, 1, 10, 77, 0, 8}, "the same of another host"));
+    EXPECT_EQ(SocketTimedOut, asking.Receive());
 }
 
 TEST_F(NativeSocketsLinuxTests, AClosedPortWakesAReceiverThatIsBlocked)

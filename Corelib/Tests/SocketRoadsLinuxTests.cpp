@@ -76,6 +76,13 @@ TEST_F(SocketRoadsLinuxTests, ABroadcastWithoutARouteLeavesByTheBestInterface)
     EXPECT_EQ(SocketNetworkUnreachable, CodeOfSend(BindSocket, "0.0.0.0", "255.255.255.255"));
 }
 
+TEST_F(SocketRoadsLinuxTests, ADatagramThatAFullQueueLosesCountsAsSent)
+{
+    Shell("tc qdisc add dev lan1 root bfifo limit 1"); // byte
+    EXPECT_EQ(0, CodeOfSend(BindSocket, "10.77.0.5", "10.77.0.255"));
+    EXPECT_EQ(0, CodeOfSend(BindSocketForSending, "10.77.0.5", "255.255.255.255"));
+}
+
 TEST_F(SocketRoadsLinuxTests, ADatagramLeavesByAnInterfaceOfItsSourceOrNotAtAll)
 {
     struct Row
