@@ -154,6 +154,8 @@ TEST(SocketTests, AMembershipIsSetAndTheOptionsOfAGroupAreRead)
     const IPAddress group(239, 1, 2, 3);
     MulticastOption option(group, IPAddress(127, 0, 0, 1));
     client.JoinMulticastGroup(option);
+    EXPECT_EQ(SocketError::AddressAlreadyInUse,
+              CodeOf([&] { client.JoinMulticastGroup(group, option.LocalAddress()); }));
     EXPECT_EQ(SocketError::AddressNotAvailable, CodeOf([&] { client.DropMulticastGroup(IPAddress(239, 9, 9, 9)); }));
     client.DropMulticastGroup(option);
 
@@ -173,6 +175,32 @@ TEST(SocketTests, AMembershipIsSetAndTheOptionsOfAGroupAreRead)
     EXPECT_EQ(0, option6.InterfaceIndex());
 }
 
+TEST(SocketTests, AUdpClientConnectsByEachForm)
+{
+    UdpClient receiver(Loopback());
+    const IPEndPoint& peer = LocalOf(*receiver.Client());
+    const std::function<void(UdpClient&)> forms[] = {
+        [&](UdpClient& client) { client.Connect(peer); },
+        [&](UdpClient& client) { client.Connect(peer.Address(), peer.Port()); },
+        [&](UdpClient& client) { client.Connect("127.0.0.1", peer.Port()); },
+        [&](UdpClient& client) { client.Client(UdpClient("127.0.0.1", peer.Port()).Client()); },
+    };
+    for (const auto& connect : forms)
+    {
+        UdpClient client;
+        connect(client);
+        Socket& socket = *client.Client();
+        EXPECT_TRUE(socket.IsConnected() && socket.RemoteEndPoint().Equals(peer));
+        EXPECT_EQ(2, client.Send(Bytes("hi"), 2));
+        EXPECT_EQ(2, receiver.Client()->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
+        EXPECT_EQ(2, socket.Send(Bytes("hi"), Room, 1, 2, SocketFlags::None));
+        EXPECT_EQ(2, receiver.Client()->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
+        client.Close();
+        EXPECT_FALSE(socket.IsConnected() || socket.IsBound());
+    }
+    EXPECT_TRUE(receiver.Client()->IsBound());
+}
+
 TEST(SocketTests, AUdpClientNeedsItsSocket)
 {
     UdpClient client(Loopback());
@@ -183,7 +211,7 @@ TEST(SocketTests, AUdpClientNeedsItsSocket)
     EXPECT_EQ(2, client.Send(Bytes("hi"), 2));
     EXPECT_EQ(2, client.Receive(Bytes(), Room, sender));
     client.Client()->Disconnect();
-    EXPECT_FALSE(client.Client()->IsConnected());
+    EXPECT_FALSE(client.Client()->IsConnected() || client.Client()->IsBound());
 
     client.Client(Sp<Socket>());
     EXPECT_THROW(client.Send(Bytes(), 1, Loopback()), NullReferenceException);
@@ -202,6 +230,11 @@ TEST(SocketTests, AStreamConnectsAndIsSelected)
     listener->Listen(1);
     client->Connect(listener->LocalEndPoint());
     const Sp<Socket> server = listener->Accept();
+    EXPECT_TRUE(server->IsConnected() && server->IsBound() && listener->IsBound());
+    EXPECT_FALSE(listener->IsConnected() || refused->IsConnected());
+    EXPECT_TRUE(server->SocketType() == SocketType::Stream && server->ProtocolType() == ProtocolType::Tcp &&
+                server->AddressFamily() == AddressFamily::InterNetwork);
+    EXPECT_EQ("127.0.0.1", dynamic_cast<const IPEndPoint&>(server->RemoteEndPoint()).Address().ToString().Utf8());
     ASSERT_EQ(2, client->Send(Bytes("hi"), Room, 0, 2, SocketFlags::None));
 
     List<Sp<Socket>> readable;
@@ -218,8 +251,10 @@ TEST(SocketTests, AStreamConnectsAndIsSelected)
     EXPECT_EQ(2, server->GetAvailable());
     EXPECT_EQ(2, server->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
     server->SetBlocking(false);
+    EXPECT_FALSE(server->GetBlocking());
     EXPECT_EQ(SocketError::WouldBlock, CodeOf([&] { server->Receive(Bytes(), Room, 0, Room, SocketFlags::None); }));
     server->SetBlocking(true);
+    EXPECT_TRUE(server->GetBlocking());
     client->Shutdown(SocketShutdown::Send);
     EXPECT_EQ(0, server->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
     server->SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, LingerOption(true, 3));
