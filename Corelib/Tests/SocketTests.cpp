@@ -60,7 +60,7 @@ TEST(SocketTests, DatagramsCarryTheirSender)
     UdpClient one(Loopback());
     UdpClient two(Loopback());
     ASSERT_EQ(4, one.Send(Bytes("ping"), 4, LocalOf(*two.Client())));
-    ASSERT_EQ(4, one.Send(Bytes("pong"), 4, LocalOf(*two.Client())));
+    ASSERT_EQ(4, one.Client()->SendTo(Bytes("> pong"), Room, 2, 4, SocketFlags::None, LocalOf(*two.Client())));
 
     const auto buffer = Bytes();
     IPEndPoint sender(IPAddress::Any, 0);
@@ -191,10 +191,12 @@ TEST(SocketTests, AUdpClientConnectsByEachForm)
         connect(client);
         Socket& socket = *client.Client();
         EXPECT_TRUE(socket.IsConnected() && socket.RemoteEndPoint().Equals(peer));
+        const auto buffer = Bytes("> ");
         EXPECT_EQ(2, client.Send(Bytes("hi"), 2));
-        EXPECT_EQ(2, receiver.Client()->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
-        EXPECT_EQ(2, socket.Send(Bytes("hi"), Room, 1, 2, SocketFlags::None));
-        EXPECT_EQ(2, receiver.Client()->Receive(Bytes(), Room, 0, Room, SocketFlags::None));
+        EXPECT_EQ(2, receiver.Client()->Receive(buffer, Room, 2, Room - 2, SocketFlags::None));
+        EXPECT_EQ(3, socket.Send(Bytes("> you"), Room, 2, 3, SocketFlags::None));
+        EXPECT_EQ(3, receiver.Client()->Receive(buffer, Room, 4, Room - 4, SocketFlags::None));
+        EXPECT_STREQ("> hiyou", reinterpret_cast<const char*>(buffer.Get()));
         client.Close();
         EXPECT_FALSE(socket.IsConnected() || socket.IsBound());
     }
