@@ -133,6 +133,12 @@ TEST_F(SocketRoadsLinuxTests, ARefusalIsAnUnreachableNetworkAndCostsNoBroadcast)
         EXPECT_EQ(SocketNetworkUnreachable, CodeOfSend(BindSocket, "10.77.0.5", "192.0.2.1"));
     }
     EXPECT_EQ(SocketAddressNotAvailable, CodeOfSend(BindSocket, "0.0.0.0", "10.77.0.1", 0));
+    Shell("ip route del blackhole default");
+    NativeSocket* stream = nullptr;
+    ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeStream, 6, stream));
+    EXPECT_EQ(SocketNetworkUnreachable, ConnectSocket(*stream, Address("192.0.2.1", 1).bytes, 16));
+    EXPECT_EQ(SocketNotSupported, BindSocketForSending(*stream, Address("10.77.0.5").bytes, 16));
+    FreeSocket(stream);
     Shell("nft 'add table ip wall; add chain ip wall out { type filter hook output priority 0; }; add rule ip wall out "
           "drop'");
     EXPECT_EQ(SocketNetworkUnreachable, CodeOfSend(BindSocket, "0.0.0.0", "10.77.0.1"));
