@@ -145,6 +145,10 @@ TEST(SocketTests, TrueIsPassedOnWithAllBitsSet)
     int hops = 0;
     client.Client()->GetSocketOption(SocketOptionLevel::IP, SocketOptionName::IpTimeToLive, hops);
     EXPECT_GT(hops, 1) << "-1 stands for the system's own value";
+    Array<Byte> bytes(std::vector<Byte>(6, Byte(9)));
+    client.Client()->GetSocketOption(SocketOptionLevel::IP, SocketOptionName::IpTimeToLive, bytes);
+    EXPECT_EQ(hops, bytes[0]);
+    EXPECT_EQ(0, bytes[5]) << "is not filled";
 }
 
 TEST(SocketTests, AMembershipIsSetAndTheOptionsOfAGroupAreRead)
