@@ -138,7 +138,6 @@ Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const St
     if (entryPoint == nullptr)
     {
         LogLastError();
-        library.reset();
         throw EntryPointNotFoundException(String("Entry point not found: ") + EntryPointName, ThrowSite);
     }
     Answers answers; // outlive the library

@@ -69,15 +69,11 @@ protected:
 
 } // namespace
 
-TEST_F(AddressChangeTests, ABurstOfIPv4ChangesOrANoticeIsOneChange)
+TEST_F(AddressChangeTests, ABurstOfIPv4ChangesIsOneChange)
 {
     std::future<bool> wait = StartWait();
     Shell("for n in 1 2 3 4 5 6 7 8; do ip addr add 10.1.0.$n/24 dev v0; ip addr del 10.1.0.$n/24 dev v0; done");
     EXPECT_TRUE(Answer(std::move(wait)));
-    ExpectNoChange(StartWait());
-
-    NoteAddressChange();
-    EXPECT_TRUE(Answer(StartWait()));
     wait = StartWait();
     Shell("ip link set v1 up; ip addr add fd00::1/64 dev v0; ip link set v0 down"); // no IPv4
     ExpectNoChange(std::move(wait));
@@ -106,27 +102,38 @@ TEST_F(AddressChangeTests, WhatHappensWhileNobodyWaitsCountsAtTheNextWaitUntilTh
     ExpectNoChange(StartWait());
 }
 
-TEST_F(AddressChangeTests, ChangesWithoutAnEndHoldNeitherTheWaitNorACancel)
+TEST_F(AddressChangeTests, ChangesWithoutAnEndDoNotHoldTheWait)
 {
-    const auto begin = steady_clock::now();
-    {
-        const std::jthread changes(
-            [](const std::stop_token& stop)
+    const std::jthread changes(
+        [](const std::stop_token& stop)
+        {
+            while (!stop.stop_requested())
             {
-                while (!stop.stop_requested())
-                {
-                    Change();
-                }
-            });
-        EXPECT_TRUE(Answer(StartWait()));
-        EXPECT_LT(steady_clock::now() - begin, Limit / 2);
+                Change();
+            }
+        });
+    const auto begin = steady_clock::now();
+    EXPECT_TRUE(Answer(StartWait()));
+    EXPECT_LT(steady_clock::now() - begin, Limit / 2);
+}
 
-        std::future<bool> settling = StartWait();
-        Change();
+TEST_F(AddressChangeTests, ACancelEndsTheSettlingAndLeavesTheChangeToTheNextWait)
+{
+    bool hasSettled = true;
+    for (int tries = 0; hasSettled && tries < 10; ++tries) // a slow host may settle before the cancel
+    {
+        NoteAddressChange();
+        std::future<bool> wait = StartWait();
+        wait.wait_for(30ms);
         CancelAddressChangeWait();
-        EXPECT_FALSE(Answer(std::move(settling)));
+        hasSettled = Answer(std::move(wait));
+        if (hasSettled)
+        {
+            EXPECT_FALSE(Answer(StartWait())) << "the cancel that came too late";
+        }
     }
-    EXPECT_TRUE(Answer(StartWait())) << "the changes that the cancelled wait has seen";
+    EXPECT_FALSE(hasSettled);
+    EXPECT_TRUE(Answer(StartWait()));
 }
 
 TEST_F(AddressChangeTests, ACancelAtTheBeginOfAWaitEndsIt)

@@ -69,17 +69,14 @@ TEST(InterfacesTextTests, WithoutAGatewayNoneStays)
 
 TEST(InterfacesTextTests, FilesPulledInAreToldWithTheirKind)
 {
-    const auto inclusions = InterfacesText("#source no\niface lo inet loopback\n source\td/*.cfg /x \n"
-                                           "source-directory \\\n /e\nsource-dir f\nsource\nsources g\n")
-                                .Inclusions();
-
-    ASSERT_EQ(3u, inclusions.size());
-    EXPECT_EQ("d/*.cfg /x", inclusions[0].pattern);
-    EXPECT_FALSE(inclusions[0].isFolder);
-    EXPECT_EQ("/e", inclusions[1].pattern);
-    EXPECT_TRUE(inclusions[1].isFolder);
-    EXPECT_EQ("f", inclusions[2].pattern);
-    EXPECT_TRUE(inclusions[2].isFolder);
+    std::string told;
+    for (const auto& [pattern, isFolder] : InterfacesText("#source no\niface lo inet loopback\n source\td/*.cfg /x \n"
+                                                          "source-directory \\\n /e\nsource-dir f\nsource\nsources g\n")
+                                               .Inclusions())
+    {
+        told += pattern + (isFolder ? " (folder), " : ", ");
+    }
+    EXPECT_EQ("d/*.cfg /x, /e (folder), f (folder), ", told);
 }
 
 TEST(InterfacesTextTests, WhatCannotBeRewrittenSafelyIsAnObstacle)
