@@ -64,8 +64,7 @@ void AsyncRequests::EndStart()
 void AsyncRequests::FailStart()
 {
     const Lock lock(asyncLock);
-    lastStart = std::chrono::steady_clock::now();
-    Schedule(AsyncRequest::Restart);
+    Schedule(AsyncRequest::Restart, {});
 }
 
 void AsyncRequests::Withdraw()
@@ -99,17 +98,17 @@ void AsyncRequests::Accept(AsyncRequest request)
     DiscoveryLogger::Instance().Write(
         channel, request == AsyncRequest::Restart ? "Asynchronous restart triggered" : "Asynchronous stop triggered",
         LogStreamLevel::Critical);
-    Schedule(request);
+    Schedule(request, std::chrono::steady_clock::now() - lastStart);
 }
 
-void AsyncRequests::Schedule(AsyncRequest request)
+void AsyncRequests::Schedule(AsyncRequest request, std::chrono::steady_clock::duration held)
 {
     if (isEnding)
     {
         return;
     }
     next = request;
-    delay = request == AsyncRequest::Restart ? spacing->Next(std::chrono::steady_clock::now() - lastStart) : 0;
+    delay = request == AsyncRequest::Restart ? spacing->Next(held) : 0;
     withdrawn.Reset();
     if (!isRunning)
     {

@@ -53,7 +53,7 @@ private:
     static void ThreadMain(Tesmo::System::Object& requests);
     AsyncRequest Await();
     void Accept(AsyncRequest request);
-    void Schedule(AsyncRequest request);
+    void Schedule(AsyncRequest request, std::chrono::steady_clock::duration held);
     void StartThread();
 
     const Tesmo::System::LogStreams::LogStreamChannel& channel;

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
+#include <map>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -50,6 +51,23 @@ private:
     std::string name = "discovery-client-tests-" + std::to_string(getpid());
 };
 
+/// The names of the client's threads in the order of their starts: behind main, the one that takes signals, and the
+/// service sequence.
+std::string StagesOf(pid_t program)
+{
+    std::map<int, std::string> names;
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/" + std::to_string(program) + "/task"))
+    {
+        std::getline(std::ifstream(thread.path() / "comm"), names[std::stoi(thread.path().filename())]);
+    }
+    std::string stages;
+    for (const auto& [id, name] : names)
+    {
+        stages += name.starts_with("DiscoveryClient") ? "" : name + ";";
+    }
+    return stages;
+}
+
 class ServiceProcessTests : public IsolatedTest<PrivateNetwork>
 {
 protected:
@@ -73,17 +91,21 @@ protected:
 
 TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
 {
-    for (const int number : {SIGTERM, SIGINT})
+    for (int run = 1; const int number : {SIGTERM, SIGINT})
     {
         SCOPED_TRACE(number);
         ClientProcess service = StartService();
         ASSERT_EQ("READY=1", notify.Hear());
+        EXPECT_TRUE(service.WaitForLog("---Waiting", 3) &&
+                    service.WaitForLog("---Listening")); // each has its name then
+        EXPECT_EQ("ClientTaskProce;MessageParser;Receiver;IPChangeWatcher;", StagesOf(service.Id()));
 
         service.Signal(number);
         service.Signal(number);
 
         EXPECT_EQ("STOPPING=1", notify.Hear());
         EXPECT_EQ(0, service.ExitCode(Limit));
+        ++run;
     }
 }
 

@@ -301,8 +301,15 @@ TEST_F(DiscoveryClientTaskProcessorTests, AChangeThatSucceedsSendsNothingButANam
     EXPECT_EQ(1u, socket->sent.size());
 }
 
-TEST_F(DiscoveryClientTaskProcessorTests, WhatIsNoTaskIsNotQueued)
+TEST_F(DiscoveryClientTaskProcessorTests, WhatIsNoTaskAndWhatIsOneTooManyIsNotQueued)
 {
     EXPECT_THROW(processor.EnqueueTask(processor, EventArgs()), std::bad_cast);
+    EXPECT_THROW(processor.EnqueueTask(processor, null), std::bad_cast);
+    for (int count = 0; count < 513; ++count)
+    {
+        EXPECT_TRUE(log.Take().empty()) << count;
+        processor.Enqueue(Signature());
+    }
+    EXPECT_EQ(Rows{"C Semaphore is full (512) !!! Ignoring this task..."}, TakeLog());
 }
 } // namespace Zelkor::Discovery::Client

@@ -277,6 +277,7 @@ TEST_F(DiscoveryClientTests, ARestartThatCannotBindIsTriedAgainWithoutARow)
     Restart();
     ASSERT_TRUE(Await(spacing->asked, 4)); // one restart, two failed starts, and one that waits
     EXPECT_EQ(ClientState::Stopped, client->State());
+    EXPECT_EQ(0, spacing->lastHeld.count());
     const Rows rows = log.Take();
     EXPECT_EQ(1, std::ranges::count(rows, Triggered));
     EXPECT_EQ("C Discovery Client: Starting Discovery Client service (1.0.23)", rows.back());
