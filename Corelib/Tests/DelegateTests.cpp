@@ -137,10 +137,10 @@ public:
     void Change()
     {
         log += "C";
-        (*event) -= Action<>(*this, &Subscriber::Other);
+        *event -= Action<>(*this, &Subscriber::Other);
         for (int i = 0; i < 20; i++) // enough to move the list elsewhere
         {
-            (*event) += Action<>(*this, &Subscriber::Other);
+            *event += Action<>(*this, &Subscriber::Other);
         }
     }
     void Other()
@@ -152,6 +152,10 @@ public:
         log += "E";
         event.Reset(nullptr);
     }
+    void Last()
+    {
+        log += "L";
+    }
 
     std::string log;
     Up<Action<>> event{new Action<>};
@@ -161,13 +165,12 @@ public:
 TEST_F(DelegateTests, ACallGoesOnWithTheListAsItBegan)
 {
     Subscriber subscriber;
-    *subscriber.event += Action<>(subscriber, &Subscriber::Change);
-    *subscriber.event += Action<>(subscriber, &Subscriber::Other);
-    subscriber.event->Invoke();
-    EXPECT_EQ("CO", subscriber.log);
-
-    *subscriber.event = Action<>(subscriber, &Subscriber::End);
-    *subscriber.event += Action<>(subscriber, &Subscriber::Other);
-    subscriber.event->Invoke();
-    EXPECT_EQ("COEO", subscriber.log);
+    for (const auto change : {&Subscriber::Change, &Subscriber::End})
+    {
+        *subscriber.event = Action<>(subscriber, change);
+        *subscriber.event += Action<>(subscriber, &Subscriber::Other);
+        *subscriber.event += Action<>(subscriber, &Subscriber::Last);
+        subscriber.event->Invoke();
+    }
+    EXPECT_EQ("COLEOL", subscriber.log);
 }
