@@ -4,11 +4,9 @@
 #include <Core/System/Collections/Generic/List.h>
 #include <Core/System/Collections/Generic/Queue.h>
 #include <Core/System/Text/Encoding.h>
-#include <Core/System/TimeSpan.h>
 #include <Core/System/Version.h>
 
 #include <functional>
-#include <string_view>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -60,23 +58,17 @@ TEST(ChecksTests, AFailureNamesThePlaceOfTheCheck)
 
 TEST(ChecksTests, AFailureOfAnOperationNamesItsFile)
 {
-    const struct
-    {
-        std::string_view file;
-        std::function<void()> action;
-    } cases[] = {
-        {"String.cpp", [] { String(static_cast<const char*>(nullptr)); }},
-        {"StringSearch.cpp", [] { String().IndexOf('a', 1); }},
-        {"StringDerivation.cpp", [] { String().Insert(0, noText); }},
-        {"Encoding.cpp", [] { Text::Encoding::UTF8()->GetBytes(noText); }},
-        {"TimeSpan.cpp", [] { TimeSpan::Parse(noText); }},
-        {"Version.cpp", [] { Version::Parse("1.x"); }},
-        {"List.h", [] { List<String>().Add(null); }},
-        {"Queue.h", [] { Queue<String>().Dequeue(); }},
-        {"Array.h", [] { Array<String>(1).GetLowerBound(1); }},
+    const std::pair<const char*, std::function<void()>> rows[] = {
+        {"/String.cpp", [] { String(static_cast<const char*>(nullptr)); }},
+        {"/StringSearch.cpp", [] { String().IndexOf('a', 1); }},
+        {"/Encoding.cpp", [] { Text::Encoding::UTF8()->GetBytes(noText); }},
+        {"/Version.cpp", [] { Version::Parse("1.x"); }},
+        {"/List.h", [] { List<String>().Add(null); }},
+        {"/Queue.h", [] { Queue<String>().Dequeue(); }},
+        {"/Array.h", [] { Array<String>(1)[1]; }},
     };
-    for (const auto& [file, action] : cases)
+    for (const auto& [file, action] : rows)
     {
-        EXPECT_TRUE(PlaceOf(action).first.ends_with("/" + std::string(file))) << file << ": " << PlaceOf(action).first;
+        EXPECT_TRUE(PlaceOf(action).first.ends_with(file)) << PlaceOf(action).first;
     }
 }

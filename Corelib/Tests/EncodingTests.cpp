@@ -90,7 +90,7 @@ TEST(EncodingTests, EveryByteOfACodePageReturns)
         EXPECT_EQ(bytes, Content(encoding->GetBytes(text)));
         EXPECT_EQ(bytes.substr(0, 128), text.Utf8().substr(0, 128));
     }
-    EXPECT_EQ("A?", Decoded(20127, "A\xE9"));
+    EXPECT_EQ("A\x7F??", Decoded(20127, "A\x7F\x80\xE9"));
 }
 
 TEST(EncodingTests, DecodersPassOverBadInput)
@@ -105,6 +105,8 @@ TEST(EncodingTests, ConvertsBetweenEncodings)
     const String text("a\xC3\xA7\xF0\x9F\x98\x80");
     const Up<Encoding> utf8 = Encoding::UTF8();
     const ByteArray bytes = utf8->GetBytes(text);
+    EXPECT_EQ(3, utf8->GetCharCount(bytes));
+    EXPECT_EQ(1, utf8->GetCharCount(bytes, 1, 2));
     for (const int codePage : {1200, 1201, 12000, 12001})
     {
         const Up<Encoding> other = Encoding::GetEncoding(codePage);
@@ -128,6 +130,7 @@ TEST(EncodingTests, BuffersAreChecked)
     EXPECT_THROW(utf8->GetBytes(char32(U'a'), bytes, -1), ArgumentOutOfRangeException);
     EXPECT_THROW(utf8->GetString(bytes, 3, 2), ArgumentOutOfRangeException);
     EXPECT_THROW(utf8->GetChars(bytes, -1, 1), ArgumentOutOfRangeException);
+    EXPECT_THROW(utf8->GetBytes(Array<char32>(2), 1, 2, bytes, 0), ArgumentOutOfRangeException);
     const auto& nothing = static_cast<const ByteArray&>(null);
     EXPECT_THROW(utf8->GetString(nothing), ArgumentNullException);
     EXPECT_THROW(utf8->GetCharCount(nothing, 0, 1), ArgumentNullException);

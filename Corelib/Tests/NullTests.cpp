@@ -118,16 +118,6 @@ TEST(NullTests, AnObjectIsNeverNull)
     EXPECT_FALSE(IsNull(null)); // the constant itself is an object
 }
 
-TEST(NullTests, OperationsDecideAboutNullAtTheirHead)
-{
-    const String text = "text";
-
-    EXPECT_FALSE(text == static_cast<const String&>(null));
-    EXPECT_EQ(1, text.CompareTo(null));
-    EXPECT_FALSE(Int32(0).Equals(static_cast<const Object&>(null))); // a null reads as zero where a check is missing
-    EXPECT_THROW(Sp<String>(static_cast<const Sp<String>&>(null)), std::exception);
-}
-
 TEST(NullTests, ACopyOfNullIsRefused)
 {
     const IPEndPoint endPoint(IPAddress::Any, 1);

@@ -4,7 +4,6 @@
 #include "CharacterClass.h"
 #include "ConvertToType.h"
 #include <Core/System/Checks.h>
-
 #include <Core/System/DateTime.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/UInt32.h>

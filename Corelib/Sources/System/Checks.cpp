@@ -1,7 +1,6 @@
-#include <Core/System/Checks.h>
-
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/ArgumentOutOfRangeException.h>
+#include <Core/System/Checks.h>
 
 namespace Tesmo::System::Detail
 {

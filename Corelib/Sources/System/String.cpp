@@ -1,8 +1,7 @@
 #include <Core/System/String.h>
 
-#include <Core/System/Checks.h>
-
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/StringEnumerator.h>
 #include <Core/System/StringReverseEnumerator.h>
 

@@ -2,7 +2,6 @@
 #include <Core/System/StringReverseEnumerator.h>
 
 #include <Core/System/Checks.h>
-
 #include <Core/System/InvalidOperationException.h>
 
 namespace Tesmo::System

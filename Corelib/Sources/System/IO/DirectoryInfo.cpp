@@ -3,7 +3,6 @@
 #include "Platform/Files.h"
 #include "System/IO/FailureText.h"
 #include <Core/System/Checks.h>
-
 #include <Core/System/IO/Path.h>
 
 #include <utility>

@@ -2,10 +2,9 @@
 
 #include "Platform/Files.h"
 #include "System/IO/FailureText.h"
-#include <Core/System/Checks.h>
-
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/IO/Directory.h>
 #include <Core/System/IO/DirectoryNotFoundException.h>
 #include <Core/System/IO/File.h>

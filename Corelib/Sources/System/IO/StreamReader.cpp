@@ -1,8 +1,7 @@
 #include <Core/System/IO/StreamReader.h>
 
-#include <Core/System/Checks.h>
-
 #include <Core/System/ArgumentException.h>
+#include <Core/System/Checks.h>
 #include <Core/System/IO/FileStream.h>
 #include <Core/System/ObjectClosedException.h>
 

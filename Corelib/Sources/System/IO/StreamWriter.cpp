@@ -1,9 +1,8 @@
 #include <Core/System/IO/StreamWriter.h>
 
-#include <Core/System/Checks.h>
-
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Array.h>
+#include <Core/System/Checks.h>
 #include <Core/System/IO/File.h>
 #include <Core/System/IO/FileStream.h>
 #include <Core/System/Text/UTF8Encoding.h>

@@ -1,7 +1,6 @@
 #include <Core/System/IO/TextReader.h>
 
 #include <Core/System/Checks.h>
-
 #include <Core/System/Threading/Lock.h>
 
 namespace Tesmo::System::IO

@@ -1,7 +1,6 @@
 #include <Core/System/IO/TextWriter.h>
 
 #include <Core/System/Checks.h>
-
 #include <Core/System/Environment.h>
 #include <Core/System/Threading/Lock.h>
 

@@ -1,7 +1,6 @@
 #include <Core/System/Text/Encoding.h>
 
 #include <Core/System/Checks.h>
-
 #include <Core/System/NotSupportedException.h>
 #include <Core/System/Text/ASCIIEncoding.h>
 #include <Core/System/Text/CodePage28591Encoding.h>

@@ -2,7 +2,6 @@
 
 #include "CodePoints.h"
 #include <Core/System/Checks.h>
-
 #include <Core/System/Utf8.h>
 
 #include <algorithm>
