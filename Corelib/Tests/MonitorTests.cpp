@@ -21,16 +21,7 @@ auto OnAnotherThread(Action action)
 
 bool IsFreeForOthers(const Object& target)
 {
-    return OnAnotherThread(
-        [&]
-        {
-            const bool taken = Monitor::TryEnter(target);
-            if (taken)
-            {
-                Monitor::Exit(target);
-            }
-            return taken;
-        });
+    return OnAnotherThread([&] { return Monitor::TryEnter(target) && (Monitor::Exit(target), true); });
 }
 } // namespace
 
@@ -103,14 +94,23 @@ TEST(MonitorTests, AThreadThatEndsInsideLeavesOneFailureAndAFreeMonitor)
     const int entries = Monitor::EntryCount();
     for (int round = 0; round < 20; ++round) // identifiers of threads are used again at once
     {
-        std::jthread(
+        OnAnotherThread(
             [&]
             {
+                const Object released;
+                Monitor::Enter(released);
                 Monitor::Enter(target);
                 Monitor::Enter(target);
-            })
-            .join();
+                Monitor::Exit(released);
+            });
         OnAnotherThread([&] { EXPECT_THROW(Monitor::Enter(target), InvalidOperationException); });
+        EXPECT_EQ(entries, Monitor::EntryCount());
+        EXPECT_TRUE(IsFreeForOthers(target));
+
+        std::future<bool> heir;
+        const auto wait = [&] { return Monitor::TryEnter(target, -1); };
+        OnAnotherThread([&] { Monitor::Enter(target), heir = std::async(std::launch::async, wait); });
+        EXPECT_FALSE(heir.get());
         EXPECT_EQ(entries, Monitor::EntryCount());
         EXPECT_TRUE(IsFreeForOthers(target));
     }
@@ -130,8 +130,8 @@ TEST(MonitorTests, ItKeepsThreadsApart)
         }
     };
     {
-        const std::jthread threads[] = {std::jthread(count, 0U), std::jthread(count, 1U), std::jthread(count, 0U),
-                                        std::jthread(count, 1U)};
+        const std::jthread threads[] = {std::jthread(count, 0), std::jthread(count, 1), std::jthread(count, 0)};
+        count(1);
     }
     EXPECT_EQ(2 * Rounds, counters[0]);
     EXPECT_EQ(2 * Rounds, counters[1]);

@@ -5,7 +5,6 @@
 #include <Core/System/Threading/EventWaitHandle.h>
 #include <Core/System/TimeSpan.h>
 
-#include <atomic>
 #include <chrono>
 #include <memory>
 #include <thread>
@@ -19,95 +18,53 @@ namespace
 {
 constexpr int Limit = 10000; // milliseconds; a wait that takes this long has failed
 
+thread_local std::shared_ptr<void> atEnd; // its deleter runs as a thread_local destructor
+
 /// What a thread of a test runs, and where it waits.
 class Work : public Object
 {
 public:
-    void Run()
-    {
-        runs++;
-    }
-    void RunWith(Object& given)
-    {
-        parameter = &given;
-    }
-    void RunWithConst(const Object& given)
-    {
-        constParameter = &given;
-    }
     void Hold()
     {
         running.Set();
         mayEnd.WaitOne();
         ended.Set();
     }
-    void Rename()
+    void EndSlowly()
     {
-        const Up<Thread> self = Thread::CurrentThread();
-        self->Name("renamed");
-        id = self->ManagedThreadId();
-        EXPECT_TRUE(self->IsAlive());
+        atEnd = {nullptr, [this](void*) { Hold(), Thread::Sleep(0), thread->Name("late"); }};
     }
 
     EventWaitHandle running{false, EventResetMode::ManualReset};
     EventWaitHandle mayEnd{false, EventResetMode::ManualReset};
     EventWaitHandle ended{false, EventResetMode::ManualReset};
-    std::atomic<int> runs = 0;
-    const Object* parameter = nullptr;
-    const Object* constParameter = nullptr;
-    long long id = 0;
-};
-
-/// The end of a thread that takes its time: it waits, and then names the thread.
-struct SlowEnd
-{
-    ~SlowEnd()
-    {
-        if (work != nullptr)
-        {
-            work->Hold();
-            thread->Name("late");
-        }
-    }
-
-    Work* work = nullptr;
     Thread* thread = nullptr;
 };
-
-thread_local SlowEnd slowEnd;
-
-bool Becomes(const Thread& thread, ThreadState::Constant flag)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(Limit);
-    while (!thread.ThreadState().Has(flag) && std::chrono::steady_clock::now() < end)
-    {
-        std::this_thread::yield();
-    }
-    return thread.ThreadState().Has(flag);
-}
 } // namespace
 
 TEST(ThreadTests, EachFormOfTheParameterReachesItsDelegateWhichMustBeThere)
 {
     EXPECT_THROW(Thread(static_cast<const ThreadStart&>(null)), ArgumentNullException);
     EXPECT_THROW(Thread{ParameterizedThreadStart()}, ArgumentNullException);
-    Work work;
-    const Object readOnly;
-
+    static int runs;
+    static const Object* given;
+    runs = 0;
     const auto run = [](const auto& start, auto&... parameter)
     {
         Thread thread{start};
         thread.Start(parameter...);
         thread.Join();
     };
-    run(ThreadStart(work, &Work::Run));
-    run(ThreadStart(work, &Work::Run), null);
-    run(ParameterizedThreadStart(work, &Work::RunWith), work);
-    run(ConstParameterizedThreadStart(work, &Work::RunWithConst), readOnly);
-
-    EXPECT_EQ(2, work.runs);
-    EXPECT_EQ(&work, work.parameter);
-    EXPECT_EQ(&readOnly, work.constParameter);
+    const ThreadStart plain(+[] { runs++; });
+    Object object;
+    const Object readOnly;
+    run(plain);
+    run(plain, null);
+    EXPECT_EQ(2, runs);
+    run(ParameterizedThreadStart(+[](Object& parameter) { given = &parameter; }), object);
+    EXPECT_EQ(&object, given);
+    run(ConstParameterizedThreadStart(+[](const Object& parameter) { given = &parameter; }), readOnly);
+    EXPECT_EQ(&readOnly, given);
 }
 
 TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
@@ -128,7 +85,11 @@ TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
     EXPECT_TRUE(thread.IsAlive());
     EXPECT_NE(0, thread.ManagedThreadId());
     EXPECT_FALSE(thread.Handle() == IntPtr::Zero);
-    EXPECT_TRUE(Becomes(thread, ThreadState::WaitSleepJoin));
+    for (int turn = 0; turn < Limit * 100 && !thread.ThreadState().Has(ThreadState::WaitSleepJoin); ++turn)
+    {
+        std::this_thread::yield();
+    }
+    EXPECT_TRUE(thread.ThreadState().Has(ThreadState::WaitSleepJoin));
     EXPECT_THROW(thread.Start(), ThreadStateException);
     EXPECT_THROW(thread.Join(-2), ArgumentException);
     EXPECT_FALSE(thread.Join(0));
@@ -151,29 +112,16 @@ TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
 TEST(ThreadTests, JoinCountsTheThreadLocalDestructorsAndKeepsItsLimit)
 {
     Work work;
-    std::unique_ptr<Thread> thread;
-    class Ending : public Object
-    {
-    public:
-        void Run()
-        {
-            slowEnd.work = work;
-            slowEnd.thread = thread;
-        }
-        Work* work;
-        Thread* thread;
-    } ending;
-    thread = std::make_unique<Thread>(ThreadStart(ending, &Ending::Run));
-    ending.work = &work;
-    ending.thread = thread.get();
-    thread->Start();
+    Thread thread{ThreadStart(work, &Work::EndSlowly)};
+    work.thread = &thread;
+    thread.Start();
     ASSERT_TRUE(work.running.WaitOne(Limit));
-    std::jthread other([&] { EXPECT_FALSE(thread->Join(20)); });
-    EXPECT_FALSE(thread->Join(0));
+    std::jthread other([&] { EXPECT_FALSE(thread.Join(20)); });
+    EXPECT_FALSE(thread.Join(0));
     other.join();
     work.mayEnd.Set();
-    EXPECT_TRUE(thread->Join(Limit));
-    EXPECT_EQ("late", thread->Name());
+    EXPECT_TRUE(thread.Join(Limit));
+    EXPECT_EQ("late", thread.Name());
 }
 
 TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)
@@ -187,20 +135,22 @@ TEST(ThreadTests, SleepRefusesTimesBelowMinusOne)
 
 TEST(ThreadTests, CurrentThreadIsTheSameRecordInsideAndOutside)
 {
-    Work work;
-    Thread thread{ThreadStart(work, &Work::Rename)};
+    static long long inside;
+    Thread thread{ThreadStart(+[]
+                              {
+                                  const Up<Thread> self = Thread::CurrentThread();
+                                  EXPECT_EQ("first", self->Name());
+                                  self->Name("renamed");
+                                  inside = self->ManagedThreadId();
+                              })};
     thread.Name("first");
     thread.Start();
     thread.Join();
 
-    EXPECT_EQ(thread.ManagedThreadId(), work.id);
+    EXPECT_EQ(thread.ManagedThreadId(), inside);
     EXPECT_EQ("renamed", thread.Name());
     EXPECT_EQ(Thread::CurrentThread()->ManagedThreadId(), Thread::CurrentThread()->ManagedThreadId());
-}
-
-TEST(ThreadTests, AThreadOfAnotherLibraryHasAStateToo)
-{
-    std::jthread(
+    std::jthread( // a thread of another library has a state, too
         []
         {
             EXPECT_TRUE(Thread::CurrentThread()->IsAlive());
