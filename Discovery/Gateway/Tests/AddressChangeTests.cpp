@@ -72,7 +72,8 @@ protected:
 TEST_F(AddressChangeTests, ABurstOfIPv4ChangesIsOneChange)
 {
     std::future<bool> wait = StartWait();
-    Shell("for n in 1 2 3 4 5 6 7 8; do ip addr add 10.1.0.$n/24 dev v0; ip addr del 10.1.0.$n/24 dev v0; done");
+    Shell("for n in 1 2 3 4 5 6 7 8; do echo addr add 10.1.0.$n/24 dev v0; echo addr del 10.1.0.$n/24 dev v0; done |"
+          "ip -batch -");
     EXPECT_TRUE(Answer(std::move(wait)));
     wait = StartWait();
     Shell("ip link set v1 up; ip addr add fd00::1/64 dev v0; ip link set v0 down"); // no IPv4
