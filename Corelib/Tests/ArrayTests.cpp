@@ -34,6 +34,7 @@ TEST(ArrayTests, BoundsFollowTheLength)
     EXPECT_EQ(-1, empty.GetUpperBound(0));
     EXPECT_EQ(2, Array<int>(3).GetUpperBound(0));
     EXPECT_THROW(empty.GetUpperBound(1), ArgumentOutOfRangeException);
+    EXPECT_THROW(empty.GetLowerBound(1), ArgumentOutOfRangeException);
 
     Array<int> three(3);
     for (const int index : {-1, 3})
@@ -51,7 +52,7 @@ TEST(ArrayTests, WhatWouldChangeTheLengthIsRefused)
     EXPECT_THROW(array.Insert(0, "c"), InvalidOperationException);
     EXPECT_THROW(array.Remove("a"), InvalidOperationException);
     EXPECT_THROW(array.RemoveAt(0), InvalidOperationException);
-    EXPECT_TRUE(array.IsFixedSize());
+    EXPECT_TRUE(array.IsFixedSize() && !array.IsReadOnly() && !array.IsSynchronized());
     EXPECT_EQ(2, array.Count());
 }
 
@@ -59,6 +60,7 @@ TEST(ArrayTests, IndexOfSearchesItsRangeOnly)
 {
     const Array<int> array(std::vector<int>{5, 6, 5, 7});
     EXPECT_EQ(0, array.IndexOf(5));
+    EXPECT_TRUE(array.Contains(5) && !array.Contains(9));
     EXPECT_EQ(2, array.IndexOf(5, 1, 3));
     EXPECT_EQ(-1, array.IndexOf(7, 0, 3));
     EXPECT_THROW(array.IndexOf(5, 1, 4), ArgumentOutOfRangeException);
@@ -81,4 +83,15 @@ TEST(ArrayTests, WalksInBothDirections)
     };
     EXPECT_EQ(text(array.GetEnumerator()).Utf8(), "abc");
     EXPECT_EQ(text(array.GetReverseEnumerator()).Utf8(), "cba");
+
+    Array<String> changed(5);
+    array.CopyTo(changed, 2);
+    EXPECT_EQ(text(changed.GetEnumerator()).Utf8(), "abc");
+    auto walk = changed.GetEnumerator();
+    changed = array;
+    EXPECT_THROW(walk->MoveNext(), InvalidOperationException);
+    walk = changed.GetEnumerator();
+    changed = Array<String>("d", "e");
+    EXPECT_THROW(walk->MoveNext(), InvalidOperationException);
+    EXPECT_EQ(text(changed.GetReverseEnumerator()).Utf8(), "ed");
 }

@@ -67,7 +67,7 @@ TYPED_TEST(CollectionTests, AWalkSeesEveryElementOnceAndNoneBeforeOrBehindThem)
     EXPECT_EQ(static_cast<Object*>(&this->filled), &this->filled.SyncRoot());
 
     const auto walk = collection.GetEnumerator();
-    EXPECT_TRUE(walk->MoveNext());
+    EXPECT_TRUE(walk->MoveNext() && walk->MoveNext());
     walk->Reset();
     EXPECT_THROW(walk->Current(), InvalidOperationException);
     std::vector<typename TestFixture::Held> seen;
@@ -136,6 +136,7 @@ TEST(ListTests, InsertsRemovesAndFinds)
     {
         list.Add(value);
     }
+    EXPECT_EQ(3, list.IndexOf(40, 0));
     list.Insert(1, list[3]); // an element of the list itself
     EXPECT_EQ(1, list.IndexOf(40));
     EXPECT_EQ(3, list.IndexOf(10, 1));
@@ -262,6 +263,15 @@ TYPED_TEST(DictionaryTests, KeysAndValuesStandInWalkOrder)
     }
 }
 
+TEST(ComparerTests, KeepsTheOrderOfTheTypeWithNullFirst)
+{
+    const IComparer<int>& numbers = *Comparer<int>::Default();
+    const IComparer<String>& texts = *Comparer<String>::Default();
+    EXPECT_TRUE(numbers.Compare(2, 2) == 0 && numbers.Compare(1, 2) == -1 && numbers.Compare(2, 1) == 1);
+    EXPECT_TRUE(texts.Compare("a", "a") == 0 && texts.Compare("a", "b") == -1);
+    EXPECT_TRUE(texts.Compare(null, "") == -1 && texts.Compare("", null) == 1 && texts.Compare(null, null) == 0);
+}
+
 TEST(SortedDictionaryTests, WalksInTheOrderOfItsComparer)
 {
     class Descending : public IComparer<int>
@@ -289,4 +299,5 @@ TEST(KeyValuePairTests, ComparesBothParts)
     EXPECT_TRUE(Pair(1, "a").Equals(Pair(1, "a")));
     EXPECT_FALSE(Pair(1, "a").Equals(Pair(1, "b")) || Pair(1, "a").Equals(Pair(2, "a")) || Pair(1, "a").Equals(null));
     EXPECT_EQ("[1, a]", Pair(1, "a").ToString().Utf8());
+    EXPECT_EQ("[0, Tesmo::Sp<int>]", (KeyValuePair<int, Sp<int>>().ToString().Utf8()));
 }
