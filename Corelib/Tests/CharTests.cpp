@@ -57,6 +57,8 @@ TEST(CharTests, IsAValueOfOneCharacter)
     const Char euro(U'\u20AC');
     EXPECT_EQ("\xE2\x82\xAC", euro.ToString().Utf8());
     EXPECT_EQ("\xE2\x82\xAC", String::Format("{0}", euro).Utf8());
+    EXPECT_EQ("\xE2\x82\xAC", euro.ToString("X8").Utf8());
+    EXPECT_THROW(euro.ToString(null), ArgumentNullException);
     EXPECT_EQ(0x20AC, euro.GetHashCode());
     EXPECT_EQ(1, euro.CompareTo(Char(U'a')));
     EXPECT_EQ(1, euro.CompareTo(Int32(0xFFFF)));

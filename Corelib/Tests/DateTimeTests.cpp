@@ -37,8 +37,8 @@ TEST(DateTimeTests, CalendarFieldsAreCheckedAndComeBack)
     EXPECT_EQ(Epoch, DateTime(1970, 1, 1).Ticks());
     EXPECT_EQ(0, DateTime(1, 1, 1).Ticks());
     using Date = std::tuple<int, int, int>;
-    for (const auto& [year, month, day] :
-         {Date{2023, 2, 29}, Date{0, 1, 1}, Date{10000, 1, 1}, Date{2000, 13, 1}, Date{2000, 1, 0}})
+    for (const auto& [year, month, day] : {Date{2023, 2, 29}, Date{0, 1, 1}, Date{10000, 1, 1}, Date{2000, 13, 1},
+                                           Date{2000, 257, 1}, Date{2000, 1, 0}, Date{2000, 1, 257}})
     {
         EXPECT_THROW(DateTime(year, month, day), ArgumentOutOfRangeException) << day << "/" << month << "/" << year;
     }

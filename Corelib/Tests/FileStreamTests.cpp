@@ -132,7 +132,9 @@ TEST(FileStreamTests, AStreamRefusesWhatItIsNotOpenFor)
     const TemporaryFolder folder;
     FileStream writer(folder.Path("f"), FileMode::Create, W, FileShare::None);
     FileStream reader(folder.Path("f"), FileMode::Open, R, FileShare::None);
+    Array<unsigned char> none(0);
     EXPECT_THROW(writer.ReadByte(), NotSupportedException);
+    EXPECT_THROW(writer.Read(none, 0, 0), NotSupportedException);
     EXPECT_THROW(reader.WriteByte(1), NotSupportedException);
     EXPECT_THROW(writer.SetLength(1), NotSupportedException);
     EXPECT_THROW(writer.SetLength(-1), ArgumentOutOfRangeException);
@@ -141,7 +143,8 @@ TEST(FileStreamTests, AStreamRefusesWhatItIsNotOpenFor)
     writer.Close(); // no effect
     reader.Close();
     EXPECT_FALSE(writer.CanWrite());
-    EXPECT_THROW(writer.Write(Bytes("x"), 0, 1), ObjectClosedException);
+    EXPECT_THROW(writer.Write(none, 0, 0), ObjectClosedException);
+    EXPECT_THROW(reader.Read(none, 0, 0), ObjectClosedException);
     EXPECT_THROW(writer.Flush(), ObjectClosedException);
     EXPECT_THROW(writer.Length(), ObjectClosedException);
     EXPECT_THROW(writer.SetLength(-1), ObjectClosedException);

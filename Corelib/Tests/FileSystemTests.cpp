@@ -16,15 +16,16 @@ using namespace Tesmo::System::IO;
 
 namespace
 {
-std::set<std::string> NamesIn(const TemporaryFolder& folder, const String& pattern)
+/// The paths that GetFiles gives, below the folder and with slashes.
+std::set<std::string> FilesIn(const TemporaryFolder& folder, const String& pattern)
 {
-    std::set<std::string> names;
+    std::set<std::string> found;
     for (const FileInfo& file : DirectoryInfo(folder.Path()).GetFiles(pattern))
     {
-        EXPECT_EQ(folder.Path(file.Name().Utf8()), file.FullName());
-        names.insert(file.Name().Utf8());
+        const std::filesystem::path path(file.FullName().Utf8());
+        found.insert(path.lexically_relative(folder.Path().Utf8()).generic_string());
     }
-    return names;
+    return found;
 }
 } // namespace
 
@@ -45,6 +46,22 @@ TEST(FileSystemTests, FilesAndFoldersAreToldApart)
     EXPECT_TRUE(DirectoryInfo(folder.Path()).Attributes().Has(FileAttributes::Directory));
     EXPECT_FALSE(FileInfo(folder.Path("f.txt")).Attributes().Has(FileAttributes::Directory));
     EXPECT_THROW(FileInfo(folder.Path("g.txt")).Attributes(), FileNotFoundException);
+    const auto bits = FileAttributes::ReadOnly | FileAttributes::Directory;
+    EXPECT_EQ("Directory, ReadOnly", FileAttributes(bits).ToString().Utf8());
+    FileAttributes parsed;
+    EXPECT_TRUE(FileAttributes::TryParse("ReadOnly, Directory", false, parsed) && parsed.Equals(FileAttributes(bits)));
+}
+
+TEST(FileSystemTests, InfosOfNothingFillAnArray)
+{
+    Array<FileInfo> files(1);
+    EXPECT_FALSE(files[0].Exists());
+    EXPECT_TRUE(files[0].Name().IsEmpty());
+    EXPECT_THROW(files[0].Delete(), Security::SecurityException);
+    Array<DirectoryInfo> folders(1);
+    EXPECT_FALSE(folders[0].Exists());
+    EXPECT_EQ(0, folders[0].GetFiles("*").Length());
+    EXPECT_THROW(folders[0].Create(), IOException);
 }
 
 TEST(FileSystemTests, MoveNeedsASourceAnExtensionAndAFreeName)
@@ -92,10 +109,14 @@ TEST(FileSystemTests, GetFilesMatchesNamesOfFilesOnly)
     folder.Write("c.dll.txt", "");
     folder.Write("[a].x", "");
     folder.MakeFolder("sub.dll");
-    EXPECT_EQ((std::set<std::string>{"a.dll", "b.dll"}), NamesIn(folder, "*.dll"));
-    EXPECT_EQ((std::set<std::string>{"a.dll"}), NamesIn(folder, "a.?ll"));
-    EXPECT_EQ((std::set<std::string>{"[a].x"}), NamesIn(folder, "[a].x")); // brackets are no pattern
-    EXPECT_TRUE(NamesIn(folder, "*.so").empty());
+    folder.Write("sub.dll/d.txt", "");
+    const String sub = Path::Combine("sub.dll", "*.txt");
+    EXPECT_EQ((std::set<std::string>{"a.dll", "b.dll"}), FilesIn(folder, "*.dll"));
+    EXPECT_EQ((std::set<std::string>{"a.dll"}), FilesIn(folder, "a.?ll"));
+    EXPECT_EQ((std::set<std::string>{"[a].x"}), FilesIn(folder, "[a].x")); // brackets are no pattern
+    EXPECT_EQ((std::set<std::string>{"sub.dll/d.txt"}), FilesIn(folder, sub));
+    EXPECT_EQ((std::set<std::string>{"sub.dll/d.txt"}), FilesIn(folder, Path::Combine(folder.Path(), sub)));
+    EXPECT_TRUE(FilesIn(folder, "*.so").empty());
     EXPECT_EQ(0, DirectoryInfo(folder.Path("none")).GetFiles("*").Length());
 }
 

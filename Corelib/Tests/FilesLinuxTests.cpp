@@ -1,14 +1,29 @@
 #include <Tests/Support/TemporaryFolder.h>
 
+#include <Core/System/Exception.h>
 #include <Core/System/IO/DirectoryInfo.h>
 #include <Core/System/IO/FileStream.h>
+#include <Core/System/IO/IOException.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <iterator>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
+
+namespace
+{
+std::ptrdiff_t OpenDescriptors()
+{
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+} // namespace
 
 TEST(FilesLinuxTests, AnOpenFileIsNotHandedToChildProcesses)
 {
@@ -32,4 +47,64 @@ TEST(FilesLinuxTests, FilesAreFoundThroughLinksAndDeadLinksAreNot)
     const Array<FileInfo> files = DirectoryInfo(folder.Path()).GetFiles("*.so");
     ASSERT_EQ(1, files.Length());
     EXPECT_EQ("file.so", files[0].Name().Utf8());
+}
+
+TEST(FilesLinuxTests, FilesWhosePathsAreTooLongAreLeftOut)
+{
+    const TemporaryFolder folder;
+    std::filesystem::path deep(folder.Path().Utf8());
+    while (deep.native().size() < 1900)
+    {
+        deep /= std::string(100, 'd');
+    }
+    std::filesystem::create_directories(deep);
+    for (const std::string& name : {std::string("short"), std::string(250, 'n')})
+    {
+        std::ofstream(deep / name);
+    }
+    const Array<FileInfo> files = DirectoryInfo(String(deep.native())).GetFiles("*");
+    ASSERT_EQ(1, files.Length());
+    EXPECT_EQ("short", files[0].Name().Utf8());
+}
+
+TEST(FilesLinuxTests, CloseGivesTheDescriptorBackOfAPipeToo)
+{
+    const TemporaryFolder folder;
+    const String path = folder.Path("pipe");
+    ASSERT_EQ(0, mkfifo(path.Utf8().c_str(), 0600));
+    const std::ptrdiff_t before = OpenDescriptors();
+    FileStream stream(path, FileMode::Open, FileAccess::ReadWrite, FileShare::None);
+    for (int round = 0; round < 2; round++)
+    {
+        stream.WriteByte('x');
+        stream.WriteByte('y');
+        EXPECT_EQ('x', stream.ReadByte());
+        std::ofstream(path.Utf8()) << 'z';
+        EXPECT_THROW(stream.Length(), IOException);
+        EXPECT_EQ('y', stream.ReadByte()); // the failure has cost nothing
+        EXPECT_EQ(before + 1, OpenDescriptors());
+        stream.Close();
+        EXPECT_EQ(before, OpenDescriptors());
+        EXPECT_TRUE(stream.IsClosed());
+        stream.Reopen();
+    }
+}
+
+TEST(FilesLinuxTests, AReportHasItsStackOnceFilesCanBeOpenedAgain)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // a process that has not read its symbols yet
+    const auto report = []
+    {
+        rlimit usual{};
+        getrlimit(RLIMIT_NOFILE, &usual);
+        const rlimit nothing{0, usual.rlim_max};
+        const auto hasStack = [](const Exception& exception)
+        { return exception.ToString().Utf8().find("   at ") != std::string::npos; };
+        const Exception early("f.cpp", 1);
+        setrlimit(RLIMIT_NOFILE, &nothing);
+        const bool isMissing = !hasStack(early) && !hasStack(Exception("f.cpp", 2));
+        setrlimit(RLIMIT_NOFILE, &usual);
+        std::exit(isMissing && hasStack(early) && hasStack(Exception("f.cpp", 3)) ? 0 : 1);
+    };
+    EXPECT_EXIT(report(), testing::ExitedWithCode(0), "");
 }

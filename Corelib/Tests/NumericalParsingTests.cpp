@@ -61,6 +61,9 @@ TEST(NumericalParsingTests, OtherWidths)
 {
     EXPECT_EQ("0", Outcome<UInt32>("-0", 10));
     EXPECT_EQ("O", Outcome<UInt32>("-1", 10));
+    EXPECT_EQ("O", Outcome<UInt32>("x-1", 10)); // read from the back: the sign comes first
+    EXPECT_EQ("F", Outcome<UInt32>("x-0", 10));
+    EXPECT_EQ("F", Outcome<Int32>("x-1", 10));
     EXPECT_EQ("4294967295", Outcome<UInt32>("ffffffff", 16));
     EXPECT_EQ("O", Outcome<UInt32>("4294967296", 10));
     EXPECT_EQ("255", Outcome<Byte>("255", 10));

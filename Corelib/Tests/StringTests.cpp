@@ -195,6 +195,14 @@ TEST(StringTests, SearchesBackward)
         EXPECT_THROW(text.LastIndexOf("x", start, count), ArgumentOutOfRangeException);
     }
     EXPECT_THROW(text.LastIndexOf(U'x', std::numeric_limits<int>::max()), ArgumentOutOfRangeException);
+    EXPECT_EQ(-1, String().LastIndexOf(U'a', 0));
+    EXPECT_EQ(0, String().LastIndexOf("", 0, 0));
+    for (const auto& [start, count] : {std::pair{-1, 0}, {0, 1}, {1, 0}, {0, -1}})
+    {
+        EXPECT_THROW(String().LastIndexOf(U'x', start, count), ArgumentOutOfRangeException);
+        EXPECT_THROW(String().LastIndexOf("", start, count), ArgumentOutOfRangeException);
+        EXPECT_THROW(String().LastIndexOfAny(Array<char32>(U'x'), start, count), ArgumentOutOfRangeException);
+    }
 }
 
 TEST(StringTests, ComparesBeginningsAndEnds)

@@ -30,15 +30,27 @@ TEST(WrapperTests, EachClassKnowsItsTypeCodeNameAndSign)
 
 TEST(WrapperTests, EqualityLooksAtTheNumber)
 {
-    EXPECT_FALSE(Int32(-1).Equals(UInt32(4294967295U)));
-    EXPECT_FALSE(UInt32(4294967295U).Equals(Int32(-1)));
-    EXPECT_TRUE(Int32(7).Equals(UInt64(7)));
-    EXPECT_TRUE(Char(U'A').Equals(Int64(65)));
-    EXPECT_TRUE(UInt64(7).Equals(Double(7.0)));
-    EXPECT_TRUE(Double(1.5).Equals(Single(1.5F)));
-    EXPECT_FALSE(Double(1.5).Equals(Double(1.25)));
-    EXPECT_TRUE(Double(Double::NaN).Equals(Double(Double::NaN)));
-    EXPECT_FALSE(Double(Double::NaN).Equals(Int32(0)));
+    const auto equal = [](const ValueType& left, const ValueType& right)
+    {
+        EXPECT_EQ(left.Equals(right), right.Equals(left));
+        return left.Equals(right);
+    };
+    EXPECT_FALSE(equal(Int32(-1), UInt32(4294967295U)));
+    EXPECT_FALSE(equal(Int64(-1), UInt64(UInt64::MaxValue)));
+    EXPECT_TRUE(equal(Int32(7), UInt64(7)));
+    EXPECT_TRUE(equal(Char(U'A'), Int64(65)));
+    EXPECT_TRUE(equal(UInt64(7), Double(7.0)));
+    EXPECT_TRUE(equal(Int64(Int64::MinValue), Single(-9223372036854775808.0F)));
+    EXPECT_FALSE(equal(Int32(1), Double(1.5)));
+    EXPECT_FALSE(equal(UInt32(1), Double(-1.0)));
+    EXPECT_FALSE(equal(Int64(9007199254740993), Double(9007199254740992.0))); // no double is this number
+    EXPECT_FALSE(equal(UInt64(UInt64::MaxValue), Double(18446744073709551616.0)));
+    EXPECT_FALSE(equal(Int32(0), Double(Double::NaN)));
+    EXPECT_FALSE(equal(DateTime(0), Single(Single::NegativeInfinity)));
+    EXPECT_TRUE(equal(Double(1.5), Single(1.5F)));
+    EXPECT_TRUE(equal(Double(0.0), Double(-0.0)));
+    EXPECT_FALSE(equal(Double(1.5), Double(1.25)));
+    EXPECT_TRUE(equal(Double(Double::NaN), Single(Single::NaN)));
     EXPECT_FALSE(Int32(1).Equals(static_cast<const Object&>(String("1"))));
     EXPECT_FALSE(Int32(0).Equals(static_cast<const Object&>(null)));
     EXPECT_FALSE(Double(0).Equals(static_cast<const ValueType&>(null)));

@@ -2,8 +2,10 @@
 
 #include <unwind.h> // the compiler's own, the same on both platforms; it needs no frame pointers
 
-#include <algorithm>
 #include <atomic>
+#include <cstddef>
+#include <new>
+#include <utility>
 
 namespace Tesmo::Platform
 {
@@ -11,13 +13,14 @@ namespace
 {
 std::atomic<bool> linesMissing = false;
 
+constexpr std::size_t UsualDepth = 64; ///< frames
+
 struct Walk
 {
     const void* user;
-    const void** addresses;
-    int capacity;
-    int count = 0;             ///< 0 until the user's function has come by
-    const void* own = nullptr; ///< the topmost address
+    std::vector<const void*> addresses; ///< none until the user's function has come by
+    const void* own = nullptr;          ///< the topmost address
+    bool isOutOfMemory = false;
 };
 
 _Unwind_Reason_Code VisitFrame(_Unwind_Context* context, void* argument)
@@ -28,45 +31,52 @@ _Unwind_Reason_Code VisitFrame(_Unwind_Context* context, void* argument)
     {
         walk.own = address;
     }
-    if (walk.count == 0)
+    const bool isAboveUser = walk.addresses.empty() && address != walk.user;
+    if (isAboveUser)
     {
-        const bool isAboveUser = address != walk.user;
-        if (isAboveUser)
-        {
-            return _URC_NO_REASON;
-        }
-        std::fill_n(walk.addresses, OwnFrames, walk.own);
-        walk.count = OwnFrames;
+        return _URC_NO_REASON;
     }
-    if (walk.count == walk.capacity)
+    try // nothing may be thrown through the unwinder
     {
+        if (walk.addresses.empty())
+        {
+            walk.addresses.reserve(UsualDepth);
+            walk.addresses.assign(OwnFrames, walk.own);
+        }
+        walk.addresses.push_back(address);
+        return _URC_NO_REASON;
+    }
+    catch (const std::bad_alloc&)
+    {
+        walk.isOutOfMemory = true;
         return _URC_END_OF_STACK;
     }
-    walk.addresses[walk.count] = address;
-    walk.count++;
-    return _URC_NO_REASON;
 }
 } // namespace
 
-int CaptureStack(const void* user, const void** addresses, int capacity)
+std::vector<const void*> CaptureStack(const void* user)
 {
     if (linesMissing.load(std::memory_order_relaxed))
     {
-        return 0;
-    }
-    Walk walk{user, addresses, capacity};
-    _Unwind_Backtrace(VisitFrame, &walk);
-    return walk.count;
-}
-
-std::vector<System::Diagnostics::CallStackEntry> ResolveStack(const void* const* addresses, int count)
-{
-    if (count == 0)
-    {
         return {};
     }
-    auto entries = LookUpAddresses(addresses, count);
-    if (entries.empty()) // the first address is the library's own
+    Walk walk{user, {}};
+    _Unwind_Backtrace(VisitFrame, &walk);
+    if (walk.isOutOfMemory)
+    {
+        throw std::bad_alloc();
+    }
+    return std::move(walk.addresses);
+}
+
+std::optional<StackEntries> ResolveStack(const std::vector<const void*>& addresses)
+{
+    if (addresses.empty())
+    {
+        return StackEntries();
+    }
+    auto entries = LookUpAddresses(addresses);
+    if (entries && entries->empty()) // the first address is the library's own
     {
         linesMissing.store(true, std::memory_order_relaxed);
     }

@@ -2,6 +2,7 @@
 
 #include <Core/System/Diagnostics/CallStackEntry.h>
 
+#include <optional>
 #include <vector>
 
 namespace Tesmo::Platform
@@ -10,18 +11,20 @@ namespace Tesmo::Platform
 /// number depends on the optimiser, so a walk counts from the user's function and writes its own address above it.
 constexpr int OwnFrames = 6;
 
-/// Notes the stack of the calling thread. Cheap: no symbols, no allocation.
-/// @param user       a return address into the topmost function of interest
-/// @param addresses  receives OwnFrames addresses of the library, then the user's function and its callers
-/// @param capacity   above OwnFrames
-/// @returns the number of addresses; 0 where user is not on the stack, and from then on when ResolveStack has found
-///          that the library itself has no lines
-[[gnu::noinline]] int CaptureStack(const void* user, const void** addresses, int capacity);
+/// Notes the stack of the calling thread, however deep it is. Cheap: no symbols.
+/// @param user  a return address into the topmost function of interest
+/// @returns OwnFrames addresses of the library, then the user's function and its callers; none where user is not on the
+///          stack, and from then on when ResolveStack has found that the library itself has no lines
+/// @throws std::bad_alloc
+[[gnu::noinline]] std::vector<const void*> CaptureStack(const void* user);
+
+using StackEntries = std::vector<System::Diagnostics::CallStackEntry>;
 
 /// Looks up the addresses of one walk, in order, and ends before the first whose source file is not known. An inlined
 /// call gives an entry of its own, innermost first. Any thread may call it.
-std::vector<System::Diagnostics::CallStackEntry> ResolveStack(const void* const* addresses, int count);
+/// @returns nothing where the symbols cannot be read now, but may be later
+std::optional<StackEntries> ResolveStack(const std::vector<const void*>& addresses);
 
 /// The platform's part of ResolveStack.
-std::vector<System::Diagnostics::CallStackEntry> LookUpAddresses(const void* const* addresses, int count);
+std::optional<StackEntries> LookUpAddresses(const std::vector<const void*>& addresses);
 } // namespace Tesmo::Platform

@@ -3,20 +3,23 @@
 #include <backtrace.h>
 #include <cxxabi.h>
 #include <dlfcn.h>
+#include <fcntl.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 namespace Tesmo::Platform
 {
 namespace
 {
 using System::Diagnostics::CallStackEntry;
-using Entries = std::vector<CallStackEntry>;
 
 struct Symbol
 {
@@ -24,9 +27,32 @@ struct Symbol
     std::uintptr_t start = 0;
 };
 
-void IgnoreError(void*, const char*, int)
+/// What one look-up has come to.
+struct LookUp
 {
-    // without symbols there are no entries, and that is an answer
+    StackEntries entries;
+    bool lacksDescriptors = false;
+};
+
+/// Without symbols there are no entries, and that is an answer.
+/// @param code  errno, or -1 where symbols are missing
+void NoteError(void* lookUp, const char*, int code)
+{
+    static_cast<LookUp*>(lookUp)->lacksDescriptors |= code == EMFILE || code == ENFILE;
+}
+
+void IgnoreError(void*, const char*, int) {}
+
+/// Whether files can be opened at all.
+bool HasDescriptors()
+{
+    const int probe = open("/proc/self/exe", O_RDONLY | O_CLOEXEC);
+    const bool isLacking = probe < 0 && (errno == EMFILE || errno == ENFILE);
+    if (probe >= 0)
+    {
+        close(probe);
+    }
+    return !isLacking;
 }
 
 bool IsMangled(const char* name)
@@ -50,11 +76,11 @@ std::string Demangled(const char* name)
     return text == nullptr ? name : text.get();
 }
 
-int AddEntry(void* entries, std::uintptr_t, const char* file, int line, const char* function)
+int AddEntry(void* lookUp, std::uintptr_t, const char* file, int line, const char* function)
 {
     if (file != nullptr)
     {
-        static_cast<Entries*>(entries)->push_back({file, line, Demangled(function), 0, 0});
+        static_cast<LookUp*>(lookUp)->entries.push_back({file, line, Demangled(function), 0, 0});
     }
     return 0;
 }
@@ -78,35 +104,61 @@ bool IsInOwnModule(const void* address)
 class Resolver
 {
 public:
-    /// The entries of one address; none where its source file is not known.
-    const Entries& Resolve(const void* address)
+    /// The entries of one address: none where its source file is not known, nothing where no file can be opened to look.
+    const StackEntries* Resolve(const void* address)
     {
-        const auto [place, isNew] = known.try_emplace(address);
-        if (isNew && IsInOwnModule(address))
+        const auto place = known.find(address);
+        if (place != known.end())
         {
-            place->second = LookUp(reinterpret_cast<std::uintptr_t>(address));
+            return &place->second;
         }
-        return place->second;
+        LookUp found;
+        if (IsInOwnModule(address))
+        {
+            found = Find(reinterpret_cast<std::uintptr_t>(address));
+        }
+        return found.lacksDescriptors ? nullptr : &known.emplace(address, std::move(found.entries)).first->second;
     }
 
     std::mutex mutex; ///< held by every caller
 
 private:
-    Entries LookUp(std::uintptr_t returnAddress)
+    LookUp Find(std::uintptr_t returnAddress)
     {
         const std::uintptr_t call = returnAddress - 1; // the return address may belong to the next line or function
-        Entries entries;
-        if (state == nullptr)
+        LookUp found;
+        if (!MakeState())
         {
-            return entries;
+            found.lacksDescriptors = true;
+            return found;
         }
-        backtrace_pcinfo(state, call, AddEntry, IgnoreError, &entries);
-        if (entries.empty())
+        backtrace_pcinfo(state, call, AddEntry, NoteError, &found);
+        if (found.entries.empty())
         {
-            return entries;
+            // A state keeps a failed load for good and cannot be freed: the next look-up takes another.
+            state = found.lacksDescriptors ? nullptr : state;
+            return found;
         }
+        found.lacksDescriptors = false;
+        Describe(found.entries, returnAddress);
+        return found;
+    }
+
+    /// False while no file can be opened, so that no state is spent.
+    bool MakeState()
+    {
+        if (state == nullptr && HasDescriptors())
+        {
+            state = backtrace_create_state(nullptr, 1, IgnoreError, nullptr); // 1: threads use it
+        }
+        return state != nullptr;
+    }
+
+    /// Adds what the symbol table knows.
+    void Describe(StackEntries& entries, std::uintptr_t returnAddress)
+    {
         Symbol symbol;
-        backtrace_syminfo(state, call, KeepSymbol, IgnoreError, &symbol);
+        backtrace_syminfo(state, returnAddress - 1, KeepSymbol, IgnoreError, &symbol);
         if (IsMangled(symbol.name) && entries.back().methodName.find("::") == std::string::npos)
         {
             entries.back().methodName = Demangled(symbol.name); // the line table has short names of local functions
@@ -115,11 +167,10 @@ private:
         {
             entry.offsetFromSymbol = symbol.start == 0 ? 0 : static_cast<int>(returnAddress - symbol.start);
         }
-        return entries;
     }
 
-    backtrace_state* const state = backtrace_create_state(nullptr, 1, IgnoreError, nullptr); // 1: threads use it
-    std::unordered_map<const void*, Entries> known;
+    backtrace_state* state = nullptr;
+    std::unordered_map<const void*, StackEntries> known;
 };
 
 /// Never destroyed: an exception may be reported while the program ends.
@@ -130,19 +181,23 @@ Resolver& TheResolver()
 }
 } // namespace
 
-std::vector<CallStackEntry> LookUpAddresses(const void* const* addresses, int count)
+std::optional<StackEntries> LookUpAddresses(const std::vector<const void*>& addresses)
 {
     Resolver& resolver = TheResolver();
     const std::lock_guard lock(resolver.mutex);
-    Entries all;
-    for (int i = 0; i < count; i++)
+    StackEntries all;
+    for (const void* const address : addresses)
     {
-        const Entries& entries = resolver.Resolve(addresses[i]);
-        if (entries.empty())
+        const StackEntries* const entries = resolver.Resolve(address);
+        if (entries == nullptr)
+        {
+            return std::nullopt;
+        }
+        if (entries->empty())
         {
             break;
         }
-        all.insert(all.end(), entries.begin(), entries.end());
+        all.insert(all.end(), entries->begin(), entries->end());
     }
     return all;
 }

@@ -28,6 +28,7 @@ class SymbolLibrary
 public:
     SymbolLibrary() : module(Load())
     {
+        isMissing = module != nullptr || GetLastError() == ERROR_MOD_NOT_FOUND;
         isComplete = module != nullptr && Find(initialize, "SymInitialize") && Find(cleanup, "SymCleanup") &&
                      Find(getOptions, "SymGetOptions") && Find(setOptions, "SymSetOptions") &&
                      Find(lineFromAddress, "SymGetLineFromAddr64") && Find(symFromAddress, "SymGetSymFromAddr64") &&
@@ -44,6 +45,7 @@ public:
     SymbolLibrary& operator=(const SymbolLibrary&) = delete;
 
     bool isComplete;
+    bool isMissing; ///< where it is not complete: this machine has none, and will have none
     decltype(&SymInitialize) initialize = nullptr;
     decltype(&SymCleanup) cleanup = nullptr;
     decltype(&SymGetOptions) getOptions = nullptr;
@@ -107,6 +109,8 @@ public:
     SymbolSession(const SymbolSession&) = delete;
     SymbolSession& operator=(const SymbolSession&) = delete;
 
+    bool isReady; ///< false where the symbols cannot be read now
+
     /// False where the source file is not known.
     bool LookUp(const void* address, CallStackEntry& entry) const
     {
@@ -114,7 +118,7 @@ public:
         IMAGEHLP_LINE64 line{};
         line.SizeOfStruct = sizeof line;
         DWORD offsetFromLine = 0;
-        if (!isReady || library.lineFromAddress(GetCurrentProcess(), call, &offsetFromLine, &line) == FALSE)
+        if (library.lineFromAddress(GetCurrentProcess(), call, &offsetFromLine, &line) == FALSE)
         {
             return false;
         }
@@ -156,25 +160,28 @@ private:
     }
 
     const SymbolLibrary& library;
-    bool isReady;
 };
 } // namespace
 
-std::vector<CallStackEntry> LookUpAddresses(const void* const* addresses, int count)
+std::optional<StackEntries> LookUpAddresses(const std::vector<const void*>& addresses)
 {
     static std::mutex& mutex = *new std::mutex; // never destroyed: an exception may be reported while the program ends
     const std::lock_guard lock(mutex);
     const SymbolLibrary library;
-    std::vector<CallStackEntry> entries;
+    StackEntries entries;
     if (!library.isComplete)
     {
-        return entries;
+        return library.isMissing ? std::optional(entries) : std::nullopt;
     }
     const SymbolSession session(library);
-    for (int i = 0; i < count; i++)
+    if (!session.isReady)
+    {
+        return std::nullopt;
+    }
+    for (const void* const address : addresses)
     {
         CallStackEntry entry;
-        if (!session.LookUp(addresses[i], entry))
+        if (!session.LookUp(address, entry))
         {
             break;
         }

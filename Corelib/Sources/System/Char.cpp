@@ -171,10 +171,15 @@ String Char::ToString() const
     return String(value, 1);
 }
 
-String Char::ToString(const String& format, const IFormatProvider&) const
+String Char::ToString(const String& format) const
 {
     NotNull(format);
     return ToString();
+}
+
+String Char::ToString(const String& format, const IFormatProvider&) const
+{
+    return ToString(format);
 }
 
 int Char::GetHashCode() const

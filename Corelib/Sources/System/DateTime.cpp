@@ -38,7 +38,8 @@ std::int64_t UtcOfLocal(std::int64_t local)
 bool IsDate(int year, int month, int day)
 {
     using namespace std::chrono;
-    return year >= 1 && year <= 9999 && month >= 1 && day >= 1 &&
+    // The range comes first: the calendar keeps months and days in 8 bits.
+    return year >= 1 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 && day <= 31 &&
            year_month_day(std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)),
                           std::chrono::day(static_cast<unsigned>(day)))
                .ok();

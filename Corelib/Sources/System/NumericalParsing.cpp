@@ -98,7 +98,7 @@ bool TakePrefix(std::string_view& text, char letter)
 
 /// Reads from the last character to the first: the digits begin with the least significant one, sign and prefix come
 /// last.
-Fault ReadWritten(std::string_view text, int base, Written& number)
+Fault ReadWritten(std::string_view text, int base, bool isUnsigned, Written& number)
 {
     if (base < 2 || base > 32)
     {
@@ -122,6 +122,10 @@ Fault ReadWritten(std::string_view text, int base, Written& number)
         number.negative = text.back() == '-';
         text.remove_suffix(1);
     }
+    if (isUnsigned && number.negative && number.magnitude != 0) // whatever stands before the sign
+    {
+        return Fault::Overflow;
+    }
     TrimBack(text);
     return text.empty() ? Fault::None : Fault::Format;
 }
@@ -129,7 +133,7 @@ Fault ReadWritten(std::string_view text, int base, Written& number)
 Fault Read(std::string_view text, int base, int bits, std::int64_t& result)
 {
     Written number;
-    if (const Fault fault = ReadWritten(text, base, number); fault != Fault::None)
+    if (const Fault fault = ReadWritten(text, base, false, number); fault != Fault::None)
     {
         return fault;
     }
@@ -149,12 +153,12 @@ Fault Read(std::string_view text, int base, int bits, std::int64_t& result)
 Fault Read(std::string_view text, int base, int bits, std::uint64_t& result)
 {
     Written number;
-    if (const Fault fault = ReadWritten(text, base, number); fault != Fault::None)
+    if (const Fault fault = ReadWritten(text, base, true, number); fault != Fault::None)
     {
         return fault;
     }
     const std::uint64_t all = std::numeric_limits<std::uint64_t>::max() >> (64 - bits);
-    if (number.magnitude > all || (number.negative && number.magnitude != 0))
+    if (number.magnitude > all)
     {
         return Fault::Overflow;
     }

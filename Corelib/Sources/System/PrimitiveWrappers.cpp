@@ -278,19 +278,6 @@ bool IntegerWrapper<W, P>::TryParse(const String& text, int base, P& result)
 }
 
 template <class W, class P>
-bool FloatWrapper<W, P>::Equals(const ValueType& other) const
-{
-    const auto* const convertible = IsNull(other) ? nullptr : dynamic_cast<const IConvertible*>(&other);
-    if (convertible == nullptr)
-    {
-        return false;
-    }
-    const auto left = static_cast<double>(static_cast<P>(*this));
-    const double right = convertible->ToDouble(FormatProvider::Default());
-    return left == right || (std::isnan(left) && std::isnan(right));
-}
-
-template <class W, class P>
 P FloatWrapper<W, P>::Parse(const String& text, CallSite site)
 {
     P result = 0;

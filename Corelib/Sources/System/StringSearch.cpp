@@ -40,29 +40,31 @@ int FindForward(const ustring& text, int startIndex, int count, Predicate matche
     return -1;
 }
 
-/// A backward range ends at startIndex and holds count code points. An empty text has none, and nothing to be found.
+/// Where a search through the whole text begins that goes backward.
+int LastIndex(int length)
+{
+    return std::max(length - 1, 0);
+}
+
+/// A backward range ends at startIndex and holds count code points. In an empty text it begins at 0 and holds none.
 void CheckBackwardRange(int startIndex, int count, int length)
 {
-    if (startIndex < 0 || startIndex >= length || count < 0 || count > startIndex + 1)
+    if (startIndex < 0 || startIndex > LastIndex(length) || count < 0 || count > std::min(startIndex + 1, length))
     {
         throw ArgumentOutOfRangeException(ThrowSite);
     }
 }
 
-/// The count that reaches back to the first code point. No startIndex overflows: the greatest one gives a negative
-/// count, which is out of range as that index is.
-int CountBackFrom(int startIndex)
+/// The count that reaches back to the first code point.
+int CountBackFrom(int startIndex, int length)
 {
-    return static_cast<int>(static_cast<unsigned int>(startIndex) + 1u);
+    CheckBackwardRange(startIndex, 0, length);
+    return std::min(startIndex + 1, length);
 }
 
 template <class Predicate>
 int FindBackward(const ustring& text, int startIndex, int count, Predicate matches)
 {
-    if (text.Length() == 0)
-    {
-        return -1;
-    }
     CheckBackwardRange(startIndex, count, text.Length());
     auto position = text.BackFrom(static_cast<std::size_t>(startIndex));
     for (; count > 0; count--, ++position)
@@ -122,12 +124,12 @@ int String::IndexOf(const String& text, int startIndex, int count) const
 
 int String::LastIndexOf(char32 c) const
 {
-    return LastIndexOf(c, Length() - 1);
+    return LastIndexOf(c, LastIndex(Length()));
 }
 
 int String::LastIndexOf(char32 c, int startIndex) const
 {
-    return LastIndexOf(c, startIndex, CountBackFrom(startIndex));
+    return LastIndexOf(c, startIndex, CountBackFrom(startIndex, Length()));
 }
 
 int String::LastIndexOf(char32 c, int startIndex, int count) const
@@ -137,25 +139,26 @@ int String::LastIndexOf(char32 c, int startIndex, int count) const
 
 int String::LastIndexOf(const String& text) const
 {
-    return LastIndexOf(text, Length() - 1);
+    return LastIndexOf(text, LastIndex(Length()));
 }
 
 int String::LastIndexOf(const String& text, int startIndex) const
 {
-    return LastIndexOf(text, startIndex, CountBackFrom(startIndex));
+    NotNull(text);
+    return LastIndexOf(text, startIndex, CountBackFrom(startIndex, Length()));
 }
 
 int String::LastIndexOf(const String& text, int startIndex, int count) const
 {
     NotNull(text);
-    if (IsEmpty())
-    {
-        return text.IsEmpty() ? 0 : -1;
-    }
     CheckBackwardRange(startIndex, count, Length());
     if (text.IsEmpty())
     {
         return startIndex;
+    }
+    if (text.Length() > count)
+    {
+        return -1;
     }
     const std::string_view range = Range(value, startIndex + 1 - count, count);
     const std::size_t found = range.rfind(text.Utf8());
@@ -180,12 +183,13 @@ int String::IndexOfAny(const Array<char32>& anyOf, int startIndex, int count) co
 
 int String::LastIndexOfAny(const Array<char32>& anyOf) const
 {
-    return LastIndexOfAny(anyOf, Length() - 1);
+    return LastIndexOfAny(anyOf, LastIndex(Length()));
 }
 
 int String::LastIndexOfAny(const Array<char32>& anyOf, int startIndex) const
 {
-    return LastIndexOfAny(anyOf, startIndex, CountBackFrom(startIndex));
+    NotNull(anyOf);
+    return LastIndexOfAny(anyOf, startIndex, CountBackFrom(startIndex, Length()));
 }
 
 int String::LastIndexOfAny(const Array<char32>& anyOf, int startIndex, int count) const

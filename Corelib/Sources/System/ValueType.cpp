@@ -2,9 +2,50 @@
 
 #include <Core/System/FormatProvider.h>
 #include <Core/System/IConvertible.h>
+#include <Core/System/TypeCode.h>
+
+#include <cmath>
+#include <cstdint>
+#include <optional>
 
 namespace Tesmo::System
 {
+namespace
+{
+/// A whole number of either sign, up to 64 bits.
+struct Whole
+{
+    bool negative;
+    std::uint64_t magnitude;
+
+    bool operator==(const Whole&) const = default;
+};
+
+bool IsFloating(const IConvertible& number)
+{
+    return number.GetTypeCode() == TypeCode::Single || number.GetTypeCode() == TypeCode::Double;
+}
+
+/// Empty for a floating number with a fraction, beyond 64 bits, or that is none.
+std::optional<Whole> WholeOf(const IConvertible& number, bool isSigned)
+{
+    if (IsFloating(number))
+    {
+        const double value = number.ToDouble(FormatProvider::Default());
+        const double size = std::abs(value);
+        const bool isWhole = std::trunc(size) == size && size < 18446744073709551616.0; // 2^64
+        return isWhole ? std::optional<Whole>({value < 0, static_cast<std::uint64_t>(size)}) : std::nullopt;
+    }
+    if (!isSigned)
+    {
+        return Whole{false, number.ToUInt64(FormatProvider::Default())};
+    }
+    const std::int64_t value = number.ToInt64(FormatProvider::Default());
+    const auto pattern = static_cast<std::uint64_t>(value);
+    return Whole{value < 0, value < 0 ? 0 - pattern : pattern};
+}
+} // namespace
+
 bool ValueType::Equals(const Object& other) const
 {
     if (IsNull(other))
@@ -17,26 +58,20 @@ bool ValueType::Equals(const Object& other) const
 
 bool ValueType::Equals(const ValueType& other) const
 {
-    if (IsNull(other))
-    {
-        return false;
-    }
-    const auto* const left = dynamic_cast<const IConvertible*>(this);
-    const auto* const right = dynamic_cast<const IConvertible*>(&other);
+    const auto* const left = IsNull(other) ? nullptr : dynamic_cast<const IConvertible*>(this);
+    const auto* const right = IsNull(other) ? nullptr : dynamic_cast<const IConvertible*>(&other);
     if (left == nullptr || right == nullptr)
     {
         return false;
     }
-    // The 64-bit pattern of each number; a negative one has no equal among the unsigned.
-    const auto pattern = [](const IConvertible& number, bool isSigned)
+    if (IsFloating(*left) && IsFloating(*right))
     {
-        return isSigned ? static_cast<std::uint64_t>(number.ToInt64(FormatProvider::Default()))
-                        : number.ToUInt64(FormatProvider::Default());
-    };
-    const std::uint64_t leftPattern = pattern(*left, IsSigned());
-    const std::uint64_t rightPattern = pattern(*right, other.IsSigned());
-    const std::uint64_t signBit = std::uint64_t{1} << 63;
-    return leftPattern == rightPattern && (IsSigned() == other.IsSigned() || (leftPattern & signBit) == 0);
+        const double leftNumber = left->ToDouble(FormatProvider::Default());
+        const double rightNumber = right->ToDouble(FormatProvider::Default());
+        return leftNumber == rightNumber || (std::isnan(leftNumber) && std::isnan(rightNumber));
+    }
+    const std::optional<Whole> leftNumber = WholeOf(*left, IsSigned());
+    return leftNumber && leftNumber == WholeOf(*right, other.IsSigned());
 }
 
 bool ValueType::IsSigned() const

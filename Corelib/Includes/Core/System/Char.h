@@ -74,6 +74,7 @@ public:
     String ToString() const override;
     /// The same under every format.
     /// @throws ArgumentNullException  format is null
+    String ToString(const String& format) const;
     String ToString(const String& format, const IFormatProvider& provider) const override;
 
     int GetHashCode() const override;                       ///< the code point

@@ -19,11 +19,6 @@ public:
     static constexpr P NegativeInfinity = -std::numeric_limits<P>::infinity();
     static constexpr P NaN = std::numeric_limits<P>::quiet_NaN();
 
-    using PrimitiveWrapper<W, P>::Equals;
-
-    /// Against another floating number the fractions count, and NaN equals NaN.
-    bool Equals(const ValueType& other) const override;
-
     /// A failure names the place of the call.
     /// @throws ArgumentNullException  text is null
     /// @throws FormatException        text is no number

@@ -15,8 +15,8 @@ public:
 
     String ToString() const override = 0;
 
-    /// Compares two numbers of possibly different wrappers by value, signs respected: Int32 -1 differs from
-    /// UInt32 4294967295. False where either is not convertible.
+    /// Compares two numbers of possibly different wrappers by value, signs and fractions respected: Int32 -1 differs from
+    /// UInt32 4294967295, Int32 1 from Double 1.5. NaN equals NaN alone. False where either is not convertible.
     virtual bool Equals(const ValueType& other) const;
 
     /// True in the signed wrappers.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 namespace Tesmo::System::Diagnostics
 {
@@ -16,16 +17,20 @@ static_assert(WalkFrames + CallStack::HiddenEntries == Platform::OwnFrames);
 
 CallStack::CallStack(int skipFrames, const void* user)
     : dropped(skipFrames + WalkFrames),
-      count(Platform::CaptureStack(user, addresses.data(), Capacity))
+      addresses(Platform::CaptureStack(user))
 {
 }
 
 const std::vector<CallStackEntry>& CallStack::Entries() const
 {
     const std::lock_guard lock(mutex);
-    if (!resolved)
+    if (resolved)
     {
-        entries = Platform::ResolveStack(addresses.data(), count);
+        return entries;
+    }
+    if (auto found = Platform::ResolveStack(addresses))
+    {
+        entries = std::move(*found);
         entries.erase(entries.begin(), entries.begin() + std::min<std::ptrdiff_t>(dropped, std::ssize(entries)));
         resolved = true;
     }

@@ -2,6 +2,8 @@
 
 #include "Platform/Files.h"
 #include "System/IO/FailureText.h"
+
+#include <Core/System/ArgumentException.h>
 #include <Core/System/Checks.h>
 #include <Core/System/IO/Path.h>
 
@@ -10,6 +12,21 @@
 
 namespace Tesmo::System::IO
 {
+namespace
+{
+/// Leaves out what the file system holds but no path can name here: Linux allows more characters and longer paths.
+void AddFile(std::vector<FileInfo>& files, const String& folder, const String& name)
+{
+    try
+    {
+        files.push_back(FileInfo(Path::Combine(folder, name)));
+    }
+    catch (const ArgumentException&)
+    {
+    }
+}
+} // namespace
+
 DirectoryInfo::DirectoryInfo(const String& path) : FileSystemInfo(path) {}
 
 bool DirectoryInfo::Exists() const
@@ -42,14 +59,18 @@ void DirectoryInfo::Create()
 
 Array<FileInfo> DirectoryInfo::GetFiles(const String& pattern) const
 {
-    std::vector<FileInfo> files;
-    for (const Platform::FoundEntry& entry : Platform::FindEntries(Path::Combine(FullName(), NotNull(pattern)).Utf8()))
+    const String fullPattern = Path::Combine(FullName(), NotNull(pattern));
+    if (FullName().IsEmpty()) // the pattern alone would mean the current folder
     {
-        const String name(entry.name);
-        const bool isFile = (entry.attributes & Platform::AttributeDirectory) == 0;
-        if (isFile && Path::IsValid(name)) // Linux has files whose names are no valid paths here
+        return Array<FileInfo>(0);
+    }
+    const String folder = Path::GetDirectoryName(fullPattern);
+    std::vector<FileInfo> files;
+    for (const Platform::FoundEntry& entry : Platform::FindEntries(fullPattern.Utf8()))
+    {
+        if ((entry.attributes & Platform::AttributeDirectory) == 0)
         {
-            files.push_back(FileInfo(Path::Combine(FullName(), name)));
+            AddFile(files, folder, String(entry.name));
         }
     }
     return Array<FileInfo>(std::move(files));

@@ -174,7 +174,14 @@ void FileStream::Close()
     {
         return;
     }
-    savedPosition = GetPosition();
+    std::int64_t reached = 0;
+    savedPosition.reset();
+    if (Platform::SeekInFile(handle, 0, static_cast<int>(SeekOrigin::Current), reached) == 0)
+    {
+        savedPosition = reached - Unread();
+    }
+    readAhead.clear();
+    readAheadUsed = 0;
     Stream::Close();
     const int code = Platform::CloseFile(handle);
     handle = Platform::NoFile;
@@ -189,6 +196,7 @@ void FileStream::Flush()
 int FileStream::Read(Array<unsigned char>& buffer, int offset, int count)
 {
     CheckRange(offset, count, NotNull(buffer).Length());
+    CheckReadable();
     int total = 0;
     while (total < count && FillReadAhead())
     {
@@ -235,7 +243,10 @@ void FileStream::Reopen()
     }
     OpenHandle(openFlags == Platform::OpenOutput ? openFlags | Platform::OpenInput : openFlags);
     MarkOpen();
-    Move(savedPosition, SeekOrigin::Begin);
+    if (savedPosition)
+    {
+        Move(*savedPosition, SeekOrigin::Begin);
+    }
 }
 
 void FileStream::OpenHandle(int flags)
@@ -265,14 +276,19 @@ void FileStream::CheckOpen() const
     }
 }
 
-/// False at the end of the file.
-bool FileStream::FillReadAhead()
+void FileStream::CheckReadable() const
 {
     CheckOpen();
     if (!CanRead())
     {
         throw NotSupportedException(ThrowSite);
     }
+}
+
+/// False at the end of the file.
+bool FileStream::FillReadAhead()
+{
+    CheckReadable();
     if (readAheadUsed < readAhead.size())
     {
         return true;
@@ -286,16 +302,20 @@ bool FileStream::FillReadAhead()
     return received > 0;
 }
 
+std::int64_t FileStream::Unread() const
+{
+    return static_cast<std::int64_t>(readAhead.size() - readAheadUsed);
+}
+
 /// Takes the file back to where the caller stands.
 void FileStream::DropReadAhead()
 {
-    const std::size_t unread = readAhead.size() - readAheadUsed;
+    if (Unread() > 0)
+    {
+        Move(-Unread(), SeekOrigin::Current);
+    }
     readAhead.clear();
     readAheadUsed = 0;
-    if (unread > 0)
-    {
-        Move(-static_cast<std::int64_t>(unread), SeekOrigin::Current);
-    }
 }
 
 std::int64_t FileStream::Move(std::int64_t offset, SeekOrigin origin)

@@ -2,7 +2,6 @@
 
 #include <Core/System/Diagnostics/CallStackEntry.h>
 
-#include <array>
 #include <mutex>
 #include <vector>
 
@@ -25,15 +24,13 @@ public:
     CallStack(const CallStack&) = delete;
     CallStack& operator=(const CallStack&) = delete;
 
-    /// The frames from the top on, up to the first one whose source file is not known: empty without symbols.
+    /// The frames from the top on, up to the first one whose source file is not known: empty without symbols, and as
+    /// long as they cannot be read.
     const std::vector<CallStackEntry>& Entries() const;
 
 private:
-    static constexpr int Capacity = 64; ///< addresses; deeper stacks lose their outermost frames
-
     int dropped; ///< entries at the top that are not recorded
-    std::array<const void*, Capacity> addresses;
-    int count;                ///< of addresses in use
+    std::vector<const void*> addresses;
     mutable std::mutex mutex; ///< guards the two below
     mutable bool resolved = false;
     mutable std::vector<CallStackEntry> entries;

@@ -10,6 +10,8 @@ namespace Tesmo::System::IO
 class DirectoryInfo : public FileSystemInfo
 {
 public:
+    /// Of no folder: it does not exist.
+    DirectoryInfo() = default;
     /// @throws ArgumentNullException  path is null
     /// @throws ArgumentException      path is empty or not valid
     explicit DirectoryInfo(const String& path);
@@ -25,7 +27,7 @@ public:
 
     /// The files, not the folders, whose names match the pattern, in the order of the file system; none where the folder
     /// cannot be read.
-    /// @param pattern  '*' stands for any characters, '?' for one
+    /// @param pattern  '*' stands for any characters, '?' for one; folders may stand before it
     Array<FileInfo> GetFiles(const String& pattern) const;
 };
 } // namespace Tesmo::System::IO

@@ -1,13 +1,16 @@
 #pragma once
 
-#include <Core/System/FlagsEnum.h>
+#include <Core/System/BoxEnum.h>
+#include <Core/System/EnumName.h>
+#include <Core/System/FlagsAttribute.h>
+
+#include <span>
 
 namespace Tesmo::System::IO
 {
-/// What a file is (winnt.h: FILE_ATTRIBUTE_READONLY and its kin). On Linux Directory, ReadOnly, Device and Normal occur.
-class FileAttributes : public FlagsEnum
+/// The constants of FileAttributes (winnt.h: FILE_ATTRIBUTE_READONLY and its kin).
+struct FileAttributesConstants
 {
-public:
     enum Constant
     {
         ReadOnly = 1,
@@ -26,14 +29,41 @@ public:
         Encrypted = 16384,
     };
 
-    FileAttributes(Constant constant) : FlagsEnum(constant) {}
-    explicit FileAttributes(int number) : FlagsEnum(number) {}
+    static constexpr EnumName Names[] = {
+        {ReadOnly, "ReadOnly"},
+        {Hidden, "Hidden"},
+        {System, "System"},
+        {Directory, "Directory"},
+        {Archive, "Archive"},
+        {Device, "Device"},
+        {Normal, "Normal"},
+        {Temporary, "Temporary"},
+        {SparseFile, "SparseFile"},
+        {ReparsePoint, "ReparsePoint"},
+        {Compressed, "Compressed"},
+        {Offline, "Offline"},
+        {NotContentIndexed, "NotContentIndexed"},
+        {Encrypted, "Encrypted"},
+    };
+};
 
-    const NameTable& Names() const override;
+constexpr std::span<const EnumName> EnumNamesOf(FileAttributesConstants::Constant)
+{
+    return FileAttributesConstants::Names;
+}
 
-    bool Has(Constant bit) const
+/// What a file is. On Linux Directory, ReadOnly, Device and Normal occur.
+class FileAttributes : public BoxEnum<FileAttributesConstants::Constant, FlagsAttribute>
+{
+public:
+    using enum FileAttributesConstants::Constant;
+
+    using BoxEnum::BoxEnum;
+    explicit FileAttributes(int number) : BoxEnum(static_cast<FileAttributesConstants::Constant>(number)) {}
+
+    bool Has(FileAttributesConstants::Constant bit) const
     {
-        return (Value() & bit) != 0;
+        return (ToInt32() & bit) != 0;
     }
 };
 } // namespace Tesmo::System::IO

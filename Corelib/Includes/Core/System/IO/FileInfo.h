@@ -8,6 +8,8 @@ namespace Tesmo::System::IO
 class FileInfo : public FileSystemInfo
 {
 public:
+    /// Of no file: it does not exist.
+    FileInfo() = default;
     /// @throws ArgumentNullException  path is null
     /// @throws ArgumentException      path is empty or not valid
     explicit FileInfo(const String& path);

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace Tesmo::System::IO
@@ -58,7 +59,9 @@ public:
 private:
     void OpenHandle(int flags);
     void CheckOpen() const;
+    void CheckReadable() const;
     bool FillReadAhead();
+    std::int64_t Unread() const; ///< bytes of readAhead
     void DropReadAhead();
     std::int64_t Move(std::int64_t offset, SeekOrigin origin);
     void Send(const unsigned char* bytes, std::size_t size);
@@ -66,10 +69,10 @@ private:
     String name;
     FileMode mode;
     int access;
-    int openFlags = 0;    ///< as the native layer names them
-    std::intptr_t handle; ///< of the native layer
-    std::int64_t savedPosition = 0;
-    std::vector<unsigned char> readAhead; ///< bytes that were read from the file
-    std::size_t readAheadUsed = 0;        ///< of which so many were handed out
+    int openFlags = 0;                         ///< as the native layer names them
+    std::intptr_t handle;                      ///< of the native layer
+    std::optional<std::int64_t> savedPosition; ///< a pipe has none
+    std::vector<unsigned char> readAhead;      ///< bytes that were read from the file
+    std::size_t readAheadUsed = 0;             ///< of which so many were handed out
 };
 } // namespace Tesmo::System::IO

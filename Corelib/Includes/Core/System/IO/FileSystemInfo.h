@@ -21,6 +21,7 @@ public:
     FileAttributes Attributes() const;
 
 protected:
+    FileSystemInfo() = default;
     /// Takes the full path of path.
     /// @throws ArgumentNullException  path is null
     /// @throws ArgumentException      path is empty or not valid
