@@ -19,7 +19,6 @@ TEST(DateTimeTests, TicksHaveBounds)
     EXPECT_EQ("31/12/9999 23:59:59", DateTime(Last).ToString().Utf8());
     EXPECT_THROW(DateTime(Last + 1), ArgumentOutOfRangeException);
     EXPECT_THROW(DateTime(-1), ArgumentOutOfRangeException);
-    EXPECT_THROW(DateTime(Last + 1, DateTimeKind::Utc), ArgumentOutOfRangeException);
     EXPECT_EQ(0, DateTime::MinValue.Ticks());
     EXPECT_EQ(Last, DateTime::MaxValue.Ticks());
     EXPECT_THROW(DateTime(DateTime::MaxValue) + TimeSpan(1LL), ArgumentOutOfRangeException);
@@ -42,10 +41,13 @@ TEST(DateTimeTests, CalendarFieldsAreCheckedAndComeBack)
     {
         EXPECT_THROW(DateTime(year, month, day), ArgumentOutOfRangeException) << day << "/" << month << "/" << year;
     }
-    EXPECT_THROW(DateTime(2000, 1, 1, 24, 0, 0), ArgumentOutOfRangeException);
-    EXPECT_THROW(DateTime(2000, 1, 1, 0, -1, 0), ArgumentOutOfRangeException);
-    EXPECT_THROW(DateTime(2000, 1, 1, 0, 0, 60), ArgumentOutOfRangeException);
-    EXPECT_THROW(DateTime(2000, 1, 1, 0, 0, 0, 1000), ArgumentOutOfRangeException);
+    using Time = std::tuple<int, int, int, int>;
+    for (const auto& [hour, minute, second, millisecond] :
+         {Time{24, 0, 0, 0}, Time{-1, 0, 0, 0}, Time{0, 60, 0, 0}, Time{0, -1, 0, 0}, Time{0, 0, 60, 0},
+          Time{0, 0, -1, 0}, Time{0, 0, 0, 1000}, Time{0, 0, 0, -1}})
+    {
+        EXPECT_THROW(DateTime(2000, 1, 1, hour, minute, second, millisecond), ArgumentOutOfRangeException);
+    }
 }
 
 TEST(DateTimeTests, TextFormsFollowTheirPatterns)
@@ -57,11 +59,9 @@ TEST(DateTimeTests, TextFormsFollowTheirPatterns)
     EXPECT_EQ("05/06/0987", moment.ToShortDateString().Utf8());
     EXPECT_EQ("04:03", moment.ToShortTimeString().Utf8());
     EXPECT_EQ("100%Y 0987", moment.ToString("100%%Y %Y").Utf8());
-    EXPECT_EQ(moment.ToString().Utf8(), moment.ToString("").Utf8());
-    EXPECT_EQ("1970-01-01", DateTime(Epoch).ToString("%Y-%m-%d").Utf8());
+    EXPECT_EQ("[0987]", String::Format("[{0:%Y}]", moment).Utf8());
     EXPECT_EQ("15/07/2021 10:30:00", DateTime(2021, 7, 15, 10, 30, 0, DateTimeKind::Local).ToString().Utf8());
     EXPECT_EQ(std::string(5000, 'x') + "00", DateTime(Epoch).ToString(String(std::string(5000, 'x') + "%H")).Utf8());
-    EXPECT_THROW(moment.ToString(null), ArgumentNullException);
 }
 
 TEST(DateTimeTests, NowCountsUtcAndReadsLocal)
@@ -75,11 +75,11 @@ TEST(DateTimeTests, NowCountsUtcAndReadsLocal)
     EXPECT_LE(now.Ticks(), utc.Ticks());
     EXPECT_GE((now.Ticks() - Epoch) / TimeSpan::TicksPerSecond, before - 1); // time() may run a clock tick behind
     EXPECT_LE((utc.Ticks() - Epoch) / TimeSpan::TicksPerSecond, after + 1);
-    EXPECT_EQ(now.Ticks(), now.ToUniversalTime().Ticks());
     EXPECT_EQ(DateTimeKind::Utc, now.ToUniversalTime().Kind());
     EXPECT_EQ(DateTimeKind::Local, utc.ToLocalTime().Kind());
     EXPECT_EQ("00:00:00", DateTime::Today().ToLongTimeString().Utf8());
-    EXPECT_LT((now - DateTime::Today()).TotalHours(), 26); // a day may have 25 hours
+    const double sinceMidnight = (now - DateTime::Today()).TotalHours();
+    EXPECT_TRUE(sinceMidnight > -1 && sinceMidnight < 26) << sinceMidnight; // a day may have 25 hours, or end just now
 }
 
 TEST(DateTimeTests, OnlyTheTicksCompare)
@@ -87,12 +87,13 @@ TEST(DateTimeTests, OnlyTheTicksCompare)
     const DateTime moment(Epoch, DateTimeKind::Utc);
     EXPECT_TRUE(moment == DateTime(Epoch, DateTimeKind::Local));
     EXPECT_TRUE(moment.Equals(DateTime(Epoch)));
-    EXPECT_FALSE(moment.Equals(DateTime(Epoch + 1)));
-    EXPECT_EQ(moment.GetHashCode(), DateTime(Epoch).GetHashCode());
+    EXPECT_FALSE(moment.Equals(DateTime(Epoch + 1)) || moment == DateTime(Epoch + 1));
+    EXPECT_EQ(3, DateTime(0x100000002).GetHashCode());
     EXPECT_TRUE(moment < DateTime(Epoch + 1));
-    EXPECT_EQ(0, moment.CompareTo(DateTime(Epoch)));
-    EXPECT_EQ(1, moment.CompareTo(null));
+    EXPECT_EQ((std::vector<int>{1, 0, -1}),
+              (std::vector<int>{moment.CompareTo(DateTime(Epoch - 1)), moment.CompareTo(DateTime(Epoch)),
+                                moment.CompareTo(DateTime(Epoch + 1))}));
     EXPECT_EQ(5, (DateTime(Epoch + 5) - moment).Ticks());
+    EXPECT_EQ(Epoch - 5, (moment - TimeSpan(5LL)).Ticks());
     EXPECT_EQ(DateTimeKind::Utc, (moment + TimeSpan(1LL)).Kind());
-    EXPECT_THROW(moment.Add(null), ArgumentNullException);
 }

@@ -82,12 +82,21 @@ TEST(FilesLinuxTests, CloseGivesTheDescriptorBackOfAPipeToo)
         std::ofstream(path.Utf8()) << 'z';
         EXPECT_THROW(stream.Length(), IOException);
         EXPECT_EQ('y', stream.ReadByte()); // the failure has cost nothing
+        EXPECT_THROW(FileStream(path, FileMode::Append, FileAccess::Write, FileShare::None), IOException);
         EXPECT_EQ(before + 1, OpenDescriptors());
         stream.Close();
         EXPECT_EQ(before, OpenDescriptors());
-        EXPECT_TRUE(stream.IsClosed());
         stream.Reopen();
     }
+    stream.Close();
+    FileStream(folder.Path("file"), FileMode::Create, FileAccess::Write, FileShare::None);
+    EXPECT_EQ(before, OpenDescriptors());
+
+    Up<FileStream> closed(new FileStream(folder.Path("file"), FileMode::Open, FileAccess::Read, FileShare::None));
+    closed->Close();
+    FileStream other(folder.Path("file"), FileMode::Open, FileAccess::Write, FileShare::None);
+    closed = Up<FileStream>();
+    EXPECT_NO_THROW(other.WriteByte('x')); // the descriptor was given back once
 }
 
 TEST(FilesLinuxTests, AReportHasItsStackOnceFilesCanBeOpenedAgain)

@@ -37,20 +37,18 @@ TEST(IPAddressTests, ReadsAndPrintsTheTextForms)
 
 TEST(IPAddressTests, RefusesOtherTextsAsTheirPartsDo)
 {
-    EXPECT_THROW(IPAddress::Parse("192.168.1.300"), OverflowException);
-    EXPECT_THROW(IPAddress::Parse("192.168.1.x"), FormatException);
-    EXPECT_THROW(IPAddress::Parse("1.2.3"), ArgumentException);
-    EXPECT_THROW(IPAddress::Parse("::1"), ArgumentException);
-    EXPECT_THROW(IPAddress::Parse("0:0:0:0:0:0:0:a"), FormatException); // groups are decimal
-    EXPECT_THROW(IPAddress::Parse("0:0:0:0:0:0:0:65536"), OverflowException);
-    EXPECT_THROW(IPAddress::Parse(null), ArgumentNullException);
     IPAddress kept(1, 2, 3, 4);
-    for (const char* text : {"", "1.2.3", "::1", "1:2:3:4:5:6:7", "1:2:3:4:5:6:7:8:9", "[10.0.0.1"})
+    EXPECT_THROW(IPAddress::Parse("192.168.1.300"), OverflowException);
+    EXPECT_THROW(IPAddress::Parse("0:0:0:0:0:0:0:65536"), OverflowException);
+    EXPECT_THROW(IPAddress::Parse("192.168.1.x"), FormatException);
+    EXPECT_THROW(IPAddress::Parse("0:0:0:0:0:0:0:a"), FormatException); // groups are decimal
+    EXPECT_THROW(IPAddress::Parse("[10.0.0.1"), FormatException);
+    for (const char* text : {"", "1.2.3", "::1", "1:2:3:4:5:6:7", "1:2:3:4:5:6:7:8:9"})
     {
-        EXPECT_ANY_THROW(IPAddress::Parse(text)) << text;
+        EXPECT_THROW(IPAddress::Parse(text), ArgumentException) << text;
         EXPECT_FALSE(IPAddress::TryParse(text, kept)) << text;
     }
-    EXPECT_FALSE(IPAddress::TryParse(null, kept));
+    EXPECT_FALSE(IPAddress::TryParse("192.168.1.300", kept) || IPAddress::TryParse("[10.0.0.1", kept));
     EXPECT_EQ("1.2.3.4", kept.ToString().Utf8());
 }
 
@@ -63,10 +61,6 @@ TEST(IPAddressTests, ChecksWhatItIsMadeFrom)
     EXPECT_THROW(IPAddress(Array<Byte>(5)), ArgumentException);
     EXPECT_THROW(IPAddress(Array<Byte>(4), 1), ArgumentException);
     EXPECT_THROW(MakeIPv6(0, 1, 0x100000000), ArgumentOutOfRangeException);
-    EXPECT_THROW(IPAddress(static_cast<const Array<Byte>&>(null)), ArgumentNullException);
-    EXPECT_THROW(IPAddress(static_cast<const IPAddress&>(null)), ArgumentNullException);
-    IPAddress assigned;
-    EXPECT_THROW(assigned = static_cast<const IPAddress&>(null), ArgumentNullException);
 }
 
 TEST(IPAddressTests, KnowsLoopback)
@@ -85,7 +79,6 @@ TEST(IPAddressTests, EqualsAndHashesByValue)
     EXPECT_FALSE(MakeIPv6(1, 2, 3) == MakeIPv6(1, 2, 4));
     EXPECT_FALSE(MakeIPv6(1, 2) == MakeIPv6(1, 3));
     EXPECT_FALSE(IPAddress::Any == IPAddress(Array<Byte>(16)));
-    EXPECT_FALSE(IPAddress::Any.Equals(null));
     EXPECT_FALSE(IPAddress::Any.Equals(String("0.0.0.0")));
     EXPECT_EQ(1 ^ 2, MakeIPv6(1, 2, 3).GetHashCode());
     EXPECT_EQ(IPAddress(1, 2, 3, 4).GetHashCode(), IPAddress::Parse("1.2.3.4").GetHashCode());

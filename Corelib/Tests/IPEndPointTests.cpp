@@ -3,8 +3,6 @@
 #include <Core/System/Net/Dns.h>
 #include <Core/System/Net/IPEndPoint.h>
 
-#include <algorithm>
-
 namespace Tesmo::System::Net
 {
 TEST(IPEndPointTests, PrintsComparesAndChecksItsPort)
@@ -13,13 +11,11 @@ TEST(IPEndPointTests, PrintsComparesAndChecksItsPort)
     EXPECT_EQ("10.0.0.1:12001", endPoint.ToString().Utf8());
     EXPECT_TRUE(endPoint.Equals(IPEndPoint(IPAddress(10, 0, 0, 1), 12001)));
     EXPECT_FALSE(endPoint.Equals(IPEndPoint(IPAddress(10, 0, 0, 1), 12000)));
-    EXPECT_FALSE(endPoint.Equals(null));
 
     EXPECT_EQ(65535, IPEndPoint(IPAddress::Any, 65535).Port());
     EXPECT_THROW(IPEndPoint(IPAddress::Any, 65536), ArgumentOutOfRangeException);
     EXPECT_THROW(IPEndPoint(IPAddress::Any, -1), ArgumentOutOfRangeException);
     EXPECT_THROW(endPoint.Port(65536), ArgumentOutOfRangeException);
-    EXPECT_THROW(IPEndPoint(static_cast<const IPAddress&>(null), 1), ArgumentNullException);
 
     endPoint.Address(IPAddress::Parse("0:0:0:0:0:0:0:1"));
     EXPECT_EQ("InterNetworkV6", endPoint.AddressFamily().ToString().Utf8());
@@ -45,16 +41,14 @@ TEST(IPEndPointTests, SerializesToTheRawFormAndBack)
 TEST(IPEndPointTests, RefusesRawFormsThatHoldNoAddress)
 {
     const IPEndPoint any(IPAddress::Any, 0);
-    for (const int size : {2, 7})
+    using Row = std::tuple<Sockets::AddressFamily, int>;
+    for (const auto& [family, size] :
+         {Row{Sockets::AddressFamily::InterNetwork, 2}, Row{Sockets::AddressFamily::InterNetwork, 7},
+          Row{Sockets::AddressFamily::InterNetworkV6, 27}, Row{Sockets::AddressFamily::Unix, 28}})
     {
-        EXPECT_THROW(any.Create(SocketAddress(Sockets::AddressFamily::InterNetwork, size)), ArgumentException);
+        EXPECT_THROW(any.Create(SocketAddress(family, size)), ArgumentException) << size;
     }
-    EXPECT_THROW(any.Create(SocketAddress(Sockets::AddressFamily::InterNetworkV6, 27)), ArgumentException);
-    EXPECT_THROW(any.Create(SocketAddress(Sockets::AddressFamily::Unix, 28)), ArgumentException);
-    EXPECT_THROW(any.Create(null), ArgumentNullException);
     EXPECT_THROW(SocketAddress(Sockets::AddressFamily::Unix, 1), ArgumentOutOfRangeException);
-    EXPECT_THROW(SocketAddress(static_cast<const Sockets::AddressFamily&>(null), 1), ArgumentNullException);
-
     const EndPoint plain(Sockets::AddressFamily::InterNetworkV6);
     EXPECT_EQ(2, plain.Serialize().Size());
     EXPECT_EQ(23, plain.Serialize()[0]);
@@ -63,17 +57,9 @@ TEST(IPEndPointTests, RefusesRawFormsThatHoldNoAddress)
 
 TEST(DnsTests, LooksUpThisHost)
 {
-    const IPAddress loopback(127, 0, 0, 1);
-    for (const char* text : {"localhost", "127.0.0.1"})
-    {
-        SCOPED_TRACE(text);
-        const Array<IPAddress> addresses = Dns::GetHostAddresses(text);
-        EXPECT_TRUE(std::any_of(addresses.begin(), addresses.end(),
-                                [&](const IPAddress& address) { return address == loopback; }));
-    }
-    EXPECT_FALSE(Dns::GetHostEntry(loopback).HostName().IsEmpty());
+    EXPECT_TRUE(Dns::GetHostAddresses("localhost").Contains(IPAddress(127, 0, 0, 1)));
+    EXPECT_FALSE(Dns::GetHostEntry(IPAddress(127, 0, 0, 1)).HostName().IsEmpty());
     EXPECT_FALSE(Dns::GetHostName().IsEmpty());
     EXPECT_THROW(Dns::GetHostAddresses(String('a', 300)), InvalidOperationException);
-    EXPECT_THROW(Dns::GetHostAddresses(null), ArgumentNullException);
 }
 } // namespace Tesmo::System::Net

@@ -8,9 +8,8 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <map>
 #include <regex>
+#include <set>
 #include <thread>
 #include <utility>
 
@@ -103,6 +102,7 @@ TEST(LogStreamTests, ALogBeginsWithAHeaderAndEndsWithAClosingLine)
     const Sp<RecordingStream> sink(new RecordingStream);
     LogStream log(&fixedTime, Sp<IO::Stream>(sink), LogStreamLevel::Debug, "A", String(), "P\xC3\xA9");
     log.Close();
+    log.Close(); // no effect
     const std::string banners = Padded("| Author  : A", ' ', '|') + Padded("| Product : P\xC3\xA9", ' ', '|', 257);
     EXPECT_EQ(Header(banners, "", "Debug") + Row(" ", 'S', "Start Log") + Row(" ", 'S', "Close Log") +
                   Padded("\\", '-', '/') + "\r\n",
@@ -114,9 +114,11 @@ TEST(LogStreamTests, ARowHasSixFields)
 {
     MemoryLog memory;
     const int writes = memory.sink->writes;
+    const int flushes = memory.sink->flushes;
     memory.log.Write(channel, "No IP configuration to update on this Client.");
     EXPECT_EQ(Row("c", 'S', "No IP configuration to update on this Client."), memory.Take());
     EXPECT_EQ(2, memory.sink->writes - writes); // the text and the line end
+    EXPECT_EQ(2, memory.sink->flushes - flushes);
 
     const std::string widest(40, 'w');
     memory.log.Write(LogStreamChannel(String(widest)), LogStreamLevel::Critical, -1, "\xE2\x82\xAC\r\nsecond|line ");
@@ -136,23 +138,16 @@ TEST(LogStreamTests, AnExceptionGivesTwoCriticalRowsWithItsCode)
               memory.Take());
     memory.log.Write(channel, InvalidOperationException("no way", "Some/File.cpp", 12));
     EXPECT_EQ(Row("c", 'C', "no way, location: ") + Row("c", 'C', "Some/File.cpp:12"), memory.Take());
-    EXPECT_THROW(memory.log.Write(channel, "text", static_cast<const Exception&>(null)), ArgumentNullException);
 }
 
-TEST(LogStreamTests, TheReferenceTimeIsTheClockUntilAnotherSourceIsSet)
+TEST(LogStreamTests, TheReferenceTimeIsTheClockWhereNoOtherSourceIsGiven)
 {
     const Sp<RecordingStream> sink(new RecordingStream);
-    LogStream log{Sp<IO::Stream>(sink)};
     const std::int64_t before = DateTime::Now().Ticks();
-    log.Write(channel, "text");
+    const LogStream log{Sp<IO::Stream>(sink)};
     const std::int64_t written = std::stoll(sink->text.substr(sink->text.rfind("|0x") + 1, 18), nullptr, 16);
     EXPECT_LE(before, written);
     EXPECT_LE(written, DateTime::Now().Ticks());
-
-    log.SetRefTime(&fixedTime);
-    EXPECT_THROW(log.SetRefTime(nullptr), ArgumentNullException);
-    log.Write(channel, "text");
-    EXPECT_TRUE(WithoutTimes(sink->text).ends_with(Row("c", 'S', "text"))) << sink->text;
 }
 
 TEST(LogStreamTests, OtherLinesFollowTheWidth)
@@ -166,6 +161,10 @@ TEST(LogStreamTests, OtherLinesFollowTheWidth)
     memory.log.WriteDump(channel, LogStreamLevel::Standard, "00 01\r\n02");
     EXPECT_EQ("<time> (0x08DF424CD52B4430)c :\r\n00 01\r\n02\r\n", memory.Take());
     EXPECT_THROW(memory.log.LineWidth(1), ArgumentOutOfRangeException);
+    memory.log.BackupCount(7);
+    memory.log.MaxFileSize(9);
+    EXPECT_EQ((std::vector<int>{1024, 7, 9}),
+              (std::vector<int>{memory.log.LineWidth(), memory.log.BackupCount(), memory.log.MaxFileSize()}));
 }
 
 TEST(LogStreamTests, TheFilterComesBeforeEverything)
@@ -181,7 +180,6 @@ TEST(LogStreamTests, TheFilterComesBeforeEverything)
     EXPECT_THROW(memory.log.Write(noChannel, "text"), ArgumentNullException);
     EXPECT_THROW(memory.log.WriteBlank(noChannel), ArgumentNullException);
     EXPECT_THROW(memory.log.WriteSeparator(noChannel, LogStreamLevel::Standard), ArgumentNullException);
-    EXPECT_THROW(memory.log.Write(channel, static_cast<const String&>(null)), ArgumentNullException);
     EXPECT_THROW(memory.log.Write(channel, LogStreamLevel(0), "text"), ArgumentException);
     EXPECT_EQ("", memory.Take());
 }
@@ -197,7 +195,6 @@ TEST(LogStreamTests, AChangeOfLevelIsARowOfTheOldLevel)
     EXPECT_EQ("", memory.Take());
     EXPECT_TRUE(memory.log.GetLevel() == LogStreamLevel::Debug);
     EXPECT_THROW(memory.log.SetLevel(LogStreamLevel(0)), ArgumentException);
-    EXPECT_TRUE(memory.log.GetLevel() == LogStreamLevel::Debug);
 }
 
 TEST(LogStreamTests, ASecondRunGoesOnInTheSameFile)
@@ -251,34 +248,25 @@ TEST(LogStreamTests, AFileIsSplitByTheRowThatPassesTheLimit)
     const std::string blank = Padded("|", ' ', '|', 100);
     EXPECT_TRUE(folder.Read("c.bak").ends_with("|-|\r\n" + blank + blank)); // no closing line
     const std::string fresh = folder.Read("c.log");
-    EXPECT_TRUE(fresh.starts_with("/---"));
     EXPECT_TRUE(fresh.ends_with(Padded(lastHeaderLine, '-', '|', 100))); // no "Start" row
     log.WriteBlank(channel);
     EXPECT_EQ(fresh + blank, folder.Read("c.log"));
 }
 
-TEST(LogStreamTests, AFailedSplitReachesTheCallerWhileTheFileIsOpen)
+TEST(LogStreamTests, AFailedSplitReachesTheCallerWhileTheFileIsOpenAndElseEndsTheLogInSilence)
 {
     const TemporaryFolder folder;
     LogStream log(folder.Path("c.log"));
     folder.Write("c.bak1", "old");
     folder.MakeFolder("c.bak2"); // in the way of c.bak1
+    folder.MakeFolder("c.bak");
     log.BackupCount(3);
     log.MaxFileSize(0);
     EXPECT_THROW(log.Write(channel, "row"), ArgumentException);
     EXPECT_TRUE(folder.Read("c.log").ends_with("|row|\r\n")); // the row is there, "Error splitting" is not
-    EXPECT_THROW(log.Write(channel, "next"), ArgumentException);
-}
-
-TEST(LogStreamTests, ASplitThatFailsAfterTheFileWasClosedIsSilentAndEndsTheLog)
-{
-    const TemporaryFolder folder;
-    LogStream log(folder.Path("c.log"));
-    folder.MakeFolder("c.bak");
-    log.BackupCount(1);
-    log.MaxFileSize(0);
-    EXPECT_NO_THROW(log.Write(channel, "row"));
-    EXPECT_TRUE(folder.Read("c.log").ends_with("|row|\r\n"));
+    log.BackupCount(1);                                       // the file is closed before it meets c.bak
+    EXPECT_NO_THROW(log.Write(channel, "last"));
+    EXPECT_TRUE(folder.Read("c.log").ends_with("|last|\r\n"));
     EXPECT_THROW(log.Write(channel, "next"), ObjectClosedException);
     EXPECT_NO_THROW(log.Close());
 
@@ -290,11 +278,7 @@ TEST(LogStreamTests, ASplitThatFailsAfterTheFileWasClosedIsSilentAndEndsTheLog)
 
 TEST(LogStreamTests, RowsOfTwoThreadsStayWholeWhileTheFileIsSplit)
 {
-#ifdef __SANITIZE_THREAD__
-    constexpr int rowsOfEach = 10000; // takes long enough
-#else
-    constexpr int rowsOfEach = 100000;
-#endif
+    constexpr int rowsOfEach = 5000;
     constexpr int files = 50;
     const TemporaryFolder folder;
     LogStream log(&fixedTime, folder.Path("c.log"));
@@ -311,22 +295,20 @@ TEST(LogStreamTests, RowsOfTwoThreadsStayWholeWhileTheFileIsSplit)
     write('a');
     other.join();
 
-    std::map<std::string, int> seen; // lines without what stands before their second field
+    std::string text;
     int fileCount = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder.Path().Utf8()))
     {
+        text += folder.Read(entry.path().filename().string());
         ++fileCount;
-        std::ifstream file(entry.path(), std::ios::binary);
-        for (std::string line; std::getline(file, line);)
-        {
-            ++seen[line.substr(std::min(line.find('|', 1), line.size()))];
-        }
     }
-    EXPECT_GT(fileCount, 20);
-    EXPECT_LT(fileCount, files); // none was deleted
-    for (int i = 0; i < 2 * rowsOfEach; ++i)
+    const std::regex whole(R"(\n\|[^|]{25,27}\|0x08DF424CD52B4430\|([ab] {39}\|S\| {11}\|\d+)\|\r)");
+    std::multiset<std::string> rows;
+    for (std::sregex_iterator row(text.begin(), text.end(), whole), end; row != end; ++row)
     {
-        const std::string row = Row(i % 2 == 0 ? "a" : "b", 'S', std::to_string(i / 2));
-        ASSERT_EQ(1, seen[row.substr(row.find('|', 1), row.size() - row.find('|', 1) - 1)]) << row;
+        rows.insert((*row)[1]);
     }
+    EXPECT_TRUE(fileCount > 20 && fileCount < files) << fileCount; // none was deleted
+    EXPECT_EQ(2 * rowsOfEach, std::ssize(rows));
+    EXPECT_EQ(2 * rowsOfEach, std::ssize(std::set<std::string>(rows.begin(), rows.end())));
 }

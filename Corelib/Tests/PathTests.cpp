@@ -33,12 +33,10 @@ TEST(PathTests, SomeCharactersMakeAPathInvalid)
         EXPECT_FALSE(Path::IsValid(invalid)) << invalid;
         EXPECT_THROW(Path::Combine(invalid, "b"), ArgumentException);
         EXPECT_THROW(Path::Combine("a", invalid), ArgumentException);
-        EXPECT_THROW(Path::GetFileName(invalid), ArgumentException);
         EXPECT_THROW(Path::GetFullPath(invalid), ArgumentException);
         EXPECT_THROW(Path::IsPathRooted(invalid), ArgumentException);
     }
     EXPECT_FALSE(Path::IsValid(null));
-    EXPECT_THROW(Path::GetDirectoryName(null), ArgumentException);
 }
 
 TEST(PathTests, APathIsCutBehindItsLastSeparatorAndAtItsLastDot)
@@ -74,7 +72,6 @@ TEST(PathTests, CombinePutsOneSeparatorBetween)
     {
         EXPECT_EQ(Native(combined), Path::Combine(Native(a), Native(b))) << a << " and " << b;
     }
-    EXPECT_THROW(Path::Combine("a", null), ArgumentException);
 }
 
 TEST(PathTests, AFullPathBeginsAtTheRootAndHasNoDots)
@@ -87,12 +84,7 @@ TEST(PathTests, AFullPathBeginsAtTheRootAndHasNoDots)
     EXPECT_EQ(Native(root), Path::GetFullPath(Native(root + "a/../..")));
     EXPECT_EQ(Path::Combine(here, "a"), Path::GetFullPath(String(std::string("a\0b", 3)))); // cut at a zero
     EXPECT_THROW(Path::GetFullPath(String(char32('a'), 2048)), ArgumentException);
-}
-
-TEST(PathTests, TheRootIsTheDriveOrTheFirstSeparator)
-{
     EXPECT_EQ(Native(root), Path::GetPathRoot(Native(root + "a/b")));
-    EXPECT_EQ("", Path::GetPathRoot("a").Utf8());
     EXPECT_EQ(hasDrives ? "C:" : "", Path::GetPathRoot("C:a").Utf8());
     EXPECT_EQ(hasDrives ? "" : "/", Path::GetPathRoot(Native("/a")).Utf8());
 }
