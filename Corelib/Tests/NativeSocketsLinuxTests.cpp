@@ -65,6 +65,20 @@ TEST_F(NativeSocketsLinuxTests, AClosedPortIsToldOnceOnALaterReceiveAndCostsNoSe
     EXPECT_EQ("answer", one.text);
 }
 
+TEST_F(NativeSocketsLinuxTests, AClosedPortIsToldOverIPv6Too)
+{
+    NativeSocket* socket = nullptr;
+    NativeTestSocket::Address address = {FamilyInterNetworkV6, 0, closed[2], closed[3]};
+    address[23] = 1; // ::1
+    int size = 0;
+    int received = 0;
+    unsigned char byte = 0;
+    ASSERT_EQ(0, OpenSocket(FamilyInterNetworkV6, TypeDatagram, 17, socket));
+    EXPECT_EQ(0, SendSocket(*socket, &byte, 1, 0, address, 28, size));
+    EXPECT_EQ(SocketConnectionReset, ReceiveSocket(*socket, &byte, 1, 0, address, size, received));
+    FreeSocket(socket);
+}
+
 TEST_F(NativeSocketsLinuxTests, SelectFindsWhatAReceiveWouldTell)
 {
     SelectEntry entry = {one.socket, true, false, true};

@@ -131,6 +131,13 @@ TEST(NativeSocketsTests, OptionsKeepTheirWindowsNumbersAndValues)
         ASSERT_EQ(0, GetSocketOption(*one.socket, 65535, name, &value, size));
         EXPECT_EQ(readBack, value);
     }
+    int failure = -1;
+    int size = sizeof(failure);
+    EXPECT_EQ(0, GetSocketOption(*one.socket, 65535, 4103, &failure, size)); // SO_ERROR
+    EXPECT_EQ(0, failure);
+    size = 1;
+    EXPECT_EQ(SocketFault, GetSocketOption(*one.socket, 65535, 4098, &failure, size));
+    EXPECT_EQ(SocketFault, SetSocketOption(*one.socket, 65535, 4098, &failure, 1));
     EXPECT_EQ(SocketProtocolOption, one.SetOption(12345, 1));
     EXPECT_EQ(SocketAccessDenied, one.SendTo({2, 0, 1, 1, 255, 255, 255, 255}, "without SO_BROADCAST"));
 }
@@ -149,7 +156,34 @@ TEST(NativeSocketsTests, ASocketWithoutAPortReceivesNothing)
     const NativeTestSocket other;
     EXPECT_EQ(0, SendSocket(*socket, &byte, 1, 0, other.local, 16, size)); // binds it
     EXPECT_EQ(SocketTimedOut, ReceiveSocket(*socket, &byte, 1, 0, address, size, received));
+    EXPECT_EQ(SocketNotSupported, SendSocket(*socket, &byte, 1, 64, other.local, 16, size));
+    EXPECT_EQ(SocketNotSupported, ReceiveSocket(*socket, &byte, 1, 1, address, size, received)); // out of band
     FreeSocket(socket);
+}
+
+TEST(NativeSocketsTests, NoCallBeginsAfterTheClose)
+{
+    NativeTestSocket one;
+    NativeTestSocket::Address address = {};
+    NativeSocket* none = nullptr;
+    SelectEntry entry = {one.socket, true, true, true};
+    int number = 4;
+    CloseSocket(*one.socket);
+    const int codes[] = {BindSocket(*one.socket, one.local, 16),
+                         BindSocketForSending(*one.socket, one.local, 16),
+                         ConnectSocket(*one.socket, one.local, 16),
+                         ListenSocket(*one.socket, 1),
+                         AcceptSocket(*one.socket, none, address, number),
+                         SetSocketBlocking(*one.socket, true),
+                         GetSocketAvailable(*one.socket, number),
+                         GetSocketAddress(*one.socket, address, number),
+                         GetSocketOption(*one.socket, 65535, 32, &number, number),
+                         one.SetOption(32, 1),
+                         SelectSockets(&entry, 1, 0)};
+    for (std::size_t i = 0; i < std::size(codes); ++i)
+    {
+        EXPECT_EQ(SocketNotSocket, codes[i]) << i;
+    }
 }
 
 TEST(NativeSocketsTests, CloseWakesABlockedAccept)

@@ -120,6 +120,12 @@ TEST(SocketTests, FailuresTellTheirNumber)
     EXPECT_EQ(SocketError::NotConnected, CodeOf([&] { stream.Listen(1); }));
     EXPECT_NE(0, CodeOf([] { Socket none(AddressFamily::InterNetwork, SocketType::Dgram, ProtocolType::Tcp); }));
 
+    for (const SocketException& unnumbered :
+         {SocketException(), SocketException("text"), SocketException("file", 7), SocketException("text", "file", 7),
+          SocketException("text", Exception(), "file", 7)})
+    {
+        EXPECT_EQ(SocketError::SockError, unnumbered.ErrorCode());
+    }
     const SocketException original(SocketError::ConnectionReset, "file.cpp", 7);
     const SocketException copy(original);
     EXPECT_TRUE(copy.SocketErrorCode() == SocketError::ConnectionReset && copy.Equals(original));
