@@ -164,6 +164,7 @@ boot_guest()
         </dev/null >"$work/boot.log" 2>&1 &
     nspawn=$!
     read -r -t 30 -u "$leader" init || { echo "The guest does not start"; cat "$work/boot.log"; return 1; }
+    wait "$readiness_PID" || true
     ip link set lo up
     ip address add 10.9.0.2/24 brd + dev h0
     ip link set h0 up
