@@ -94,6 +94,22 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     EXPECT_THROW(socket.SendTo(Bytes(), Room, 0, 1, SocketFlags::None, null), ArgumentNullException);
     EXPECT_THROW(socket.ReceiveFrom(Up<unsigned char[]>(), 1, 0, 1, SocketFlags::None, sender), ArgumentNullException);
     EXPECT_THROW(socket.ReceiveFrom(Bytes(), Room, 0, 1, SocketFlags::None, none), ArgumentNullException);
+    const std::function<void()> nulls[] = {
+        [&] { socket.SendTo(Bytes(), Room, 0, 1, null, Loopback()); },
+        [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, sender); },
+        [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, none); },
+        [&] { socket.Send(Bytes(), Room, 0, 1, null); },
+        [&] { socket.Receive(Bytes(), Room, 0, 1, null); },
+        [&] { socket.Shutdown(null); },
+        [&] { socket.Connect(null); },
+        [&] { socket.SetSocketOption(null, SocketOptionName::Broadcast, true); },
+        [&] { socket.SetSocketOption(SocketOptionLevel::Socket, null, true); },
+        [&] { IPEndPoint(static_cast<const unsigned char*>(nullptr), 16); },
+    };
+    for (const auto& call : nulls)
+    {
+        EXPECT_THROW(call(), ArgumentNullException) << &call - nulls;
+    }
     EXPECT_THROW(socket.Bind(null), ArgumentNullException);
     EXPECT_THROW(socket.Bind(none), ArgumentNullException);
 
