@@ -63,6 +63,8 @@ TEST(StringTests, MakesTextFromCharacters)
     EXPECT_EQ(3, String(U'\u20AC', 3).Length());
     EXPECT_EQ(characters.Length(), String(characters).ToCharArray().Length());
     EXPECT_EQ(char32(U'\u20AC'), String(characters).ToCharArray(1, 1)[0]);
+    EXPECT_THROW(String(characters).ToCharArray(2, 2), ArgumentOutOfRangeException);
+    EXPECT_THROW(String::FromLatin1(nullptr, -1), ArgumentOutOfRangeException);
     EXPECT_THROW(String(characters, 2, 2), ArgumentOutOfRangeException);
     EXPECT_THROW(String(characters, 4), ArgumentOutOfRangeException);
     EXPECT_THROW(String(U'x', -1), ArgumentOutOfRangeException);
@@ -79,16 +81,20 @@ TEST(StringTests, NullIsRefusedEverywhere)
     EXPECT_THROW(text += nothing, ArgumentNullException);
     EXPECT_THROW(text + nothing, ArgumentNullException);
     EXPECT_THROW(nothing + "text", ArgumentNullException);
+    EXPECT_THROW(nothing + text, ArgumentNullException);
+    EXPECT_THROW(String::FromLatin1(nullptr, 1), ArgumentNullException);
     EXPECT_THROW(text + static_cast<const Object&>(null), ArgumentNullException);
     EXPECT_THROW(text.Equals(static_cast<const Object&>(null)), ArgumentNullException); // stricter than other classes
-    EXPECT_THROW(text.IndexOf(nothing), ArgumentNullException);
+    EXPECT_THROW(text.IndexOf(nothing, -1), ArgumentNullException);                     // the arguments in their order
+    EXPECT_THROW(text.IndexOf(nothing, 0, 0), ArgumentNullException);
     EXPECT_THROW(text.LastIndexOf(nothing), ArgumentNullException);
-    EXPECT_THROW(text.IndexOfAny(null), ArgumentNullException);
+    EXPECT_THROW(text.IndexOfAny(null, -1), ArgumentNullException);
     EXPECT_THROW(text.Contains(nothing), ArgumentNullException);
     EXPECT_THROW(text.StartsWith(nothing), ArgumentNullException);
     EXPECT_THROW(text.EndsWith(nothing, true), ArgumentNullException);
     EXPECT_THROW(text.Insert(0, nothing), ArgumentNullException);
     EXPECT_THROW(text.Replace(text, nothing), ArgumentNullException);
+    EXPECT_THROW(text.Replace(nothing, text), ArgumentNullException);
     EXPECT_THROW(text.Trim(static_cast<const Array<char32>&>(null)), ArgumentNullException);
     EXPECT_THROW(String::Join(nothing, Array<String>(0)), ArgumentNullException);
     EXPECT_THROW(String::Concat(text, text, nothing), ArgumentNullException);
@@ -118,7 +124,7 @@ TEST(StringTests, EqualityKnowsNullAndOtherClasses)
     const String text("text");
     EXPECT_FALSE(text == nothing);
     EXPECT_TRUE(text != nothing);
-    EXPECT_FALSE(text.Equals(nothing));
+    EXPECT_FALSE(text.Equals(nothing) || text.IsSigned());
     EXPECT_FALSE(text.Equals(Int32(5)));
     EXPECT_TRUE(text.Equals(static_cast<const Object&>(String("text"))));
     const Up<Object> clone(text.Clone());
@@ -156,6 +162,7 @@ TEST(StringTests, SearchesForward)
 {
     const String text("a\xC3\xA4xax");
     EXPECT_EQ(2, text.IndexOf(U'x'));
+    EXPECT_TRUE(text.IndexOf(U'a') == 0 && text.IndexOf("a") == 0 && text.IndexOfAny(Array<char32>(U'a')) == 0);
     EXPECT_EQ(4, text.IndexOf(U'x', 3));
     EXPECT_EQ(-1, text.IndexOf(U'x', 3, 1));
     EXPECT_EQ(-1, text.IndexOf(U'x', 5));
@@ -183,7 +190,7 @@ TEST(StringTests, SearchesBackward)
     EXPECT_EQ(3, text.LastIndexOf("ax"));
     EXPECT_EQ(-1, text.LastIndexOf("ax", 3));
     EXPECT_EQ(3, text.LastIndexOf("ax", 4, 2));
-    EXPECT_EQ(4, text.LastIndexOf(""));
+    EXPECT_TRUE(text.LastIndexOf("") == 4 && text.LastIndexOfAny(Array<char32>(U'x')) == 4);
     EXPECT_EQ(3, text.LastIndexOfAny(Array<char32>(U'a', U'\u00E4')));
     EXPECT_EQ(1, text.LastIndexOfAny(Array<char32>(U'a', U'\u00E4'), 2, 2));
     EXPECT_EQ(-1, String().LastIndexOf(U'a'));
