@@ -262,6 +262,8 @@ TEST(StringTests, PadsTrimsAndMapsCase)
     EXPECT_EQ("a*b", String("**a*b*").Trim(U'*').Utf8());
     EXPECT_EQ("a*b*", String("**a*b*").TrimStart(U'*').Utf8());
     EXPECT_EQ("\xC3\xB6", String(Umlauts).Trim(Array<char32>(U'\u00E4', U'\u00FC')).Utf8());
+    EXPECT_EQ("b*", String("a*b*").TrimStart(Array<char32>(U'a', U'*')).Utf8());
+    EXPECT_EQ("a*b", String("a*b*").TrimEnd(Array<char32>(U'a', U'*')).Utf8());
     EXPECT_EQ("az09\xC3\xA4\xC3\x9F", String("AZ09\xC3\x84\xC3\x9F").ToLower().Utf8());
     EXPECT_EQ("AZ09\xC3\x84\xC3\x9F", String("az09\xC3\xA4\xC3\x9F").ToUpper().Utf8());
 }

@@ -123,6 +123,7 @@ TEST(UStringTests, PassesOverBytesThatFormNoSequence)
 
 TEST(UStringTests, CountsTheSequenceThatFormsWhereTextsMeet)
 {
+    EXPECT_EQ("x\x80Z", String("\x80Z").Insert(0, "x").Utf8()); // index 0 stands before bytes that form none
     String text("A\xE2\x82");
     EXPECT_EQ(1, text.Length());
     text += String("\xACZ");
