@@ -107,9 +107,14 @@ TEST(MutexTests, ItsOwnerEntersAgainAndOthersWaitAndCannotRelease)
 
 TEST(MutexTests, AnOwnerThatEndsPassesTheMutexOnWithTheResultFalse)
 {
-    Mutex mutex;
     Mutex forgotten;
-    OnAnotherThread([&] { return forgotten.WaitOne() && mutex.WaitOne() && mutex.WaitOne(); });
+    Mutex mutex = OnAnotherThread(
+        [&]
+        {
+            Mutex made(true);
+            EXPECT_TRUE(made.WaitOne() && forgotten.WaitOne());
+            return made;
+        });
     forgotten.Close();
     EXPECT_FALSE(mutex.WaitOne());
     EXPECT_TRUE(mutex.WaitOne()); // it is owned already

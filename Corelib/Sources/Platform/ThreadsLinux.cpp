@@ -93,8 +93,7 @@ struct EndOfThread
 /// A thread inherits the nice level of its starter. Without the right to raise it, that level is its normal one.
 int TakeNormalNice()
 {
-    const int inherited = getpriority(PRIO_PROCESS, 0);
-    return inherited == mainNice || setpriority(PRIO_PROCESS, 0, mainNice) == 0 ? mainNice.load() : inherited;
+    return setpriority(PRIO_PROCESS, 0, mainNice) == 0 ? mainNice.load() : getpriority(PRIO_PROCESS, 0);
 }
 
 void* RunThread(void* parameter)
@@ -234,9 +233,7 @@ bool SetThreadPriority(ThreadSlot& slot, int priority)
         return priority >= 0;
     }
     const int known = priority <= HighestPriority ? priority : NormalThreadPriority;
-    const int nice = NiceOf(slot, known);
-    const auto id = static_cast<id_t>(slot.id);
-    if (getpriority(PRIO_PROCESS, id) != nice && setpriority(PRIO_PROCESS, id, nice) != 0)
+    if (setpriority(PRIO_PROCESS, static_cast<id_t>(slot.id), NiceOf(slot, known)) != 0)
     {
         return false;
     }
