@@ -103,11 +103,13 @@ TEST_F(DiscoveryReceiverTests, FatalFailuresEndItAndAskForOneRestart)
         CompleteWorker<DiscoveryReceiver> victim(dying, parser);
         victim.RestartRequested = receiver.RestartRequested;
         dying->Fail(code);
+        dying->Deliver("nobody receives this");
         victim.Start();
         ASSERT_TRUE(restarts.WaitOne(10000));
         EXPECT_EQ(std::string("E Receiver: ") + text, log.Take().back());
         victim.Stop(); // finds a thread that has ended
         EXPECT_FALSE(restarts.WaitOne(0));
+        EXPECT_EQ(4u, log.Take().size()); // those of the stop alone
     }
 }
 } // namespace Zelkor::Discovery
