@@ -1,6 +1,7 @@
 #include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Threading/AutoResetEvent.h>
+#include <Core/System/Threading/Monitor.h>
 #include <Core/System/Threading/Mutex.h>
 #include <Core/System/Threading/Semaphore.h>
 #include <Core/System/Threading/Thread.h>
@@ -45,15 +46,15 @@ bool Sleeps(int thread)
     return stat.ignore(1000, ')') >> word && word == "S";
 }
 
-/// A thread that waits for the handle; it is blocked when this returns.
-std::future<bool> BlockOn(WaitHandle& handle)
+/// A thread that waits; it is blocked when this returns.
+std::future<bool> BlockIn(std::function<bool()> wait)
 {
     const auto id = std::make_shared<std::atomic<int>>(0);
     auto waiter = std::async(std::launch::async,
-                             [&handle, id]
+                             [wait, id]
                              {
                                  *id = gettid();
-                                 return handle.WaitOne(5000);
+                                 return wait();
                              });
     while (*id == 0 || !Sleeps(*id))
     {
@@ -171,15 +172,22 @@ TEST(ThreadLinuxTests, WhoeverIsBlockedAtASignalGetsItWhateverComesNext)
     {
         SCOPED_TRACE(row.name);
         std::vector<std::future<bool>> waiters;
-        std::generate_n(std::back_inserter(waiters), row.waiters, [&] { return BlockOn(row.handle); });
+        std::generate_n(std::back_inserter(waiters), row.waiters,
+                        [&] { return BlockIn([&row] { return row.handle.WaitOne(5000); }); });
         row.signal();
         EXPECT_FALSE(row.handle.WaitOne(0)); // nobody overtakes
         EXPECT_TRUE(std::all_of(waiters.begin(), waiters.end(), [](auto& waiter) { return waiter.get(); }));
     }
     Mutex left;
+    const Object target;
     std::future<bool> heir;
-    std::jthread([&] { left.WaitOne(), heir = BlockOn(left); }).join();
+    std::jthread([&] { left.WaitOne(), heir = BlockIn([&] { return left.WaitOne(5000); }); }).join();
     EXPECT_FALSE(heir.get());
+    const auto enter = [&] { return Monitor::TryEnter(target, 5000); };
+    std::jthread([&] { Monitor::Enter(target), heir = BlockIn(enter); }).join();
+    EXPECT_FALSE(heir.get());
+    EXPECT_TRUE(Monitor::TryEnter(target)); // the heir was told
+    Monitor::Exit(target);
 }
 
 TEST(ThreadLinuxTests, ThousandsOfThreadsLeaveNothingBehind)
