@@ -144,6 +144,8 @@ TEST(EncodingTests, BoundsOfSizes)
     EXPECT_EQ(2147483644, utf8->GetMaxByteCount(536870911));
     EXPECT_THROW(utf8->GetMaxByteCount(536870912), ArgumentOutOfRangeException);
     EXPECT_EQ(7, utf8->GetMaxCharCount(7));
+    EXPECT_EQ(28, Encoding::UTF32()->GetMaxByteCount(7));
+    EXPECT_FALSE(utf8->Equals(*Encoding::ASCII()) || utf8->Equals(String("utf-8")) || utf8->Equals(null));
     EXPECT_EQ(4, Encoding::Unicode()->GetMaxCharCount(7));
     EXPECT_EQ(7, Encoding::ASCII()->GetMaxByteCount(7));
 }

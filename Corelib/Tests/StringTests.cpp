@@ -256,6 +256,7 @@ TEST(StringTests, PadsTrimsAndMapsCase)
 {
     EXPECT_EQ("  \xC3\xA4", String("\xC3\xA4").PadLeft(3).Utf8());
     EXPECT_EQ("ab**", String("ab").PadRight(4, U'*').Utf8());
+    EXPECT_EQ("ab  ", String("ab").PadRight(4).Utf8());
     EXPECT_EQ("ab", String("ab").PadLeft(-1).Utf8());
     EXPECT_EQ("", String("***").TrimEnd(U'*').Utf8());
     EXPECT_EQ("", String("***").TrimStart(U'*').Utf8());
