@@ -48,10 +48,13 @@ TEST(InterfacesTextTests, OneStanzaIsRewrittenWhereItStandsAndTheRestStays)
              Row{"no IPv4 stanza yet", "auto eth0\niface eth0 inet6 auto\n  mtu 1400\n",
                  "auto eth0\niface eth0 inet static\n" + Written + "iface eth0 inet6 auto\n  mtu 1400\n"},
              Row{"several stanzas become one",
-                 "iface eth0 inet static\n    address 10.9.1.1/24\n    mtu 1400\n    up one\n# between\nauto eth0\n"
-                 "iface eth0 inet static\n  address 10.9.2.1/24\n  mtu 1500\n  up one\n  up two\n  # note\nauto eth1\n",
+                 "iface eth0 inet static\n    address 10.9.1.1/24\n    mtu 1400\n    dns-search a\n    up one\n# "
+                 "between\nauto eth0\n"
+                 "iface eth0 inet static\n  address 10.9.2.1/24\n  mtu 1500\n  dns-search b\n  up one\n  up two\n  # "
+                 "note\nauto eth1\n",
                  "iface eth0 inet static\n" + Written +
-                     "    mtu 1400\n    up one\n  up two\n# between\nauto eth0\n  # note\nauto eth1\n"},
+                     "    mtu 1400\n    dns-search a\n    up one\n  dns-search b\n  up two\n# between\nauto eth0\n  # "
+                     "note\nauto eth1\n"},
          })
     {
         SCOPED_TRACE(name);
