@@ -65,7 +65,9 @@ prepare_guest() # root
 {
     work=$(mktemp -d)
     mount -t tmpfs layers "$work"
-    trap 'halt_guest; umount --lazy "$work"; rmdir "$work"' EXIT
+    owner=$BASHPID
+    # Of this shell alone: a child that is ended before it has become its program runs the trap too.
+    trap '[ "$BASHPID" != "$owner" ] || { halt_guest; umount --lazy "$work"; rmdir "$work"; }' EXIT
     layer=$work/layer
     nspawn=
     mkdir "$work"/{upper,work,layer}
@@ -109,16 +111,16 @@ adapter_owned_by() # ifupdown|networkd|NetworkManager|nobody
 # it was ready to listen.
 wait_for() # seconds, source of events, command ...
 {
-    local end=$((SECONDS + $1)) source=$2 code=1
+    local end=$((SECONDS + $1)) source=$2 code=1 events listener
     shift 2
-    coproc events { "$source" 2>/dev/null; }
-    local listener=$events_PID
+    exec {events}< <("$source" 2>/dev/null)
+    listener=$!
     until "$@" >/dev/null 2>&1 && code=0; do
         [ "$SECONDS" -le "$end" ] || break
-        read -r -t 1 -u "${events[0]}" || [ $? -gt 128 ] || break # beyond 128: nothing was told
+        read -r -t 1 -u "$events" || [ $? -gt 128 ] || break # beyond 128: nothing was told
     done
     kill "$listener" 2>/dev/null || true
-    wait "$listener" 2>/dev/null || true
+    exec {events}<&-
     return $code
 }
 
@@ -156,15 +158,15 @@ print(leader)' "$work/notify"
 boot_guest()
 {
     rm -f "$work/notify"
-    coproc readiness { hear_readiness; }
-    local leader=${readiness[0]} told
+    local leader told
+    exec {leader}< <(hear_readiness)
     read -r -t 10 -u "$leader" told
     NOTIFY_SOCKET=$work/notify systemd-nspawn --notify-ready=yes --register=no --keep-unit --quiet --directory="$layer" --boot --private-network \
         --network-veth-extra=h0:v0 --system-call-filter=bpf --link-journal=no --console=pipe \
         </dev/null >"$work/boot.log" 2>&1 &
     nspawn=$!
     read -r -t 30 -u "$leader" init || { echo "The guest does not start"; cat "$work/boot.log"; return 1; }
-    wait "$readiness_PID" || true
+    exec {leader}<&-
     ip link set lo up
     ip address add 10.9.0.2/24 brd + dev h0
     ip link set h0 up
