@@ -115,6 +115,7 @@ TEST(FileStreamTests, ReadingAheadDoesNotShow)
     EXPECT_EQ(5, stream.Seek(3, SeekOrigin::Current));
     EXPECT_EQ(static_cast<std::int64_t>(text.size()) - 1, stream.Seek(-1, SeekOrigin::End));
     EXPECT_THROW(stream.Seek(-1, SeekOrigin::Begin), IOException);
+    EXPECT_THROW(stream.Seek(0, SeekOrigin(3)), ArgumentOutOfRangeException);
     EXPECT_THROW(stream.SetPosition(-1), ArgumentOutOfRangeException);
     EXPECT_THROW(stream.Read(buffer, 11, static_cast<int>(text.size())), ArgumentOutOfRangeException);
     EXPECT_THROW(stream.Write(buffer, -1, 1), ArgumentOutOfRangeException);

@@ -216,6 +216,10 @@ int FileStream::ReadByte()
 std::int64_t FileStream::Seek(std::int64_t offset, SeekOrigin origin)
 {
     CheckOpen();
+    if (origin < SeekOrigin::Begin || origin > SeekOrigin::End)
+    {
+        throw ArgumentOutOfRangeException(ThrowSite);
+    }
     DropReadAhead();
     return Move(offset, origin);
 }

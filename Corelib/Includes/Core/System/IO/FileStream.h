@@ -47,7 +47,8 @@ public:
     void Flush() override;
     int Read(Array<unsigned char>& buffer, int offset, int count) override;
     int ReadByte() override;
-    /// @throws IOException  a position before the start
+    /// @throws ArgumentOutOfRangeException  origin is none
+    /// @throws IOException                  a position before the start
     std::int64_t Seek(std::int64_t offset, SeekOrigin origin) override;
     void Write(const Array<unsigned char>& buffer, int offset, int count) override;
     void WriteByte(unsigned char byte) override;
