@@ -8,11 +8,15 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <future>
 #include <iterator>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <thread>
@@ -146,6 +150,26 @@ TEST(ThreadLinuxTests, AThreadStartsAsNormalAndKeepsEachPriorityWhoeverStartsIt)
             .join();
         EXPECT_EQ(mayRaise ? normal : std::min(normal + 10, 19), firstNice);
     }
+}
+
+TEST(ThreadLinuxTests, APriorityThatIsThereAlreadyNeedsNoRight)
+{
+    std::jthread(
+        [] // of this thread alone, and of those that it starts: as under a service manager's filter of system calls
+        {
+            sock_filter steps[] = {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+                                   BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_setpriority, 0, 1),
+                                   BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
+                                   BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+            const sock_fprog filter = {std::size(steps), steps};
+            ASSERT_EQ(0, prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0));
+            ASSERT_EQ(0, prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter));
+            ASSERT_EQ(-1, setpriority(PRIO_PROCESS, 0, 19));
+            Thread thread{ThreadStart(+[] { Thread::CurrentThread()->Priority(ThreadPriority::Normal); })};
+            thread.Start();
+            thread.Join();
+        })
+        .join();
 }
 
 TEST(ThreadLinuxTests, WhoeverIsBlockedAtASignalGetsItWhateverComesNext)

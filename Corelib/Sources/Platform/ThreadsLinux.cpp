@@ -233,7 +233,10 @@ bool SetThreadPriority(ThreadSlot& slot, int priority)
         return priority >= 0;
     }
     const int known = priority <= HighestPriority ? priority : NormalThreadPriority;
-    if (setpriority(PRIO_PROCESS, static_cast<id_t>(slot.id), NiceOf(slot, known)) != 0)
+    const auto thread = static_cast<id_t>(slot.id);
+    const int nice = NiceOf(slot, known);
+    // A level that is there already needs no right: the service's unit refuses every setpriority.
+    if (getpriority(PRIO_PROCESS, thread) != nice && setpriority(PRIO_PROCESS, thread, nice) != 0)
     {
         return false;
     }
