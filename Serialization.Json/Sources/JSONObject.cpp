@@ -6,6 +6,8 @@
 #include <Core/System/OutOfMemoryException.h>
 #include <Core/System/ThrowSite.h>
 
+#include <algorithm>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,6 +17,20 @@ using Tesmo::System::ArgumentException;
 using Tesmo::System::Array;
 using Tesmo::System::OutOfMemoryException;
 using Tesmo::System::String;
+
+namespace
+{
+char ToLower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
+bool EqualsIgnoringCase(std::string_view left, std::string_view right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return ToLower(a) == ToLower(b); });
+}
+} // namespace
 
 Array<String> JSONObject::GetKeys() const
 {
@@ -31,9 +47,16 @@ std::uint32_t JSONObject::GetLength() const
     return static_cast<std::uint32_t>(cJSON_GetArraySize(root.get()));
 }
 
+/// What cJSON_GetObjectItem is for; that one obeys the letters of a locale.
 const cJSON* JSONObject::Locate(const String& key) const
 {
-    return cJSON_GetObjectItem(root.get(), key.Utf8().c_str());
+    const char* const name = key.Utf8().c_str(); // ends at a zero character, as names in the tree do
+    const cJSON* item = root != nullptr ? root->child : nullptr;
+    while (item != nullptr && !EqualsIgnoringCase(item->string, name))
+    {
+        item = item->next;
+    }
+    return item;
 }
 
 void JSONObject::Attach(const String& key, JSONItem value)

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <string>
 #include <system_error>
 
 namespace Zelkor::Serialization::Json
@@ -49,6 +50,24 @@ bool IsTooLarge(std::string_view number)
     const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
     const auto firstDigit = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
     return exponent > firstDigit - point;
+}
+
+/// The shortest text of a double without a decimal point, for which cJSON would take the first byte of a locale's.
+std::string WithoutPoint(double value)
+{
+    std::array<char, 32> text = {};
+    char* last = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific).ptr;
+    char* const point = std::find(text.data(), last, '.');
+    char* const sign = std::find(point, last, 'e') + 1;
+    if (point != last)
+    {
+        int exponent = 0;
+        std::from_chars(*sign == '+' ? sign + 1 : sign, last, exponent);
+        exponent -= static_cast<int>(sign - point) - 2;
+        std::rotate(point, point + 1, sign);
+        last = std::to_chars(sign - 1, text.data() + text.size(), exponent).ptr;
+    }
+    return {text.data(), last};
 }
 
 bool IsHighSurrogate(int unit)
@@ -184,14 +203,16 @@ bool JSONTextScanner::ScanUnicodeEscape()
 bool JSONTextScanner::ScanNumber()
 {
     const char* const start = cursor;
+    bool hasPoint = false;
     for (; IsDigit(*cursor) || *cursor == '-' || *cursor == '+' || *cursor == '.' || (*cursor | 0x20) == 'e'; ++cursor)
     {
         if (*cursor == '.' && !IsDigit(cursor[1]))
         {
             return false;
         }
+        hasPoint |= *cursor == '.';
     }
-    if (cursor - start <= LongestNumber)
+    if (!hasPoint && cursor - start <= LongestNumber)
     {
         return true;
     }
@@ -199,11 +220,8 @@ bool JSONTextScanner::ScanNumber()
     double value = 0;
     const auto [read, error] = std::from_chars(start, end, value);
     const bool isTooLarge = error == std::errc::result_out_of_range && IsTooLarge({start, end});
-    std::array<char, 32> shortened = {};
-    const char* const last = std::to_chars(shortened.data(), shortened.data() + shortened.size(), value).ptr;
     cursor = start;
-    Replace(static_cast<int>(end - start),
-            isTooLarge ? (*start == '-' ? "-1e999" : "1e999") : std::string_view(shortened.data(), last));
+    Replace(static_cast<int>(end - start), isTooLarge ? (*start == '-' ? "-1e999" : "1e999") : WithoutPoint(value));
     cursor = end;
     return read == end;
 }
