@@ -1,5 +1,7 @@
 #include "AdapterStack.h"
 
+#include <algorithm>
+#include <set>
 #include <utility>
 
 namespace Zelkor::Discovery::Client
@@ -15,9 +17,12 @@ AdapterStack::AdapterStack(const std::vector<Platform::Adapter>& adapters)
     }
     for (const Platform::Adapter& adapter : adapters)
     {
-        if (const auto lower = names.find(adapter.lowerIndex); lower != names.end())
+        for (const std::uint32_t index : adapter.lowerIndexes)
         {
-            lowers.emplace(adapter.friendlyName, lower->second);
+            if (const auto lower = names.find(index); lower != names.end())
+            {
+                lowers.emplace(adapter.friendlyName, lower->second);
+            }
         }
     }
 }
@@ -27,21 +32,23 @@ bool AdapterStack::IsAbove(const String& upper, const String& lower) const
     return LeadsDown(upper.Utf8(), lower.Utf8()) && !LeadsDown(lower.Utf8(), upper.Utf8());
 }
 
-bool AdapterStack::LeadsDown(std::string from, const std::string& to) const
+bool AdapterStack::LeadsDown(const std::string& from, const std::string& to) const
 {
-    for (std::size_t steps = 0; steps < lowers.size(); ++steps)
+    std::set<std::string> reached;
+    std::vector<std::string> open = {from};
+    while (!open.empty())
     {
-        const auto lower = lowers.find(from);
-        if (lower == lowers.end())
-        {
-            return false;
-        }
-        from = lower->second;
-        if (from == to)
-        {
-            return true;
-        }
+        const auto [first, last] = lowers.equal_range(open.back());
+        open.pop_back();
+        std::for_each(first, last,
+                      [&](const auto& pair)
+                      {
+                          if (reached.insert(pair.second).second)
+                          {
+                              open.push_back(pair.second);
+                          }
+                      });
     }
-    return false;
+    return reached.contains(to);
 }
 } // namespace Zelkor::Discovery::Client

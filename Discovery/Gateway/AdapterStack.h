@@ -20,8 +20,8 @@ public:
     bool IsAbove(const Tesmo::System::String& upper, const Tesmo::System::String& lower) const;
 
 private:
-    bool LeadsDown(std::string from, const std::string& to) const;
+    bool LeadsDown(const std::string& from, const std::string& to) const;
 
-    std::map<std::string, std::string> lowers; ///< of each adapter that is stacked on another
+    std::multimap<std::string, std::string> lowers; ///< of each adapter those that it is stacked on
 };
 } // namespace Zelkor::Discovery::Client

@@ -19,7 +19,7 @@ struct Adapter
     char ipMaskText[AdapterTextSize] = {};           ///< dotted text, or empty
     char gatewayText[AdapterTextSize] = {};          ///< dotted text, empty if the adapter has no gateway
     std::uint32_t index = 0;                         ///< the host's number of the adapter
-    std::uint32_t lowerIndex = 0;                    ///< of the listed adapter that it is stacked on (VLAN), 0: of none
+    std::vector<std::uint32_t> lowerIndexes;         ///< of the listed adapters that it is stacked on (VLAN)
     std::string friendlyName;                        ///< display name as bytes, empty if unknown
 };
 

@@ -107,7 +107,7 @@ void TakeLinks(const Cache& links, Snapshot& snapshot)
     {
         if (const auto entry = snapshot.entries.find(upper); entry != snapshot.entries.end())
         {
-            entry->second.adapter.lowerIndex = static_cast<std::uint32_t>(lower);
+            entry->second.adapter.lowerIndexes.push_back(static_cast<std::uint32_t>(lower));
         }
     }
 }

@@ -90,7 +90,8 @@ TEST_F(AdaptersTests, WhatAnAdapterIsStackedOnIsTheNextListedOneAndPortsAreLeftO
     for (const auto& [upper, lower] :
          {Row{"lan", ""}, Row{"end", ""}, Row{"abroad", ""}, Row{"upper", "lan"}, Row{"wide", "lan"}})
     {
-        EXPECT_EQ(if_nametoindex(lower), adapters.at(upper).lowerIndex) << upper;
+        const std::vector<std::uint32_t> lowers(*lower == '\0' ? 0 : 1, if_nametoindex(lower));
+        EXPECT_EQ(lowers, adapters.at(upper).lowerIndexes) << upper;
     }
 }
 

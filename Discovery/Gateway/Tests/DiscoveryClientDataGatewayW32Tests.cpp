@@ -160,16 +160,16 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, GetHostAsksTheObjectsOwnSources)
 
 TEST_F(DiscoveryClientDataGatewayW32Tests, OnlyADifferentConfigurationOfTheAdapterThatIsMeantIsApplied)
 {
-    // name, first byte of the hardware address, number of the adapter below
-    using Own = std::tuple<const char*, unsigned char, std::uint32_t>;
-    for (const auto& [name, first, lower] :
-         {Own{"lan", 1, 0}, Own{"lan.7", 1, 1}, Own{"top", 2, 4}, Own{"middle", 3, 5}, Own{"base", 2, 0},
-          Own{"twin", 4, 0}, Own{"stray", 4, 99}, Own{"above", 4, 6}, Own{"one", 5, 10}, Own{"two", 5, 9},
-          Own{"bare", 6, 0}})
+    // name, first byte of the hardware address, numbers of the adapters below
+    using Own = std::tuple<const char*, unsigned char, std::vector<std::uint32_t>>;
+    for (const auto& [name, first, lowers] :
+         {Own{"lan", 1, {}}, Own{"lan.7", 1, {1}}, Own{"top", 2, {4}}, Own{"middle", 3, {5}}, Own{"base", 2, {}},
+          Own{"twin", 4, {}}, Own{"stray", 4, {99}}, Own{"above", 4, {1, 6, 2}}, Own{"one", 5, {10}},
+          Own{"two", 5, {9}}, Own{"bare", 6, {}}})
     {
         AddAdapter(name, 6, "10.1.2.3", "255.255.0.0", std::strcmp(name, "bare") == 0 ? "" : "10.1.0.1");
         host.adapters.back().macBytes[0] = first;
-        host.adapters.back().lowerIndex = lower;
+        host.adapters.back().lowerIndexes = lowers;
     }
     using Row = std::tuple<const char*, const char*, std::string, const char*, const char*, const char*, Rows>;
     for (const auto& [description, name, first, address, gateway, MTU, changed] :

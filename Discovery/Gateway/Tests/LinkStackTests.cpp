@@ -3,7 +3,7 @@
 
 using Zelkor::Discovery::Platform::FindStack;
 using Links = std::map<int, Zelkor::Discovery::Platform::LinkPlace>;
-using Stack = std::map<int, int>;
+using Stack = std::set<std::pair<int, int>>;
 
 TEST(LinkStackTests, AnUpperLinkStandsOnTheOneThatIsListedForTheLinkBelow)
 {
@@ -23,6 +23,9 @@ TEST(LinkStackTests, AnUpperLinkStandsOnTheOneThatIsListedForTheLinkBelow)
           Row{"a bridge over a VLAN and a pair's end",
               {{2, {}}, {3, {2, 5}}, {5, {}}, {6, {7, 5}}, {7, {6, 0}}},
               {{5, 2}}},
+          Row{"a bridge over VLANs of two adapters",
+              {{2, {}}, {3, {}}, {4, {3, 7}}, {5, {2, 7}}, {6, {2, 7}}, {7, {}}},
+              {{7, 2}, {7, 3}}},
           Row{"a bridge over a VLAN of its own port", {{2, {0, 5}}, {3, {2, 5}}, {5, {}}}, {}},
           Row{"masters in a ring, read while they changed", {{2, {3, 0}}, {3, {0, 4}}, {4, {0, 3}}}, {{2, 3}}}})
     {

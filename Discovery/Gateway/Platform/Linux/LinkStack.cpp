@@ -24,9 +24,9 @@ int OutermostMaster(const std::map<int, LinkPlace>& links, int index)
 
 } // namespace
 
-std::map<int, int> FindStack(const std::map<int, LinkPlace>& links)
+std::set<std::pair<int, int>> FindStack(const std::map<int, LinkPlace>& links)
 {
-    std::map<int, int> stack;
+    std::set<std::pair<int, int>> stack;
     for (const auto& [index, place] : links)
     {
         const auto lower = links.find(place.lower);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <map>
+#include <set>
+#include <utility>
 
 namespace Zelkor::Discovery::Platform
 {
@@ -12,8 +14,9 @@ struct LinkPlace
     int master = 0; ///< the bridge or bond whose port it is
 };
 
-/// Which links without a master are stacked on which, by number: an upper one maps to the one below it. A port counts as
-/// its master, so that a VLAN of a port stands on the bridge, and a bridge with a VLAN as its port on the VLAN's adapter.
-std::map<int, int> FindStack(const std::map<int, LinkPlace>& links);
+/// Which links without a master are stacked on which: pairs of numbers, that of the upper one and that of one below it.
+/// A port counts as its master, so that a VLAN of a port stands on the bridge, and a bridge with VLANs as its ports on
+/// the adapters of them all.
+std::set<std::pair<int, int>> FindStack(const std::map<int, LinkPlace>& links);
 
 } // namespace Zelkor::Discovery::Platform
