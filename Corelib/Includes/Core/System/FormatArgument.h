@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Core/System/Char32.h>
 #include <Core/System/FormatProvider.h>
 #include <Core/System/IFormattable.h>
 #include <Core/System/Object.h>
