@@ -3,6 +3,7 @@
 #include "Linux/AddressNotice.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
@@ -100,18 +101,35 @@ bool Subscribe()
     return subscription->IsSubscribed();
 }
 
-/// The event of all cancels, open until the process ends: so a cancel finds it even before the first wait.
+/// Opens an event, if that has not been done yet, for as long as the process lives: so a cancel finds it even before the
+/// first wait. What fails for want of descriptors is tried again by the next call.
+int Opened(std::atomic<int>& event)
+{
+    int descriptor = event;
+    if (descriptor < 0)
+    {
+        const int opened = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+        if (event.compare_exchange_strong(descriptor, opened))
+        {
+            return opened;
+        }
+        close(opened); // another thread was first
+    }
+    return descriptor;
+}
+
+/// The event of all cancels.
 int CancelEvent()
 {
-    static const int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    return descriptor;
+    static std::atomic<int> event = -1;
+    return Opened(event);
 }
 
 /// The event of changes that the kernel does not tell.
 int NoticeEvent()
 {
-    static const int descriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    return descriptor;
+    static std::atomic<int> event = -1;
+    return Opened(event);
 }
 
 /// Takes what an event has counted.
@@ -162,7 +180,7 @@ Outcome Settle()
 Outcome WaitForChange()
 {
     Outcome outcome = Outcome::Failed;
-    if (Subscribe() && CancelEvent() >= 0)
+    if (Subscribe() && CancelEvent() >= 0 && NoticeEvent() >= 0)
     {
         outcome = Wait(Sources::All, milliseconds(untold ? 0 : -1));
     }
