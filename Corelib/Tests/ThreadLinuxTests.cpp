@@ -118,10 +118,12 @@ TEST(ThreadLinuxTests, EachFormTakesTheStackItIsGivenButNoLessThan256KiB)
         thread.Join();
         return size >> 18; // in units of 256 KiB
     };
-    EXPECT_EQ(1U, sizeOf(Thread(ThreadStart(measure), 1)));
-    EXPECT_EQ(2U, sizeOf(Thread(ThreadStart(measure), 2 << 18)));
-    EXPECT_EQ(3U, sizeOf(Thread(ParameterizedThreadStart(+[](Object&) { measure(); }), 3 << 18), object));
-    EXPECT_EQ(4U, sizeOf(Thread(ConstParameterizedThreadStart(+[](const Object&) { measure(); }), 4 << 18), object));
+    // in ascending order, since the C library hands out stacks again; the thread sanitizer has a minimum of its own
+    const std::size_t least = sizeOf(Thread(ThreadStart(measure), 1));
+    EXPECT_EQ(least, sizeOf(Thread(ThreadStart(measure), 1 << 18)));
+    EXPECT_EQ(4U, sizeOf(Thread(ThreadStart(measure), 4 << 18)));
+    EXPECT_EQ(5U, sizeOf(Thread(ParameterizedThreadStart(+[](Object&) { measure(); }), 5 << 18), object));
+    EXPECT_EQ(6U, sizeOf(Thread(ConstParameterizedThreadStart(+[](const Object&) { measure(); }), 6 << 18), object));
 }
 
 TEST(ThreadLinuxTests, SystemToolsSeeTheNameCutTo15Bytes)
