@@ -24,7 +24,7 @@ AsyncRequests::AsyncRequests(const LogStreamChannel& clientChannel, const Sp<Res
     : channel(clientChannel),
       work(std::move(givenWork)),
       spacing(Required(givenSpacing)),
-      withdrawn(false, EventResetMode::ManualReset)
+      changed(false, EventResetMode::AutoReset)
 {
 }
 
@@ -70,11 +70,11 @@ void AsyncRequests::FailStart()
 void AsyncRequests::Withdraw()
 {
     const Lock lock(asyncLock);
-    if (next != AsyncRequest::None && delay != 0)
+    if (next != AsyncRequest::None && isSpaced)
     {
         next = AsyncRequest::None;
         asyncPending = false;
-        withdrawn.Set();
+        changed.Set();
     }
 }
 
@@ -84,7 +84,7 @@ void AsyncRequests::End()
         const Lock lock(asyncLock);
         isEnding = true;
         next = AsyncRequest::None;
-        withdrawn.Set();
+        changed.Set();
     }
     if (!(asyncThread == null)) // nobody makes another one any more
     {
@@ -107,9 +107,11 @@ void AsyncRequests::Schedule(AsyncRequest request, std::chrono::steady_clock::du
     {
         return;
     }
+    const int delay = request == AsyncRequest::Restart ? spacing->Next(held) : 0;
     next = request;
-    delay = request == AsyncRequest::Restart ? spacing->Next(held) : 0;
-    withdrawn.Reset();
+    isSpaced = delay != 0;
+    due = std::chrono::steady_clock::now() + std::chrono::milliseconds(delay);
+    changed.Set();
     if (!isRunning)
     {
         StartThread();
@@ -140,14 +142,19 @@ void AsyncRequests::ThreadMain(Object& object)
 /// The next request, when its time has come; None ends the thread.
 AsyncRequest AsyncRequests::Await()
 {
-    int limit = 0;
+    for (;;)
     {
-        const Lock lock(asyncLock);
-        limit = next == AsyncRequest::None ? 0 : delay;
+        std::chrono::milliseconds left(0);
+        {
+            const Lock lock(asyncLock);
+            left = std::chrono::ceil<std::chrono::milliseconds>(due - std::chrono::steady_clock::now());
+            if (next == AsyncRequest::None || left.count() <= 0)
+            {
+                isRunning = next != AsyncRequest::None;
+                return std::exchange(next, AsyncRequest::None);
+            }
+        }
+        changed.WaitOne(static_cast<int>(left.count())); // what is next may be another one afterwards
     }
-    withdrawn.WaitOne(limit);
-    const Lock lock(asyncLock);
-    isRunning = next != AsyncRequest::None;
-    return std::exchange(next, AsyncRequest::None);
 }
 } // namespace Zelkor::Discovery::Client

@@ -62,14 +62,15 @@ private:
     Tesmo::System::Object asyncLock; ///< guards all that follows; nothing is waited for under it
     Tesmo::Sp<RestartSpacing> spacing;
     std::chrono::steady_clock::time_point lastStart;
+    std::chrono::steady_clock::time_point due;      ///< when the work on next may begin
     AsyncRequest next = AsyncRequest::None;         ///< accepted, its work has not begun
     AsyncRequest askedInStart = AsyncRequest::None; ///< to be accepted when the start is over
-    int delay = 0;                                  ///< milliseconds before the work on next
+    bool isSpaced = false;                          ///< next has to wait for its time
     bool asyncPending = false;                      ///< requests are dropped
     bool isStarting = false;
     bool isEnding = false;
     bool isRunning = false; ///< asyncThread will look for a request once more
     Tesmo::Sp<Tesmo::System::Threading::Thread> asyncThread;
-    Tesmo::System::Threading::EventWaitHandle withdrawn; ///< ends the delay
+    Tesmo::System::Threading::EventWaitHandle changed; ///< has the thread look again
 };
 } // namespace Zelkor::Discovery::Client

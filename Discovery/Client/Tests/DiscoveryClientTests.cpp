@@ -49,7 +49,7 @@ public:
     {
         lastHeld = held;
         asked.Release();
-        return ++count < waitsFrom ? 0 : -1;
+        return ++count < waitsFrom ? 0 : INT_MAX;
     }
     std::atomic<int> waitsFrom = INT_MAX; ///< the first restart that waits for ever
     std::atomic<int> count = 0;
@@ -289,6 +289,25 @@ TEST_F(DiscoveryClientTests, ARestartThatCannotBindIsTriedAgainWithoutARow)
     EXPECT_THROW(client->Start(), Tesmo::System::Exception); // nobody tries that again
     EXPECT_EQ(ClientState::Starting, client->State());
     EXPECT_EQ(4, spacing->count);
+}
+
+TEST_F(DiscoveryClientTests, ARestartWaitsForItsOwnTimeAfterOneThatWasDropped)
+{
+    const Tesmo::System::LogStreams::LogStreamChannel channel("Requests");
+    Semaphore done(0, INT_MAX);
+    AsyncRequests requests(channel, spacing, [&](AsyncRequest) { done.Release(); });
+    spacing->waitsFrom = 0;
+    for (int round = 0; round < 1000; ++round)
+    {
+        requests.Ask(AsyncRequest::Restart);
+        std::this_thread::yield();
+        requests.Withdraw();
+    }
+    EXPECT_FALSE(done.WaitOne(0));
+    spacing->waitsFrom = INT_MAX;
+    requests.Ask(AsyncRequest::Restart);
+    EXPECT_TRUE(Await(done, 1));
+    requests.End();
 }
 
 TEST_F(DiscoveryClientTests, AnyOtherFailureOfARestartEndsTheProcess)
