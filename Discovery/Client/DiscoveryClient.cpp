@@ -159,6 +159,7 @@ void DiscoveryClient::DropStages()
     ipChangeWatcher.Reset(nullptr);
     receiver.Reset(nullptr);
     messageParser.Reset(nullptr);
+    const Sp<DiscoveryClientTaskProcessor> last = TaskProcessor(); // ended when nobody can wait for the lock any more
     const Lock lock(processorLock);
     taskProcessor.Reset(nullptr);
 }

@@ -362,6 +362,34 @@ TEST_F(DiscoveryClientTests, WhatRunsEndsWithTheClientInEveryState)
     }
 }
 
+TEST_F(DiscoveryClientTests, AStageThatRunsMayCallTheClientWhileItIsDestroyed)
+{
+    Semaphore sending(0, 1);
+    Semaphore ending(0, 1);
+    provider->onSend = [&, this]
+    {
+        sending.Release();
+        EXPECT_TRUE(ending.WaitOne(10000));
+        for (int round = 0; round < 1000; ++round) // while the stages are dropped, one after the other
+        {
+            client->SetBroadcastProvider(provider);
+            std::this_thread::yield();
+        }
+    };
+    gateway->onCancel = [&] { ending.Release(); };
+    client->SendHelloMessage(); // waits for the start
+    gateway->beforeHost = [&, owner = std::this_thread::get_id()]
+    {
+        if (std::this_thread::get_id() == owner)
+        {
+            EXPECT_TRUE(sending.WaitOne(10000));
+            throw std::runtime_error("no start");
+        }
+    };
+    EXPECT_THROW(client->Start(), std::runtime_error);
+    EndClient();
+}
+
 TEST_F(DiscoveryClientTests, AnAsynchronousStopIsForGood)
 {
     Silence();
