@@ -73,6 +73,8 @@ TEST_F(RoadTests, AMessageLeavesByItsOwnAdapterOrNotAtAll)
 
 TEST_F(RoadTests, NeitherARouteThatRefusesNorAFirewallIsADeadSocket)
 {
+    host->Ip("addr del 10.77.0.2/24 dev lan0");
+    host->Ip("addr add 10.77.0.2/24 dev lan0 label lan0office"); // no name of an interface
     host->Ip("route add unreachable default");
     StartAndHearHello();
     for (const char* type : {"prohibit", "blackhole"})

@@ -91,6 +91,18 @@ public:
         return Ask(target, source, interface, RTM_F_FIB_MATCH);
     }
 
+    /// The first interface that has an address of this host, 0 for any other address.
+    unsigned OwnerOf(in_addr address) const
+    {
+        const Route route = Match(address, {}, 0);
+        return route.type == RTN_LOCAL ? route.interface : 0;
+    }
+
+    bool IsOwner(unsigned interface, in_addr address) const
+    {
+        return Match(address, {}, interface).type == RTN_LOCAL;
+    }
+
 private:
     Route Ask(in_addr target, in_addr source, unsigned interface, unsigned flags) const
     {
@@ -124,7 +136,7 @@ struct BroadcastInterface
     Road road;
 };
 
-BroadcastInterface MakeBroadcastInterface(const ifaddrs& entry)
+BroadcastInterface MakeBroadcastInterface(const ifaddrs& entry, const RoutingTables& tables)
 {
     BroadcastInterface made;
     if (entry.ifa_addr == nullptr || entry.ifa_addr->sa_family != AF_INET || (entry.ifa_flags & IFF_UP) == 0)
@@ -135,8 +147,8 @@ BroadcastInterface MakeBroadcastInterface(const ifaddrs& entry)
     const bool hasCarrier = (entry.ifa_flags & IFF_LOWER_UP) != 0;
     const bool isLoopback = (entry.ifa_flags & IFF_LOOPBACK) != 0;
     made.rank = isLoopback ? 2 : canBroadcast ? (hasCarrier ? 0 : 1) : 3;
-    made.road.interface = ::if_nametoindex(entry.ifa_name);
     made.road.source = reinterpret_cast<const sockaddr_in*>(entry.ifa_addr)->sin_addr;
+    made.road.interface = tables.OwnerOf(made.road.source); // the entry's name is the address's label, whatever that is
     return made;
 }
 } // namespace
@@ -150,10 +162,13 @@ std::optional<Road> FindBroadcastRoad()
         return std::nullopt;
     }
     const std::unique_ptr<ifaddrs, decltype(&::freeifaddrs)> list(first, &::freeifaddrs);
+    const RoutingTables tables;
     for (const ifaddrs* entry = first; entry != nullptr; entry = entry->ifa_next)
     {
-        const BroadcastInterface found = MakeBroadcastInterface(*entry);
-        if (found.rank < best.rank || (found.rank == best.rank && found.road.interface < best.road.interface))
+        const BroadcastInterface found = MakeBroadcastInterface(*entry, tables);
+        const bool isBetter =
+            found.rank < best.rank || (found.rank == best.rank && found.road.interface < best.road.interface);
+        if (isBetter && found.road.interface != 0)
         {
             best = found;
         }
@@ -173,16 +188,13 @@ std::optional<Road> FindRoad(in_addr source, in_addr target)
     {
         return Road{0, source};
     }
-    // interfaces may share an address: the usual one comes first
-    for (const unsigned interface : {usual.interface, tables.Match(source, {}, 0).interface})
+    const unsigned owner = tables.OwnerOf(source);
+    if (usual.interface != 0 && (usual.interface == owner || tables.IsOwner(usual.interface, source)))
     {
-        if (interface != 0 && tables.Match(source, {}, interface).type == RTN_LOCAL &&
-            tables.Match(target, source, interface).type != RTN_UNSPEC)
-        {
-            return Road{interface, source};
-        }
+        return Road{usual.interface, source}; // interfaces may share an address: the usual one comes first
     }
-    return std::nullopt;
+    const bool hasRoute = owner != 0 && tables.Match(target, source, owner).type != RTN_UNSPEC;
+    return hasRoute ? std::optional(Road{owner, source}) : std::nullopt;
 }
 
 bool IsLocal(in_addr address)
