@@ -1,10 +1,12 @@
 #include "Benchmarks.h"
 
 #include <Tests/Support/ClientProcess.h>
+#include <Tests/Support/NetworkNamespace.h>
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -49,12 +51,13 @@ try
     host.Ip("addr add 10.77.0.2/24 dev lan0");
     host.Ip("link set lan0 up");
     const HostFolders folders;
-    const ClientProcess client(host, "STUDIO4", folders);
-    if (!client.WaitForLog("Message sent") || !client.WaitForLog("---Waiting for IP changes..."))
+    std::optional<ClientProcess> client;
+    host.Within([&] { client.emplace(folders); });
+    if (!client->WaitForLog("Message sent") || !client->WaitForLog("---Waiting for IP changes..."))
     {
         throw std::runtime_error("the client does not start");
     }
-    const std::filesystem::path process = "/proc/" + std::to_string(client.Id());
+    const std::filesystem::path process = "/proc/" + std::to_string(client->Id());
     for (auto _ : state)
     {
         std::this_thread::sleep_for(1s); // the threads settle in their waits

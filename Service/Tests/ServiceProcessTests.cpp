@@ -1,7 +1,6 @@
 #include <Tests/Support/ClientProcess.h>
 #include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/NetworkNamespace.h>
 #include <Tests/Support/PrivateNetwork.h>
 #include <array>
 #include <csignal>
@@ -79,11 +78,6 @@ protected:
         std::signal(SIGPIPE, SIG_DFL);
     }
 
-    ClientProcess StartService() const
-    {
-        return {NetworkNamespace::OfThisThread(), "STUDIO4", folders};
-    }
-
     NotifySocket notify; // made within the network: abstract sockets belong to one too
     HostFolders folders;
 };
@@ -94,7 +88,7 @@ TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
     for (int run = 1; const int number : {SIGTERM, SIGINT})
     {
         SCOPED_TRACE(number);
-        ClientProcess service = StartService();
+        ClientProcess service(folders);
         ASSERT_EQ("READY=1", notify.Hear());
         EXPECT_TRUE(service.WaitForLog("---Waiting", 3) &&
                     service.WaitForLog("---Listening")); // each has its name then
@@ -119,7 +113,7 @@ TEST_F(ServiceProcessTests, AStopSignalDuringTheStartWaitsForItsEnd)
     std::filesystem::create_directories(folders.LogFile().parent_path());
     const Descriptor log(open(folders.LogFile().c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     ASSERT_EQ(0, fcntl(log.Number(), F_SETLEASE, F_WRLCK));
-    ClientProcess service = StartService();
+    ClientProcess service(folders);
     const timespec limit{20, 0};
     ASSERT_EQ(SIGIO, sigtimedwait(&leaseSignal, nullptr, &limit));
 
@@ -137,7 +131,7 @@ TEST_F(ServiceProcessTests, AnUnusableLogFolderEndsTheStartAndSaysWhere)
     std::ofstream(root) << "a file in the folder's place";
 
     testing::internal::CaptureStderr();
-    const int code = StartService().ExitCode(Limit);
+    const int code = ClientProcess(folders).ExitCode(Limit);
     const std::string errors = testing::internal::GetCapturedStderr();
 
     EXPECT_EQ(128 + SIGABRT, code);

@@ -1,6 +1,7 @@
 #include "LanTest.h"
 
 #include <csignal>
+#include <fstream>
 
 namespace Lan
 {
@@ -24,16 +25,13 @@ TEST_F(AnnouncementTests, AHostAnnouncesItselfByteForByteWithAndWithoutADefaultR
         client->Signal(SIGTERM);
         ExpectHeard(Announcement("Bye", "True", {adapter}, &adapter));
         EXPECT_EQ(0, client->ExitCode(std::chrono::milliseconds(2000)));
-        host->Ip("route replace default via 10.77.0.1");
+        Shell("ip route replace default via 10.77.0.1");
     }
 }
 
 TEST_F(AnnouncementTests, TwoAdaptersGiveOneMessageEachFromTheirOwnAddress)
 {
-    Connect(*host, "lan1", "02:00:00:00:00:02", *office, "wall1");
-    host->Ip("addr add 10.88.0.2/24 dev lan1");
-    office->Ip("addr add 10.88.0.1/24 dev wall1");
-    const Adapter lan1{"lan1", "02:00:00:00:00:02", "10.88.0.2"};
+    Connect(lan1, *office, "wall1");
     const auto expectBoth = [&](const char* type)
     {
         for (const Adapter& source : {lan0, lan1})
@@ -55,7 +53,7 @@ TEST_F(AnnouncementTests, AnAddressChangeIsAnnouncedOnce)
     StartAndHearHello();
 
     // In one go, as a manager does it: a pause of 100 ms between the two would make two changes of it.
-    host->Run({"sh", "-c", "printf 'addr flush dev lan0\naddr add 10.77.0.9/24 dev lan0\n' | ip -batch -"});
+    Shell("printf 'addr flush dev lan0\naddr add 10.77.0.9/24 dev lan0\n' | ip -batch -");
 
     Adapter moved = lan0;
     moved.address = "10.77.0.9";
@@ -66,7 +64,7 @@ TEST_F(AnnouncementTests, AnAddressChangeIsAnnouncedOnce)
 
 TEST_F(AnnouncementTests, AClientWithoutAdapterSpeaksWhenItGetsOneAndStopsWithoutAWordElse)
 {
-    host->Ip("link del lan0");
+    Shell("ip link del lan0");
     StartClient();
     ASSERT_TRUE(client->WaitForLog("SendHelloMessage aborted")) << client->Log();
     ASSERT_TRUE(client->WaitForLog("---Waiting for IP changes..."));
@@ -75,10 +73,26 @@ TEST_F(AnnouncementTests, AClientWithoutAdapterSpeaksWhenItGetsOneAndStopsWithou
 
     StartClient();
     ASSERT_TRUE(client->WaitForLog("---Waiting for IP changes...", 2)) << client->Log();
-    Connect(*host, lan0.name, lan0.mac, *office, "wall0");
-    office->Ip("addr add 10.77.0.1/24 dev wall0");
-    host->Ip("addr add 10.77.0.2/24 dev lan0");
+    Connect(lan0, *office, "wall0");
     ExpectHeard(Announcement("SignatureBroadcast", "True", {lan0}, &lan0));
+    ExpectCleanStop();
+}
+
+TEST_F(AnnouncementTests, WhatIsInstalledIsShown)
+{
+    for (const std::string plugin : {"StorePlugin.so", "UnresolvedPlugin.so"})
+    {
+        std::filesystem::copy_file(PRODUCT_PLUGINS "/" + plugin, folders.Discovery() / "ProductIDs" / plugin);
+    }
+    std::ofstream(folders.Discovery() / "FileTransferInfos.json") << "{\r\n  \"Server\": \"10.0.0.5\"\r\n}\r\n";
+    StartClient();
+
+    std::string text = Announcement("Hello", "True", {lan0}, &lan0);
+    ExpectHeard(text.replace(text.find("[]}"), 3,
+                             R"([{"ProductType":"Server","ProductSerialNumber":"88","ProductVersion":"2.1",)"
+                             "\"ProductName\":\"St\x94re, with a name that is longer than what a text keeps within "
+                             R"(itself"}],"FileTransferInfos":{"Server":"10.0.0.5"}})"));
+    EXPECT_EQ(2, client->Logged("UnresolvedPlugin.so: undefined symbol: Missing")) << "a hello takes two snapshots";
     ExpectCleanStop();
 }
 } // namespace Lan

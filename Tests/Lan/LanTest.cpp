@@ -37,17 +37,24 @@ void LanTest::SetUp()
     {
         GTEST_SKIP() << "the system refuses namespaces";
     }
-    host = std::make_unique<NetworkNamespace>(NetworkNamespace::OfThisThread());
     office = std::make_unique<NetworkNamespace>();
-    Connect(*host, lan0.name, lan0.mac, *office, "wall0");
-    host->Ip("addr add 10.77.0.2/24 dev lan0");
-    office->Ip("addr add 10.77.0.1/24 dev wall0");
+    Connect(lan0, *office, "wall0");
     station = std::make_unique<Station>(*office);
+}
+
+void LanTest::Connect(const Adapter& adapter, const NetworkNamespace& far, const std::string& farName)
+{
+    const std::string farAddress = adapter.address.substr(0, adapter.address.size() - 1) + "1/24";
+    Shell("ip link add " + adapter.name + " address " + adapter.mac + " type veth peer name " + farName + " netns " +
+          far.Path());
+    far.Ip("link set " + farName + " up");
+    far.Ip("addr add " + farAddress + " dev " + farName);
+    Shell("ip link set " + adapter.name + " up; ip addr add " + adapter.address + "/24 dev " + adapter.name);
 }
 
 void LanTest::StartClient()
 {
-    client = std::make_unique<ClientProcess>(*host, "STUDIO4", folders);
+    client = std::make_unique<ClientProcess>(folders);
 }
 
 void LanTest::StartAndHearHello()

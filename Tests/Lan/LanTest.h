@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace Lan
@@ -36,7 +35,8 @@ std::string Announcement(const std::string& type, const std::string& broadcast, 
 /// A request of the administration side; more holds the keys behind the header, each with a comma in front.
 std::string Request(const std::string& type, const std::string& broadcast, const std::string& more = "");
 
-/// A LAN of two hosts: the client's, where adapter lan0 has 10.77.0.2, and the administration's with 10.77.0.1.
+/// A LAN of two hosts: the client's, where adapter lan0 has 10.77.0.2, and the administration's with 10.77.0.1. The test
+/// runs on the client's.
 class LanTest : public testing::Test
 {
 private:
@@ -45,6 +45,9 @@ private:
 
 protected:
     void SetUp() override;
+
+    /// Lays a cable from a new adapter of the client's host to another host, whose end has the address that ends in 1.
+    static void Connect(const Adapter& adapter, const NetworkNamespace& far, const std::string& farName);
 
     /// Starts the program; the station hears what it says from then on.
     void StartClient();
@@ -60,7 +63,7 @@ protected:
     void ExpectCleanStop(bool withBye = true);
 
     const Adapter lan0{"lan0", "02:00:00:00:00:01", "10.77.0.2"};
-    std::unique_ptr<NetworkNamespace> host;
+    const Adapter lan1{"lan1", "02:00:00:00:00:02", "10.88.0.2"};
     std::unique_ptr<NetworkNamespace> office;
     std::unique_ptr<Station> station;
     const HostFolders folders;

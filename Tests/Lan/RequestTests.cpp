@@ -66,34 +66,4 @@ TEST_F(RequestTests, AnAnswerWaitsForZeroToNinetyMilliseconds)
     EXPECT_LE(*tens.rbegin(), 40) << "90 ms and room for a loaded machine; a wrong scale would take seconds";
     EXPECT_GE(tens.size(), 5U);
 }
-
-TEST_F(RequestTests, AfterFiveHundredAndTwelveOutstandingRequestsAllAreRefused)
-{
-    StartAndHearHello();
-    constexpr int requests = 620;
-    for (int sent = 1; sent <= requests; ++sent)
-    {
-        station->Say(Request("SendYourSignature", "False"), "10.77.0.2");
-        // The client's socket holds some 150 datagrams.
-        ASSERT_TRUE(sent % 100 != 0 || client->WaitForLog("Message type : SendYourSignature", sent)) << client->Log();
-    }
-    const int answers = station->CountUntilQuiet(2000);
-    EXPECT_GE(answers, 512);
-    EXPECT_LE(answers, 560) << "512 and those that were done during the burst";
-    EXPECT_EQ(requests - answers, client->Logged("Semaphore is full (512) !!! Ignoring this task..."));
-    station->Say(Request("SendYourSignature", "False"), "10.77.0.2");
-    EXPECT_TRUE(client->WaitForLog("Semaphore is full (512)", requests - answers + 1)) << client->Log();
-    ExpectCleanStop();
-}
-
-TEST_F(RequestTests, AStopAmidABurstIsClean)
-{
-    StartAndHearHello();
-    for (int sent = 0; sent < 100; ++sent)
-    {
-        station->Say(Request("SendYourSignature", "False"), "10.77.0.2");
-    }
-    ASSERT_TRUE(station->Hear());
-    ExpectCleanStop();
-}
 } // namespace Lan

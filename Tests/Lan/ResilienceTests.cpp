@@ -1,6 +1,9 @@
 #include "LanTest.h"
 
+#include <csignal>
+#include <fstream>
 #include <netinet/in.h>
+#include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -33,22 +36,6 @@ class ResilienceTests : public LanTest
 {
 };
 
-TEST_F(ResilienceTests, APortUnreachableCostsOneLineAndNothingElse)
-{
-    StartAndHearHello();
-    station.reset();
-    {
-        const Station passerby(*office, 12055); // nobody listens where its answer goes
-        passerby.Say(Request("SendYourSignature", "False"), "10.77.0.2");
-        EXPECT_TRUE(client->WaitForLog("Port Unreachable")) << client->Log();
-    }
-    station = std::make_unique<Station>(*office);
-    station->Say(Request("SendYourSignature", "False"), "10.77.0.2");
-    EXPECT_TRUE(station->Hear()) << client->Log();
-    EXPECT_EQ(1, client->Logged(R"(Socket error : remote peer returned a "Port Unreachable" ICMP packet.)"));
-    ExpectCleanStop();
-}
-
 TEST_F(ResilienceTests, ASocketClosedFromOutsideComesBackThroughOneRestart)
 {
     StartAndHearHello();
@@ -60,5 +47,32 @@ TEST_F(ResilienceTests, ASocketClosedFromOutsideComesBackThroughOneRestart)
     EXPECT_TRUE(station->HearWith(R"("SignatureBroadcast")")) << client->Log();
     EXPECT_EQ(1, client->Logged("Asynchronous restart triggered"));
     ExpectCleanStop();
+}
+
+TEST_F(ResilienceTests, OnAFullDiskTheClientEndsAtItsNextRowAndComesBackWhenThereIsSpace)
+{
+    ASSERT_EQ(0, mount("tmpfs", folders.AboveLogs().c_str(), "tmpfs", 0, "size=256k"));
+    StartAndHearHello();
+    const std::filesystem::path ballast = folders.AboveLogs() / "ballast";
+    for (std::ofstream file(ballast); file << std::string(512, '.') << std::flush;)
+    {
+    }
+    EXPECT_EQ(-1, client->ExitCode(std::chrono::milliseconds(200))) << "a client that logs nothing needs no space";
+    const std::string before = folders.Log();
+
+    // As many as the row's rest in the file's last page holds, and one more.
+    for (int sent = 0; sent < 20; ++sent)
+    {
+        station->Say(Request("AllSendYourSignature", "True"), "10.77.0.2");
+    }
+    EXPECT_EQ(128 + SIGABRT, client->ExitCode(std::chrono::milliseconds(5000)));
+    EXPECT_TRUE(folders.Log().starts_with(before)) << "what stood in the file stays";
+    StartClient();
+    EXPECT_EQ(128 + SIGABRT, client->ExitCode(std::chrono::milliseconds(5000)));
+
+    std::filesystem::remove(ballast);
+    StartAndHearHello();
+    ExpectCleanStop();
+    umount2(folders.AboveLogs().c_str(), MNT_DETACH);
 }
 } // namespace Lan

@@ -32,7 +32,7 @@ std::string Dotted(const in_addr& address)
 }
 } // namespace
 
-Station::Station(const NetworkNamespace& network, int port)
+Station::Station(const NetworkNamespace& network)
 {
     network.Within(
         [&]
@@ -44,7 +44,7 @@ Station::Station(const NetworkNamespace& network, int port)
             setsockopt(socket.Number(), SOL_SOCKET, SO_BROADCAST, &on, sizeof(on));
             setsockopt(socket.Number(), IPPROTO_IP, IP_PKTINFO, &on, sizeof(on));
             setsockopt(socket.Number(), SOL_SOCKET, SO_RCVBUFFORCE, &room, sizeof(room));
-            const sockaddr_in local = Endpoint("0.0.0.0", port);
+            const sockaddr_in local = Endpoint("0.0.0.0", 12001);
             if (bind(socket.Number(), reinterpret_cast<const sockaddr*>(&local), sizeof(local)) != 0)
             {
                 throw std::runtime_error("cannot bind the station");
@@ -93,16 +93,6 @@ std::optional<Heard> Station::HearWith(const std::string& part, int milliseconds
             return heard;
         }
     }
-}
-
-int Station::CountUntilQuiet(int quietMilliseconds) const
-{
-    int count = 0;
-    while (Hear(quietMilliseconds))
-    {
-        ++count;
-    }
-    return count;
 }
 
 void Station::Say(const std::string& text, const std::string& address, const std::string& device) const

@@ -21,16 +21,13 @@ struct Heard
 class Station
 {
 public:
-    explicit Station(const NetworkNamespace& network, int port = 12001);
+    explicit Station(const NetworkNamespace& network);
 
     /// The next datagram, or nothing after the given time.
     std::optional<Heard> Hear(int milliseconds = 3000) const;
 
     /// The next datagram whose text holds part.
     std::optional<Heard> HearWith(const std::string& part, int milliseconds = 3000) const;
-
-    /// Number of datagrams until none comes for quietMilliseconds.
-    int CountUntilQuiet(int quietMilliseconds) const;
 
     /// Sends to port 12000 of address; 255.255.255.255 leaves by the adapter that device names.
     void Say(const std::string& text, const std::string& address, const std::string& device = "") const;

@@ -13,10 +13,9 @@
 namespace
 {
 /// @attention runs in a forked process, which an exception must not leave
-void ReplaceByProgram(const NetworkNamespace& network, const std::string& hostName, const HostFolders& folders) noexcept
+void ReplaceByProgram(const HostFolders& folders) noexcept
 {
-    network.Enter();
-    if (unshare(CLONE_NEWUTS) == 0 && sethostname(hostName.data(), hostName.size()) == 0 && folders.Enter())
+    if (unshare(CLONE_NEWUTS) == 0 && sethostname("STUDIO4", 7) == 0 && folders.Enter())
     {
         ReplaceBy({DISCOVERY_CLIENT});
     }
@@ -24,25 +23,17 @@ void ReplaceByProgram(const NetworkNamespace& network, const std::string& hostNa
 }
 } // namespace
 
-ClientProcess::ClientProcess(const NetworkNamespace& network, const std::string& hostName, const HostFolders& places)
-    : folders(places),
-      process(fork())
+ClientProcess::ClientProcess(const HostFolders& places) : folders(places), process(fork())
 {
     if (process == 0)
     {
-        ReplaceByProgram(network, hostName, folders);
+        ReplaceByProgram(folders);
     }
 }
 
 ClientProcess::~ClientProcess()
 {
     End(process);
-}
-
-std::string ClientProcess::Log() const
-{
-    const std::string log = folders.Log();
-    return log.size() < 4000 ? log : log.substr(log.size() - 4000);
 }
 
 int ClientProcess::Logged(const std::string& text) const

@@ -1,28 +1,32 @@
 #pragma once
 
+#include "Descriptor.h"
 #include "HostFolders.h"
-#include "NetworkNamespace.h"
 
 #include <chrono>
 #include <string>
 #include <sys/types.h>
 
-/// The real program, running in a network namespace under a host name and in folders of its own. It is killed with the
-/// object if it still runs.
+/// The real program, running in the calling thread's network, under the host name STUDIO4 and in folders of its own. It
+/// is killed with the object if it still runs.
 class ClientProcess
 {
 public:
     /// The folders must outlive the object.
-    ClientProcess(const NetworkNamespace& network, const std::string& hostName, const HostFolders& folders);
+    explicit ClientProcess(const HostFolders& folders);
     ~ClientProcess();
+    ClientProcess(const ClientProcess&) = delete;
+    ClientProcess& operator=(const ClientProcess&) = delete;
 
     pid_t Id() const
     {
         return process;
     }
 
-    /// The end of the log file, 4000 bytes at most.
-    std::string Log() const;
+    std::string Log() const
+    {
+        return folders.Log();
+    }
 
     /// How often a text stands in the log file.
     int Logged(const std::string& text) const;

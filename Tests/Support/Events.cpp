@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <gtest/gtest.h>
-#include <linux/rtnetlink.h>
 #include <memory>
 #include <poll.h>
-#include <sys/socket.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
 
@@ -37,16 +35,6 @@ bool WaitUntil(const Descriptor& events, std::chrono::milliseconds limit, const 
         [[maybe_unused]] const ssize_t size = read(events.Number(), ignored.data(), ignored.size());
     }
     return true;
-}
-
-Descriptor NetworkEvents()
-{
-    Descriptor events(socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_ROUTE));
-    sockaddr_nl address{};
-    address.nl_family = AF_NETLINK;
-    address.nl_groups = RTMGRP_IPV4_IFADDR | RTMGRP_IPV4_ROUTE;
-    EXPECT_EQ(0, bind(events.Number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
-    return events;
 }
 
 void WaitForBusName(const std::string& name)

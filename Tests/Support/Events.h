@@ -11,8 +11,5 @@
 /// @returns whether it holds; false after the limit
 bool WaitUntil(const Descriptor& events, std::chrono::milliseconds limit, const std::function<bool()>& holds);
 
-/// Tells of changes of IPv4 addresses and routes in the calling thread's network, from now on.
-Descriptor NetworkEvents();
-
 /// Waits until a name has an owner on the system bus, which may still be starting; fails the test after 10 seconds.
 void WaitForBusName(const std::string& name);

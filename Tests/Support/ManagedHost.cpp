@@ -3,12 +3,13 @@
 #include "Commands.h"
 #include "Events.h"
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <ifaddrs.h>
+#include <linux/rtnetlink.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -94,20 +95,20 @@ constexpr const char* BusConfiguration = R"(<busconfig>
   </policy>
 </busconfig>)";
 
-/// Whether each of these adapters has an IPv4 address.
-bool HaveAddresses(std::set<std::string> adapters)
+bool HasAddress(const std::string& adapter)
 {
-    ifaddrs* list = nullptr;
-    EXPECT_EQ(0, getifaddrs(&list));
-    for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next)
-    {
-        if (entry->ifa_addr != nullptr && entry->ifa_addr->sa_family == AF_INET)
-        {
-            adapters.erase(entry->ifa_name);
-        }
-    }
-    freeifaddrs(list);
-    return adapters.empty();
+    return std::system(("ip -4 -o addr show dev '" + adapter + "' | grep -q inet").c_str()) == 0;
+}
+
+/// Tells of changes of IPv4 addresses in the calling thread's network, from now on.
+Descriptor AddressEvents()
+{
+    Descriptor events(socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC, NETLINK_ROUTE));
+    sockaddr_nl address{};
+    address.nl_family = AF_NETLINK;
+    address.nl_groups = RTMGRP_IPV4_IFADDR;
+    EXPECT_EQ(0, bind(events.Number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
+    return events;
 }
 
 pid_t Launch(const std::vector<std::string>& arguments)
@@ -167,7 +168,7 @@ void ManagedHost::Start()
         bus = Launch({"dbus-daemon", "--config-file=/run/dbus/test.conf", "--nofork", "--nopidfile"});
         WaitForBusName("org.freedesktop.DBus");
     }
-    const Descriptor events = NetworkEvents();
+    const Descriptor events = AddressEvents();
     if (!recipe.daemon.empty())
     {
         daemon = Launch(recipe.daemon);
@@ -176,7 +177,8 @@ void ManagedHost::Start()
     }
     ForEachAdapter(recipe.up);
     // What the daemons set comes a moment after they answer.
-    EXPECT_TRUE(WaitUntil(events, std::chrono::seconds(10), [this] { return HaveAddresses(adapters); }));
+    EXPECT_TRUE(WaitUntil(events, std::chrono::seconds(10),
+                          [this] { return std::all_of(adapters.begin(), adapters.end(), HasAddress); }));
 }
 
 void ManagedHost::Stop()
