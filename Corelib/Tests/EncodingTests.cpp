@@ -47,8 +47,8 @@ TEST(EncodingTests, TheFamilyIsChosenByNumberAndName)
         EXPECT_TRUE(encoding->Equals(*Encoding::GetEncoding(codePage)));
     }
     EXPECT_EQ(1201, Encoding::BigEndianUnicode()->CodePage());
-    EXPECT_THROW(Encoding::GetEncoding("UTF-8"), NotSupportedException); // names are compared with case
-    EXPECT_THROW(Encoding::GetEncoding(1252), NotSupportedException);
+    ExpectEachThrows<NotSupportedException>( // names are compared with case
+        {[] { Encoding::GetEncoding("UTF-8"); }, [] { Encoding::GetEncoding(1252); }});
     EXPECT_THROW(Encoding::GetEncoding(static_cast<const String&>(null)), ArgumentNullException);
 }
 
@@ -93,20 +93,15 @@ TEST(EncodingTests, EveryByteOfACodePageReturns)
     EXPECT_EQ("A\x7F??", Decoded(20127, "A\x7F\x80\xE9"));
 }
 
-TEST(EncodingTests, DecodersPassOverBadInput)
+TEST(EncodingTests, ConvertsBetweenEncodingsAndPassesOverBadInput)
 {
     EXPECT_EQ("y\xE2\x82\xACz", Decoded(65001, "\x80y\xE2\x82\xAC\xE2\x82z\xF0\x9F\xFF"));
     EXPECT_EQ("y\xF0\x9F\x98\x80", Decoded(1200, "\x3D\xD8y\0\0\xDE\x3D\xD8\0\xDEz"s));
     EXPECT_EQ("z", Decoded(12000, "\0\0\x11\0z\0\0\0\x01"s));
-}
-
-TEST(EncodingTests, ConvertsBetweenEncodings)
-{
     const String text("a\xC3\xA7\xF0\x9F\x98\x80");
     const Up<Encoding> utf8 = Encoding::UTF8();
     const ByteArray bytes = utf8->GetBytes(text);
-    EXPECT_EQ(3, utf8->GetCharCount(bytes));
-    EXPECT_EQ(1, utf8->GetCharCount(bytes, 1, 2));
+    EXPECT_TRUE(utf8->GetCharCount(bytes) == 3 && utf8->GetCharCount(bytes, 1, 2) == 1);
     for (const int codePage : {1200, 1201, 12000, 12001})
     {
         const Up<Encoding> other = Encoding::GetEncoding(codePage);
@@ -118,36 +113,27 @@ TEST(EncodingTests, ConvertsBetweenEncodings)
     EXPECT_EQ("\x87", Content(Encoding::Convert(*utf8, CodePage437Encoding(), bytes, 1, 2)));
 }
 
-TEST(EncodingTests, BuffersAreChecked)
+TEST(EncodingTests, BuffersAndSizesAreChecked)
 {
     const Up<Encoding> utf8 = Encoding::UTF8();
     ByteArray bytes(4);
     EXPECT_EQ(3, utf8->GetBytes(char32(0x20AC), bytes, 1));
-    EXPECT_EQ(std::string("\0\xE2\x82\xAC", 4), Content(bytes));
+    EXPECT_EQ("\0\xE2\x82\xAC"s, Content(bytes));
     EXPECT_EQ(2, utf8->GetBytes(String("xabx"), 1, 2, bytes, 2));
     EXPECT_EQ(0, utf8->GetBytes(char32(0xD800), bytes, 4));
-    EXPECT_THROW(utf8->GetBytes(char32(0x20AC), bytes, 2), ArgumentOutOfRangeException);
-    EXPECT_THROW(utf8->GetBytes(char32(U'a'), bytes, -1), ArgumentOutOfRangeException);
-    EXPECT_THROW(utf8->GetString(bytes, 3, 2), ArgumentOutOfRangeException);
-    EXPECT_THROW(utf8->GetChars(bytes, -1, 1), ArgumentOutOfRangeException);
-    EXPECT_THROW(utf8->GetBytes(Array<char32>(2), 1, 2, bytes, 0), ArgumentOutOfRangeException);
-    const auto& nothing = static_cast<const ByteArray&>(null);
-    EXPECT_THROW(utf8->GetString(nothing), ArgumentNullException);
-    EXPECT_THROW(utf8->GetCharCount(nothing, 0, 1), ArgumentNullException);
+    EXPECT_EQ((std::vector<int>{2147483644, 28, 7, 7, 4}),
+              (std::vector<int>{utf8->GetMaxByteCount(536870911), Encoding::UTF32()->GetMaxByteCount(7),
+                                Encoding::ASCII()->GetMaxByteCount(7), utf8->GetMaxCharCount(7),
+                                Encoding::Unicode()->GetMaxCharCount(7)}));
+    ExpectEachThrows<ArgumentOutOfRangeException>(
+        {[&] { utf8->GetBytes(char32(0x20AC), bytes, 2); }, [&] { utf8->GetBytes(char32(U'a'), bytes, -1); },
+         [&] { utf8->GetString(bytes, 3, 2); }, [&] { utf8->GetChars(bytes, -1, 1); },
+         [&] { utf8->GetBytes(Array<char32>(2), 1, 2, bytes, 0); }, [&] { utf8->GetMaxByteCount(536870912); }});
+    const ByteArray& nothing = null;
+    ExpectEachThrows<ArgumentNullException>({[&] { utf8->GetString(nothing); },
+                                             [&] { utf8->GetCharCount(nothing, 0, 1); },
+                                             [&] { utf8->GetBytes(static_cast<const String&>(null)); }});
     EXPECT_EQ(0, utf8->GetChars(nothing, 0, 0).Length());
-    EXPECT_THROW(utf8->GetBytes(static_cast<const String&>(null)), ArgumentNullException);
-}
-
-TEST(EncodingTests, BoundsOfSizes)
-{
-    const Up<Encoding> utf8 = Encoding::UTF8();
-    EXPECT_EQ(2147483644, utf8->GetMaxByteCount(536870911));
-    EXPECT_THROW(utf8->GetMaxByteCount(536870912), ArgumentOutOfRangeException);
-    EXPECT_EQ(7, utf8->GetMaxCharCount(7));
-    EXPECT_EQ(28, Encoding::UTF32()->GetMaxByteCount(7));
-    EXPECT_FALSE(utf8->Equals(*Encoding::ASCII()) || utf8->Equals(String("utf-8")) || utf8->Equals(null));
-    EXPECT_EQ(4, Encoding::Unicode()->GetMaxCharCount(7));
-    EXPECT_EQ(7, Encoding::ASCII()->GetMaxByteCount(7));
 }
 
 TEST(EncodingTests, AssignmentTakesTheFlagsOfTheSameClass)
@@ -156,13 +142,12 @@ TEST(EncodingTests, AssignmentTakesTheFlagsOfTheSameClass)
     EXPECT_EQ(0, plain.GetPreamble().Length());
     static_cast<Encoding&>(plain) = *Encoding::UTF8();
     EXPECT_EQ(3, plain.GetPreamble().Length());
-
     UnicodeEncoding utf16;
     utf16 = UnicodeEncoding(true, false);
-    EXPECT_EQ(1201, utf16.CodePage());
-    EXPECT_EQ(0, utf16.GetPreamble().Length());
-    EXPECT_EQ(std::string("\0a", 2), Content(utf16.GetBytes("a")));
+    EXPECT_TRUE(utf16.CodePage() == 1201 && utf16.GetPreamble().Length() == 0);
+    EXPECT_EQ("\0a"s, Content(utf16.GetBytes("a")));
     EXPECT_THROW(static_cast<Encoding&>(utf16) = plain, ArgumentException);
+    EXPECT_FALSE(plain.Equals(*Encoding::ASCII()) || plain.Equals(String("utf-8")) || plain.Equals(null));
 }
 
 TEST(EncodingTests, NativeTextIsCodePage437)

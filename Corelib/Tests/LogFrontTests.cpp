@@ -10,8 +10,8 @@ TEST(LogFrontTests, AChannelHasANameOf1To40Characters)
 {
     const String widest(char32(0xE9), 40); // characters count, not bytes
     EXPECT_EQ(widest, LogStreamChannel(widest).ToString());
-    EXPECT_THROW(LogStreamChannel(String(char32('x'), 41)), ArgumentException);
-    EXPECT_THROW(LogStreamChannel(""), ArgumentException);
+    ExpectEachThrows<ArgumentException>(
+        {[] { LogStreamChannel(String(char32('x'), 41)); }, [] { LogStreamChannel(""); }});
     EXPECT_THROW(LogStreamChannel(static_cast<const String&>(null)), ArgumentNullException);
 }
 

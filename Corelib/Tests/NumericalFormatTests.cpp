@@ -2,8 +2,6 @@
 
 #include <Core/System/NumericalFormat.h>
 
-#include <limits>
-
 using namespace Tesmo;
 using namespace Tesmo::System;
 
@@ -22,50 +20,47 @@ TEST(NumericalFormatTests, FormatsAreTakenApart)
         EXPECT_EQ(char32(wantedLetter), letter) << format;
         EXPECT_EQ(wantedPrecision, precision) << format;
     }
-    EXPECT_THROW(NumericalFormat::ParseFormat(null, letter, precision), ArgumentNullException);
-    EXPECT_THROW(Int32(1).ToString(null), ArgumentNullException);
+    ExpectEachThrows<ArgumentNullException>(
+        {[&] { NumericalFormat::ParseFormat(null, letter, precision); }, [] { Int32(1).ToString(null); }});
 }
 
-TEST(NumericalFormatTests, IntegersPrintAsPlainDigits)
+TEST(NumericalFormatTests, IntegersPrintAsDigitsOrAsDecimalFractions)
 {
     using Row = std::tuple<int, const char*, const char*>;
-    for (const auto& [value, format, text] :
-         {Row{-5, "d2", "-05"}, Row{-5, "d3", "-005"}, Row{-55, "d2", "-55"}, Row{5, "D4", "0005"}, Row{0, "d", "0"},
-          Row{Int32::MinValue, "d", "-2147483648"}, Row{255, "x", "ff"}, Row{255, "X8", "000000FF"},
-          Row{-1, "x10", "00ffffffff"}, Row{5, "b", "101"}, Row{5, "b8", "00000101"},
-          Row{-1, "b", "11111111111111111111111111111111"}, Row{12345, "", "12345"}, Row{1, "Z9", "Z9"},
-          Row{1, "y", "y"}, Row{1, "dd", ""}})
+    const auto expect = [](std::initializer_list<Row> rows)
     {
-        EXPECT_EQ(text, Int32(value).ToString(format).Utf8()) << value << " by " << format;
-    }
-}
-
-TEST(NumericalFormatTests, IntegersPrintAsDecimalFractions)
-{
-    using Row = std::tuple<int, const char*, const char*>;
-    for (const auto& [value, format, text] :
-         {Row{7, "f", "7.00"}, Row{7, "f3", "7.000"}, Row{7, "f0", "7."}, Row{1234567, "n", "1,234,567.00"},
-          Row{-123456, "n1", "-123,456.0"}, Row{-123, "n1", "-123.0"}, Row{12, "p", "1,200 %"},
-          Row{-12, "p1", "-1,200.0 %"}, Row{0, "p", "0 %"}, Row{0, "p2", "0.00 %"}, Row{12345, "g", "12345"},
-          Row{12345, "g3", "1.23e+04"}, Row{-12345, "G3", "-1.23E+04"}})
-    {
-        EXPECT_EQ(text, Int32(value).ToString(format).Utf8()) << value << " by " << format;
-    }
+        for (const auto& [value, format, text] : rows)
+        {
+            EXPECT_EQ(text, Int32(value).ToString(format).Utf8()) << value << " by " << format;
+        }
+    };
+    expect({Row{-5, "d2", "-05"}, Row{-5, "d3", "-005"}, Row{-55, "d2", "-55"}, Row{5, "D4", "0005"}, Row{0, "d", "0"},
+            Row{Int32::MinValue, "d", "-2147483648"}, Row{255, "x", "ff"}, Row{255, "X8", "000000FF"},
+            Row{-1, "x10", "00ffffffff"}, Row{5, "b", "101"}, Row{5, "b8", "00000101"},
+            Row{-1, "b", "11111111111111111111111111111111"}, Row{12345, "", "12345"}, Row{1, "Z9", "Z9"},
+            Row{1, "y", "y"}, Row{1, "dd", ""}});
+    expect({Row{7, "f", "7.00"}, Row{7, "f3", "7.000"}, Row{7, "f0", "7."}, Row{1234567, "n", "1,234,567.00"},
+            Row{-123456, "n1", "-123,456.0"}, Row{-123, "n1", "-123.0"}, Row{12, "p", "1,200 %"},
+            Row{-12, "p1", "-1,200.0 %"}, Row{0, "p", "0 %"}, Row{0, "p2", "0.00 %"}, Row{12345, "g", "12345"},
+            Row{12345, "g3", "1.23e+04"}, Row{-12345, "G3", "-1.23E+04"}});
 }
 
 TEST(NumericalFormatTests, WidthOfTheTypeDecidesThePattern)
 {
-    EXPECT_EQ("80", SByte(-128).ToString("x").Utf8());
-    EXPECT_EQ("10000000", SByte(-128).ToString("b").Utf8());
-    EXPECT_EQ("fffe", Int16(-2).ToString("x").Utf8());
-    EXPECT_EQ("ffffffffffffffff", Int64(-1).ToString("x").Utf8());
-    EXPECT_EQ("18446744073709551615", UInt64(UInt64::MaxValue).ToString().Utf8());
-    EXPECT_EQ("1.844674407E+19", UInt64(UInt64::MaxValue).ToString("G").Utf8());
-    EXPECT_EQ("-9223372036854775808", Int64(Int64::MinValue).ToString().Utf8());
-    EXPECT_EQ("999999999999999999", Int64(999999999999999999).ToString("g19").Utf8());
+    using Row = std::tuple<const char*, String>;
+    for (const auto& [wanted, text] :
+         {Row{"80", SByte(-128).ToString("x")}, Row{"10000000", SByte(-128).ToString("b")},
+          Row{"fffe", Int16(-2).ToString("x")}, Row{"ffffffffffffffff", Int64(-1).ToString("x")},
+          Row{"18446744073709551615", UInt64(UInt64::MaxValue).ToString()},
+          Row{"1.844674407E+19", UInt64(UInt64::MaxValue).ToString("G")},
+          Row{"-9223372036854775808", Int64(Int64::MinValue).ToString()},
+          Row{"999999999999999999", Int64(999999999999999999).ToString("g19")}})
+    {
+        EXPECT_EQ(wanted, text.Utf8());
+    }
 }
 
-TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormat)
+TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormatAndRefuseThoseOfIntegers)
 {
     using Row = std::tuple<double, const char*, const char*>;
     for (const auto& [value, format, text] :
@@ -78,11 +73,7 @@ TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormat)
     }
     EXPECT_EQ("0.1", Single(0.1F).ToString().Utf8());
     EXPECT_EQ("3.40282346638529e+38", Double(Single::MaxValue).ToString().Utf8());
-    EXPECT_EQ(static_cast<std::size_t>(1 + 1 + 2000), Double(1).ToString("f2000").Utf8().size());
-}
-
-TEST(NumericalFormatTests, WhatIsNoNumberHasANameUnderEveryFormatAndNumbersRefuseThoseOfIntegers)
-{
+    EXPECT_EQ(1U + 1 + 2000, Double(1).ToString("f2000").Utf8().size());
     EXPECT_EQ("Infinity", Double(Double::PositiveInfinity).ToString().Utf8());
     EXPECT_EQ("-Infinity", Single(Single::NegativeInfinity).ToString("f").Utf8());
     EXPECT_EQ("-Infinity", Double(Double::MinValue).ToString("p").Utf8()); // a hundred times it is

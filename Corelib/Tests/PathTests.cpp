@@ -1,9 +1,5 @@
 #include <Tests/Support/CoreTest.h>
 
-#include <Core/System/IO/Path.h>
-
-#include <algorithm>
-
 using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
@@ -31,10 +27,9 @@ TEST(PathTests, SomeCharactersMakeAPathInvalid)
     for (const char* const invalid : {"a\"", "<", "a>b", "|a", "\x01", "a\x1F", "a\tb", "line\n"})
     {
         EXPECT_FALSE(Path::IsValid(invalid)) << invalid;
-        EXPECT_THROW(Path::Combine(invalid, "b"), ArgumentException);
-        EXPECT_THROW(Path::Combine("a", invalid), ArgumentException);
-        EXPECT_THROW(Path::GetFullPath(invalid), ArgumentException);
-        EXPECT_THROW(Path::IsPathRooted(invalid), ArgumentException);
+        ExpectEachThrows<ArgumentException>({[&] { Path::Combine(invalid, "b"); }, [&] { Path::Combine("a", invalid); },
+                                             [&] { Path::GetFullPath(invalid); },
+                                             [&] { Path::IsPathRooted(invalid); }});
     }
     EXPECT_FALSE(Path::IsValid(null));
 }

@@ -1,10 +1,5 @@
 #include <Tests/Support/CoreTest.h>
 
-#include <Core/System/DateTime.h>
-#include <Core/System/Version.h>
-
-#include <gmock/gmock.h>
-
 using namespace Tesmo;
 using namespace Tesmo::System;
 
@@ -55,49 +50,33 @@ TEST(StringFormatTests, WhatIsNoItemIsReported)
     EXPECT_THROW(Text("{99999999999}", 1), OverflowException);
 }
 
-TEST(StringFormatTests, AlignmentCountsCodePoints)
+TEST(StringFormatTests, ArgumentsOfEveryKindPrintByTheirFormatAndPadded)
 {
-    EXPECT_EQ("[   42]", Text("[{0,5}]", 42));
-    EXPECT_EQ("[42   ]", Text("[{0,-5}]", 42));
-    EXPECT_EQ("[12345]", Text("[{0,3}]", 12345));
-    EXPECT_EQ("[  \xC3\xA4]", Text("[{0,3}]", "\xC3\xA4"));
-    EXPECT_EQ("[   ]", Text("[{0,3}]", null));
-}
-
-TEST(StringFormatTests, ArgumentsOfEveryKindPrint)
-{
+    const DateTime epoch(621355968000000000);
+    const Object& unknown = epoch;
     const String text("text");
     const String& nothing = null;
     const char* const noBytes = nullptr;
-    EXPECT_EQ("-1 200 -3 4 5", Text("{0} {1} {2} {3} {4}", static_cast<signed char>(-1),
-                                    static_cast<unsigned char>(200), static_cast<short>(-3), 4U, 5LL));
-    EXPECT_EQ("2147483647 -2147483648 4294967295", Text("{0} {1} {2}", Int32::MaxValue, Int32::MinValue, 4294967295U));
-    EXPECT_EQ("9999999999 1E+10", Text("{0} {1}", 9999999999LL, 10000000000LL)); // the general format
-    EXPECT_EQ("True False", Text("{0} {1}", true, false));
-    EXPECT_EQ("0.5 0.25", Text("{0} {1}", 0.5, 0.25F));
-    EXPECT_EQ("text bytes", Text("{0} {1}", text, "bytes"));
-    EXPECT_EQ("c\xC3\xA4", Text("{0}{1}", 'c', char32(0xE4)));
-    EXPECT_EQ("[][][]", Text("[{0}][{1}][{2}]", nothing, noBytes, null));
-    EXPECT_EQ("10 a 10", Text("{0} {1:x} {0}", Int32(10), Int32(10)));
-    EXPECT_EQ("1.2", Text("{0}", Version(1, 2)));
-}
-
-TEST(StringFormatTests, FormatStringReachesTheArgument)
-{
-    EXPECT_EQ("000000FF", Text("{0:X8}", 255));
-    EXPECT_EQ("ffffffff", Text("{0:x}", -1));
-    EXPECT_EQ("ff", Text("{0:x}", static_cast<signed char>(-1)));
-    EXPECT_EQ("0x08d4b7a1c2d3e4f5", Text("0x{0:x16}", 0x08D4B7A1C2D3E4F5LL));
-    const DateTime epoch(621355968000000000);
-    const Object& unknown = epoch;
-    EXPECT_EQ("00:00", Text("{0:%H:%M}", unknown));
-    EXPECT_EQ("  7f", Text("{0,4:x}", 127));
-}
-
-TEST(StringFormatTests, ArgumentsMayStandInAnArray)
-{
     const Array<Sp<Object>> list(Sp<Object>(new Int32(1)), Sp<Object>(), Sp<Object>(new String("c")));
-    EXPECT_EQ("1--c", Text("{0}-{1}-{2}", list));
+    using Case = std::tuple<const char*, std::string>;
+    for (const auto& [wanted, found] :
+         {Case{"[   42][42   ][42]", Text("[{0,5}][{0,-5}][{0,1}]", 42)},
+          Case{"[  \xC3\xA4]", Text("[{0,3}]", "\xC3\xA4")}, Case{"[   ]", Text("[{0,3}]", null)},
+          Case{"  7f", Text("{0,4:x}", 127)},
+          Case{"-1 200 -3 4 5", Text("{0} {1} {2} {3} {4}", static_cast<signed char>(-1),
+                                     static_cast<unsigned char>(200), static_cast<short>(-3), 4U, 5LL)},
+          Case{"2147483647 -2147483648 4294967295", Text("{0} {1} {2}", Int32::MaxValue, Int32::MinValue, 4294967295U)},
+          Case{"9999999999 1E+10", Text("{0} {1}", 9999999999LL, 10000000000LL)}, // the general format
+          Case{"True False", Text("{0} {1}", true, false)}, Case{"0.5 0.25", Text("{0} {1}", 0.5, 0.25F)},
+          Case{"text bytes", Text("{0} {1}", text, "bytes")}, Case{"c\xC3\xA4", Text("{0}{1}", 'c', char32(0xE4))},
+          Case{"[][][]", Text("[{0}][{1}][{2}]", nothing, noBytes, null)},
+          Case{"10 a 10", Text("{0} {1:x} {0}", Int32(10), Int32(10))}, Case{"1.2", Text("{0}", Version(1, 2))},
+          Case{"000000FF ffffffff ff", Text("{0:X8} {1:x} {2:x}", 255, -1, static_cast<signed char>(-1))},
+          Case{"0x08d4b7a1c2d3e4f5", Text("0x{0:x16}", 0x08D4B7A1C2D3E4F5LL)},
+          Case{"00:00", Text("{0:%H:%M}", unknown)}, Case{"1--c", Text("{0}-{1}-{2}", list)}})
+    {
+        EXPECT_EQ(wanted, found);
+    }
     EXPECT_THROW(Text("{3}", list), FormatException);
 }
 
@@ -106,7 +85,7 @@ TEST(StringFormatTests, NullIsRefused)
     const String& noFormat = null;
     const IFormatProvider& noProvider = null;
     const Array<Sp<Object>>& noList = null;
-    EXPECT_THROW(String::Format(noFormat, 1), ArgumentNullException);
-    EXPECT_THROW(String::Format(noProvider, "{0}", 1), ArgumentNullException);
-    EXPECT_THROW(String::Format("{0}", noList), ArgumentNullException);
+    ExpectEachThrows<ArgumentNullException>({[&] { String::Format(noFormat, 1); },
+                                             [&] { String::Format(noProvider, "{0}", 1); },
+                                             [&] { String::Format("{0}", noList); }});
 }

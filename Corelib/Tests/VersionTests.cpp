@@ -2,7 +2,6 @@
 
 #include <Core/System/Environment.h>
 #include <Core/System/OperatingSystem.h>
-#include <Core/System/Version.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -13,16 +12,12 @@ TEST(VersionTests, TextHoldsWhatIsGivenAndNothingNegative)
     {
         EXPECT_EQ(text, Version::Parse(text).ToString().Utf8());
     }
-    EXPECT_EQ("1.2.3.4", Version(1, 2, 3, 4).ToString().Utf8());
-    EXPECT_EQ("0.0", Version().ToString().Utf8());
-    EXPECT_EQ("7.0", Version::Parse("7").ToString().Utf8());
-    EXPECT_THROW(Version(-1, 0), ArgumentOutOfRangeException);
-    EXPECT_THROW(Version(0, -1), ArgumentOutOfRangeException);
-    EXPECT_THROW(Version(0, 0, -1), ArgumentOutOfRangeException);
-    EXPECT_THROW(Version(0, 0, 0, -1), ArgumentOutOfRangeException);
-    EXPECT_THROW(Version::Parse("1.-2"), ArgumentOutOfRangeException);
-    EXPECT_THROW(Version::Parse("1..2"), FormatException);
-    EXPECT_THROW(Version::Parse("1.2.3.4.5"), FormatException);
+    EXPECT_EQ("1.2.3.4 0.0 7.0",
+              String::Format("{0} {1} {2}", Version(1, 2, 3, 4), Version(), Version::Parse("7")).Utf8());
+    ExpectEachThrows<ArgumentOutOfRangeException>({[] { Version(-1, 0); }, [] { Version(0, -1); },
+                                                   [] { Version(0, 0, -1); }, [] { Version(0, 0, 0, -1); },
+                                                   [] { Version::Parse("1.-2"); }});
+    ExpectEachThrows<FormatException>({[] { Version::Parse("1..2"); }, [] { Version::Parse("1.2.3.4.5"); }});
     EXPECT_THROW(Version::Parse("2147483648.0"), OverflowException);
 }
 
@@ -36,8 +31,7 @@ TEST(VersionTests, TheFirstDifferenceDecides)
         {
             const auto order = (&left > &right) - (&left < &right);
             EXPECT_EQ(order, left.CompareTo(right)) << left.ToString().Utf8() << " " << right.ToString().Utf8();
-            EXPECT_EQ(order == 0, left == right);
-            EXPECT_EQ(order == 0, left.Equals(right));
+            EXPECT_TRUE((order == 0) == (left == right) && (order == 0) == left.Equals(right));
         }
     }
     const Up<Object> copy(Version(1, 2, 3, 4).Clone());
@@ -47,11 +41,15 @@ TEST(VersionTests, TheFirstDifferenceDecides)
 
 TEST(OperatingSystemTests, NameVersionAndServicePackPrint)
 {
-    EXPECT_EQ("Microsoft Windows NT 5.1.2600",
-              OperatingSystem(PlatformID::Win32NT, Version(5, 1, 2600)).ToString().Utf8());
-    EXPECT_EQ("Unix 6.18.5 Service Pack 8", OperatingSystem(PlatformID::Unix, Version(6, 18, 5)).ToString().Utf8());
-    EXPECT_EQ("Android 13.0.5", OperatingSystem(PlatformID::Android, Version(13, 0, 5)).ToString().Utf8());
-    EXPECT_THROW(OperatingSystem(static_cast<PlatformID>(9), Version()), ArgumentException);
-    EXPECT_THROW(OperatingSystem(static_cast<PlatformID>(-2), Version()), ArgumentException);
+    using Row = std::tuple<const char*, PlatformID, Version>;
+    for (const auto& [text, platform, version] :
+         {Row{"Microsoft Windows NT 5.1.2600", PlatformID::Win32NT, Version(5, 1, 2600)},
+          Row{"Unix 6.18.5 Service Pack 8", PlatformID::Unix, Version(6, 18, 5)},
+          Row{"Android 13.0.5", PlatformID::Android, Version(13, 0, 5)}})
+    {
+        EXPECT_EQ(text, OperatingSystem(platform, version).ToString().Utf8());
+    }
+    ExpectEachThrows<ArgumentException>({[] { OperatingSystem(static_cast<PlatformID>(9), Version()); },
+                                         [] { OperatingSystem(static_cast<PlatformID>(-2), Version()); }});
     EXPECT_GT(Environment::OSVersion().Version().Major(), 0);
 }

@@ -10,10 +10,12 @@
 #include <Core/System/Boolean.h>
 #include <Core/System/Byte.h>
 #include <Core/System/Char.h>
+#include <Core/System/DateTime.h>
 #include <Core/System/Double.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/IO/DirectoryNotFoundException.h>
 #include <Core/System/IO/FileNotFoundException.h>
+#include <Core/System/IO/Path.h>
 #include <Core/System/IndexOutOfRangeException.h>
 #include <Core/System/Int16.h>
 #include <Core/System/Int32.h>
@@ -34,9 +36,26 @@
 #include <Core/System/UInt16.h>
 #include <Core/System/UInt32.h>
 #include <Core/System/UInt64.h>
+#include <Core/System/Version.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <set>
 #include <string>
+#include <thread>
 #include <tuple>
 #include <vector>
+
+/// Each of the operations fails with an exception of the class.
+template <class E>
+void ExpectEachThrows(std::initializer_list<std::function<void()>> operations)
+{
+    for (int row = 0; const auto& operation : operations)
+    {
+        EXPECT_THROW(operation(), E) << "operation " << row;
+        row++;
+    }
+}
