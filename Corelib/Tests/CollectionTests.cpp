@@ -237,9 +237,8 @@ TYPED_TEST(DictionaryTests, RefusesNull)
 
 TEST(SortedDictionaryTests, WalksInTheOrderOfItsComparer)
 {
-    class Descending : public IComparer<int>
+    struct Descending : public IComparer<int>
     {
-    public:
         int Compare(const int& left, const int& right) const override
         {
             return right - left;
@@ -264,8 +263,8 @@ TEST(SortedDictionaryTests, WalksInTheOrderOfItsComparer)
 TEST(KeyValuePairTests, ComparesBothParts)
 {
     using Pair = KeyValuePair<int, String>;
-    EXPECT_TRUE(Pair(1, "a").Equals(Pair(1, "a")));
-    EXPECT_FALSE(Pair(1, "a").Equals(Pair(1, "b")) || Pair(1, "a").Equals(Pair(2, "a")) || Pair(1, "a").Equals(null));
-    EXPECT_EQ("[1, a]", Pair(1, "a").ToString().Utf8());
+    const Pair pair(1, "a");
+    EXPECT_TRUE(pair.Equals(Pair(1, "a")) && pair.ToString() == String("[1, a]"));
+    EXPECT_FALSE(pair.Equals(Pair(1, "b")) || pair.Equals(Pair(2, "a")) || pair.Equals(null));
     EXPECT_EQ("[0, Tesmo::Sp<int>]", (KeyValuePair<int, Sp<int>>().ToString().Utf8()));
 }

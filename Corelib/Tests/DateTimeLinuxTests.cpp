@@ -1,9 +1,4 @@
-#include <Core/System/DateTime.h>
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <tuple>
+#include <Tests/Support/CoreTest.h>
 
 #include <time.h>
 

@@ -2,11 +2,12 @@
 #include <Tests/Support/TemporaryFolder.h>
 
 #include <Core/System/IO/FileStream.h>
-#include <Core/System/IO/Path.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
+
+using FileStreamTests = FolderTest;
 
 namespace
 {
@@ -34,7 +35,7 @@ std::string OutcomeOf(const TemporaryFolder& folder, FileMode mode, int access)
 }
 } // namespace
 
-TEST(FileStreamTests, ModeAndAccessDecideWhatOpeningDoes)
+TEST_F(FileStreamTests, ModeAndAccessDecideWhatOpeningDoes)
 {
     const char* const argument = "ArgumentException";
     const char* const missing = "FileNotFoundException";
@@ -53,106 +54,85 @@ TEST(FileStreamTests, ModeAndAccessDecideWhatOpeningDoes)
           Row{FileMode::Append, W, "X", "abcX"}, Row{FileMode::Append, RW, argument, argument}})
     {
         SCOPED_TRACE(mode.ToString().Utf8() + " " + std::to_string(access));
-        const TemporaryFolder folder;
+        std::filesystem::remove(folder.Path("f.txt").Utf8());
         EXPECT_EQ(onNone, OutcomeOf(folder, mode, access));
         folder.Write("f.txt", "abc");
         EXPECT_EQ(onAbc, OutcomeOf(folder, mode, access));
     }
 }
 
-TEST(FileStreamTests, APathThatCannotBeOpenedNamesTheReason)
+TEST_F(FileStreamTests, APathThatCannotBeOpenedNamesTheReason)
 {
-    const TemporaryFolder folder;
     folder.MakeFolder("sub");
     const auto create = [](const String& path) { FileStream(path, FileMode::Create, W, FileShare::None); };
-    EXPECT_THROW(create(""), ArgumentException);
-    EXPECT_THROW(create("a|b"), ArgumentException);
-    EXPECT_THROW(create(Path::Combine(folder.Path("none"), "f.txt")), DirectoryNotFoundException);
+    const String path = folder.Path("f");
+    ExpectEachThrows<ArgumentException>({[&] { create(""); }, [&] { create("a|b"); }});
+    EXPECT_THROW(create(folder.Path("none/f")), DirectoryNotFoundException);
     EXPECT_THROW(create(folder.Path("sub")), IOException);
     EXPECT_THROW(FileStream(folder.Path("sub"), FileMode::Open, R, FileShare::None), FileNotFoundException);
-    EXPECT_THROW(FileStream(folder.Path("f"), FileMode(7), W, FileShare::None), ArgumentOutOfRangeException);
-    EXPECT_THROW(FileStream(folder.Path("f"), FileMode::Create, 3, FileShare::None), ArgumentOutOfRangeException);
+    ExpectEachThrows<ArgumentOutOfRangeException>({[&] { FileStream(path, FileMode(7), W, FileShare::None); },
+                                                   [&] { FileStream(path, FileMode::Create, 3, FileShare::None); }});
 }
 
-TEST(FileStreamTests, ShareNoneLocksNothingOut)
+TEST_F(FileStreamTests, ShareNoneLocksNothingOut)
 {
-    const TemporaryFolder folder;
     FileStream first(folder.Path("f"), FileMode::Create, W, FileShare::None);
     first.WriteByte('a');
     FileStream second(folder.Path("f"), FileMode::Append, W, FileShare::None);
     second.WriteByte('b');
     FileStream reader(folder.Path("f"), FileMode::Open, R, FileShare::None);
-    EXPECT_EQ('a', reader.ReadByte());
-    EXPECT_EQ('b', reader.ReadByte());
-    EXPECT_EQ(-1, reader.ReadByte());
-    EXPECT_EQ(1, first.GetPosition());
-    EXPECT_EQ(2, second.GetPosition()); // stands at the end
+    EXPECT_TRUE(reader.ReadByte() == 'a' && reader.ReadByte() == 'b' && reader.ReadByte() == -1);
+    EXPECT_TRUE(first.GetPosition() == 1 && second.GetPosition() == 2); // the second stands at the end
 }
 
-TEST(FileStreamTests, ReadingAheadDoesNotShow)
+TEST_F(FileStreamTests, ReadingAheadDoesNotShow)
 {
     std::string text("0");
-    for (int i = 1; i < 9000; ++i)
+    while (text.size() < 9000)
     {
-        text += static_cast<char>('a' + i % 23);
+        text += static_cast<char>('a' + text.size() % 23);
     }
-    const TemporaryFolder folder;
+    const int size = static_cast<int>(text.size());
     folder.Write("f", text);
     FileStream stream(folder.Path("f"), FileMode::Open, RW, FileShare::None);
-    EXPECT_EQ(static_cast<std::int64_t>(text.size()), stream.Length());
-    EXPECT_EQ('0', stream.ReadByte());
+    EXPECT_TRUE(stream.Length() == size && stream.ReadByte() == '0');
     stream.WriteByte('!'); // where the reader stands, not where the buffer ends
-    EXPECT_EQ(text[2], stream.ReadByte());
-    EXPECT_EQ(3, stream.GetPosition());
+    EXPECT_TRUE(stream.ReadByte() == text[2] && stream.GetPosition() == 3);
     stream.SetPosition(2);
-    Array<unsigned char> buffer(static_cast<int>(text.size()) + 10);
-    EXPECT_EQ(static_cast<int>(text.size()) - 2, stream.Read(buffer, 5, static_cast<int>(text.size())));
-    EXPECT_EQ(text.substr(2), std::string(buffer.begin() + 5, buffer.begin() + 5 + text.size() - 2));
+    Array<unsigned char> buffer(size + 10);
+    EXPECT_EQ(size - 2, stream.Read(buffer, 5, size));
+    EXPECT_EQ(text.substr(2), std::string(buffer.begin() + 5, buffer.begin() + 5 + size - 2));
     EXPECT_EQ(0, stream.Read(buffer, 0, 1));
 
-    EXPECT_EQ(1, stream.Seek(1, SeekOrigin::Begin));
-    EXPECT_EQ('!', stream.ReadByte());
-    EXPECT_EQ(5, stream.Seek(3, SeekOrigin::Current));
-    EXPECT_EQ(static_cast<std::int64_t>(text.size()) - 1, stream.Seek(-1, SeekOrigin::End));
+    EXPECT_TRUE(stream.Seek(1, SeekOrigin::Begin) == 1 && stream.ReadByte() == '!');
+    EXPECT_TRUE(stream.Seek(3, SeekOrigin::Current) == 5 && stream.Seek(-1, SeekOrigin::End) == size - 1);
     EXPECT_THROW(stream.Seek(-1, SeekOrigin::Begin), IOException);
-    EXPECT_THROW(stream.Seek(0, SeekOrigin(3)), ArgumentOutOfRangeException);
-    EXPECT_THROW(stream.SetPosition(-1), ArgumentOutOfRangeException);
-    EXPECT_THROW(stream.Read(buffer, 11, static_cast<int>(text.size())), ArgumentOutOfRangeException);
-    EXPECT_THROW(stream.Write(buffer, -1, 1), ArgumentOutOfRangeException);
+    ExpectEachThrows<ArgumentOutOfRangeException>(
+        {[&] { stream.Seek(0, SeekOrigin(3)); }, [&] { stream.SetPosition(-1); },
+         [&] { stream.Read(buffer, 11, size); }, [&] { stream.Write(buffer, -1, 1); }});
 }
 
-TEST(FileStreamTests, AStreamRefusesWhatItIsNotOpenFor)
+TEST_F(FileStreamTests, AStreamRefusesWhatItIsNotOpenFor)
 {
-    const TemporaryFolder folder;
     FileStream writer(folder.Path("f"), FileMode::Create, W, FileShare::None);
     FileStream reader(folder.Path("f"), FileMode::Open, R, FileShare::None);
     Array<unsigned char> none(0);
-    EXPECT_THROW(writer.ReadByte(), NotSupportedException);
-    EXPECT_THROW(writer.Read(none, 0, 0), NotSupportedException);
-    EXPECT_THROW(reader.WriteByte(1), NotSupportedException);
-    EXPECT_THROW(writer.SetLength(1), NotSupportedException);
+    ExpectEachThrows<NotSupportedException>({[&] { writer.ReadByte(); }, [&] { writer.Read(none, 0, 0); },
+                                             [&] { reader.WriteByte(1); }, [&] { writer.SetLength(1); }});
     EXPECT_THROW(writer.SetLength(-1), ArgumentOutOfRangeException);
-
     writer.Close();
     writer.Close(); // no effect
     reader.Close();
     EXPECT_FALSE(writer.CanWrite());
-    EXPECT_THROW(writer.Write(none, 0, 0), ObjectClosedException);
-    EXPECT_THROW(reader.Read(none, 0, 0), ObjectClosedException);
-    EXPECT_THROW(writer.Flush(), ObjectClosedException);
-    EXPECT_THROW(writer.SetLength(-1), ObjectClosedException);
-    EXPECT_THROW(reader.ReadByte(), ObjectClosedException);
-    EXPECT_THROW(reader.GetPosition(), ObjectClosedException);
+    ExpectEachThrows<ObjectClosedException>({[&] { writer.Write(none, 0, 0); }, [&] { reader.Read(none, 0, 0); },
+                                             [&] { writer.Flush(); }, [&] { writer.SetLength(-1); },
+                                             [&] { reader.ReadByte(); }, [&] { reader.GetPosition(); }});
 }
 
-TEST(FileStreamTests, ReopenGoesOnWhereTheStreamStood)
+TEST_F(FileStreamTests, ReopenGoesOnWhereTheStreamStood)
 {
-    const TemporaryFolder folder;
     FileStream stream(folder.Path("f"), FileMode::Create, W, FileShare::None);
-    for (const unsigned char byte : {'a', 'b', 'c', 'd', 'e'})
-    {
-        stream.WriteByte(byte);
-    }
+    stream.Write(Array<unsigned char>('a', 'b', 'c', 'd', 'e'), 0, 5);
     stream.SetPosition(2);
     stream.Close();
     stream.Reopen();

@@ -1,14 +1,9 @@
+#include <Tests/Support/CoreTest.h>
 #include <Tests/Support/TemporaryFolder.h>
 
 #include <Core/System/Diagnostics/CallStack.h>
 #include <Core/System/IO/DirectoryInfo.h>
 #include <Core/System/IO/FileStream.h>
-#include <Core/System/IO/IOException.h>
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <iterator>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -16,6 +11,8 @@
 using namespace Tesmo;
 using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
+
+using FilesLinuxTests = FolderTest;
 
 namespace
 {
@@ -25,51 +22,35 @@ std::ptrdiff_t OpenDescriptors()
 }
 } // namespace
 
-TEST(FilesLinuxTests, AnOpenFileIsNotHandedToChildProcesses)
+TEST_F(FilesLinuxTests, AnOpenFileIsNotHandedToChildProcesses)
 {
-    const TemporaryFolder folder;
     const FileStream stream(folder.Path("held.log"), FileMode::Create, FileAccess::Write, FileShare::None);
     EXPECT_EQ(0, std::system("ls -l /proc/$$/fd >/dev/null")); // the listing itself works
     EXPECT_NE(0, std::system("ls -l /proc/$$/fd | grep -q held.log"));
 }
 
-TEST(FilesLinuxTests, FilesAreFoundThroughLinksAndDeadLinksAreNot)
+TEST_F(FilesLinuxTests, DeadLinksAndFilesWhosePathsAreTooLongAreLeftOut)
 {
-    const TemporaryFolder folder;
-    folder.Write("real", "x");
-    folder.MakeFolder("sub");
-    const std::filesystem::path base(folder.Path().Utf8());
-    std::filesystem::create_symlink(base / "real", base / "file.so");
-    std::filesystem::create_symlink(base / "sub", base / "folder.so");
-    std::filesystem::create_symlink(base / "none", base / "dead.so");
-    folder.Write("no|path.so", "");
-
-    const Array<FileInfo> files = DirectoryInfo(folder.Path()).GetFiles("*.so");
-    ASSERT_EQ(1, files.Length());
-    EXPECT_EQ("file.so", files[0].Name().Utf8());
-}
-
-TEST(FilesLinuxTests, FilesWhosePathsAreTooLongAreLeftOut)
-{
-    const TemporaryFolder folder;
     std::filesystem::path deep(folder.Path().Utf8());
     while (deep.native().size() < 1900)
     {
         deep /= std::string(100, 'd');
     }
-    std::filesystem::create_directories(deep);
-    for (const std::string& name : {std::string("short"), std::string(250, 'n')})
+    std::filesystem::create_directories(deep / "sub");
+    for (const std::string& name : {std::string("real"), std::string("no|path.so"), std::string(250, 'n') + ".so"})
     {
         std::ofstream(deep / name);
     }
-    const Array<FileInfo> files = DirectoryInfo(String(deep.native())).GetFiles("*");
+    std::filesystem::create_symlink(deep / "real", deep / "file.so");
+    std::filesystem::create_symlink(deep / "sub", deep / "folder.so");
+    std::filesystem::create_symlink(deep / "none", deep / "dead.so");
+    const Array<FileInfo> files = DirectoryInfo(String(deep.native())).GetFiles("*.so");
     ASSERT_EQ(1, files.Length());
-    EXPECT_EQ("short", files[0].Name().Utf8());
+    EXPECT_EQ("file.so", files[0].Name().Utf8());
 }
 
-TEST(FilesLinuxTests, CloseGivesTheDescriptorBackOfAPipeToo)
+TEST_F(FilesLinuxTests, CloseGivesTheDescriptorBackOfAPipeToo)
 {
-    const TemporaryFolder folder;
     const String path = folder.Path("pipe");
     ASSERT_EQ(0, mkfifo(path.Utf8().c_str(), 0600));
     const std::ptrdiff_t before = OpenDescriptors();
@@ -99,7 +80,7 @@ TEST(FilesLinuxTests, CloseGivesTheDescriptorBackOfAPipeToo)
     EXPECT_NO_THROW(other.WriteByte('x')); // the descriptor was given back once
 }
 
-TEST(FilesLinuxTests, AStackHasItsEntriesOnceFilesCanBeOpenedAgain)
+TEST_F(FilesLinuxTests, AStackHasItsEntriesOnceFilesCanBeOpenedAgain)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe"); // a process that has not read its symbols yet
     const auto lookUp = []

@@ -86,9 +86,14 @@ struct MemoryLog
     LogStream log{&fixedTime, Sp<IO::Stream>(sink)};
     const std::string start = Take();
 };
+class LogStreamTests : public FolderTest
+{
+protected:
+    MemoryLog memory;
+};
 } // namespace
 
-TEST(LogStreamTests, ALogBeginsWithAHeaderAndEndsWithAClosingLine)
+TEST_F(LogStreamTests, ALogBeginsWithAHeaderAndEndsWithAClosingLine)
 {
     const Sp<RecordingStream> sink(new RecordingStream);
     LogStream log(&fixedTime, Sp<IO::Stream>(sink), LogStreamLevel::Debug, "A", String(), "P\xC3\xA9");
@@ -101,9 +106,8 @@ TEST(LogStreamTests, ALogBeginsWithAHeaderAndEndsWithAClosingLine)
     EXPECT_TRUE(sink->IsClosed());
 }
 
-TEST(LogStreamTests, ARowHasSixFields)
+TEST_F(LogStreamTests, ARowHasSixFields)
 {
-    MemoryLog memory;
     const int writes = memory.sink->writes;
     const int flushes = memory.sink->flushes;
     memory.log.Write(channel, "text");
@@ -120,9 +124,8 @@ TEST(LogStreamTests, ARowHasSixFields)
     EXPECT_EQ(Row("c", 'C', "level and text") + Row("c", 'S', "code and text", "$0x00000005"), memory.Take());
 }
 
-TEST(LogStreamTests, AnExceptionGivesTwoCriticalRowsWithItsCode)
+TEST_F(LogStreamTests, AnExceptionGivesTwoCriticalRowsWithItsCode)
 {
-    MemoryLog memory;
     memory.log.Write(channel, "text", SocketException(SocketError::ConnectionReset, "Some/File.cpp", 12));
     EXPECT_EQ(Row("c", 'C', "text: The Socket operation failed., location: ", "$0x00002746") +
                   Row("c", 'C', "Some/File.cpp:12", "$0x00002746"),
@@ -131,7 +134,7 @@ TEST(LogStreamTests, AnExceptionGivesTwoCriticalRowsWithItsCode)
     EXPECT_EQ(Row("c", 'C', "no way, location: ") + Row("c", 'C', "Some/File.cpp:12"), memory.Take());
 }
 
-TEST(LogStreamTests, TheReferenceTimeIsTheClockWhereNoOtherSourceIsGiven)
+TEST_F(LogStreamTests, TheReferenceTimeIsTheClockWhereNoOtherSourceIsGiven)
 {
     const Sp<RecordingStream> sink(new RecordingStream);
     const std::int64_t before = DateTime::Now().Ticks();
@@ -140,9 +143,8 @@ TEST(LogStreamTests, TheReferenceTimeIsTheClockWhereNoOtherSourceIsGiven)
     EXPECT_TRUE(before <= written && written <= DateTime::Now().Ticks());
 }
 
-TEST(LogStreamTests, OtherLinesFollowTheWidth)
+TEST_F(LogStreamTests, OtherLinesFollowTheWidth)
 {
-    MemoryLog memory;
     memory.log.WriteBlank(channel);
     EXPECT_EQ(Padded("|", ' ', '|'), memory.Take());
     memory.log.LineWidth(1024);
@@ -157,9 +159,8 @@ TEST(LogStreamTests, OtherLinesFollowTheWidth)
     EXPECT_TRUE(memory.log.LineWidth() == 2 && memory.log.BackupCount() == 7 && memory.log.MaxFileSize() == 9);
 }
 
-TEST(LogStreamTests, TheFilterComesBeforeEverything)
+TEST_F(LogStreamTests, TheFilterComesBeforeEverything)
 {
-    MemoryLog memory;
     const auto& noChannel = static_cast<const LogStreamChannel&>(null);
     memory.log.Write(noChannel, LogStreamLevel::Debug, 0, "filtered");
     memory.log.WriteBlank(noChannel, LogStreamLevel::Debug);
@@ -173,9 +174,8 @@ TEST(LogStreamTests, TheFilterComesBeforeEverything)
     EXPECT_EQ("", memory.Take());
 }
 
-TEST(LogStreamTests, AChangeOfLevelIsARowOfTheOldLevel)
+TEST_F(LogStreamTests, AChangeOfLevelIsARowOfTheOldLevel)
 {
-    MemoryLog memory;
     memory.log.SetLevel(LogStreamLevel::Standard);
     EXPECT_EQ("", memory.Take());
     memory.log.SetLevel(LogStreamLevel::Critical);
@@ -186,9 +186,8 @@ TEST(LogStreamTests, AChangeOfLevelIsARowOfTheOldLevel)
     EXPECT_THROW(memory.log.SetLevel(LogStreamLevel(0)), ArgumentException);
 }
 
-TEST(LogStreamTests, ASecondRunGoesOnInTheSameFile)
+TEST_F(LogStreamTests, ASecondRunGoesOnInTheSameFile)
 {
-    const TemporaryFolder folder;
     LogStream(&fixedTime, folder.Path("Client.log")).Write(channel, "first");
     const std::string start = FileHeader(folder, "Client.log") + Row(" ", 'S', "Start Client.log");
     const std::string firstRun = start + Row("c", 'S', "first");
@@ -200,9 +199,8 @@ TEST(LogStreamTests, ASecondRunGoesOnInTheSameFile)
     EXPECT_THROW(second.Write(channel, "late"), ObjectClosedException);
 }
 
-TEST(LogStreamTests, WhatCannotBeOpenedLeavesTheConstructor)
+TEST_F(LogStreamTests, WhatCannotBeOpenedLeavesTheConstructor)
 {
-    const TemporaryFolder folder;
     EXPECT_THROW(LogStream(folder.Path("none/Client.log")), IO::DirectoryNotFoundException);
     EXPECT_THROW(LogStream(nullptr, folder.Path("a.log")), ArgumentNullException);
     EXPECT_THROW(LogStream(folder.Path("a.log"), LogStreamLevel::Debug, "a", null, "p"), ArgumentNullException);
@@ -210,10 +208,9 @@ TEST(LogStreamTests, WhatCannotBeOpenedLeavesTheConstructor)
     EXPECT_THROW(LogStream(folder.Path("a.log"), LogStreamLevel(0)), ArgumentException);
 }
 
-TEST(LogStreamTests, AFileIsSplitByTheRowThatPassesTheLimit)
+TEST_F(LogStreamTests, AFileIsSplitByTheRowThatPassesTheLimit)
 {
     constexpr int limit = 5242880;
-    const TemporaryFolder folder;
     folder.Write("c.log", std::string(5000000, 'x')); // of an earlier run: its bytes count
     LogStream log(&fixedTime, folder.Path("c.log"));
     const std::string start = folder.Read("c.log").substr(5000000 + FileHeader(folder, "c.log").size());
@@ -245,9 +242,8 @@ TEST(LogStreamTests, AFileIsSplitByTheRowThatPassesTheLimit)
     EXPECT_EQ(fresh + blank + blank, folder.Read("c.bak")); // the older one is gone
 }
 
-TEST(LogStreamTests, AFailedSplitReachesTheCallerWhileTheFileIsOpenAndElseEndsTheLogInSilence)
+TEST_F(LogStreamTests, AFailedSplitReachesTheCallerWhileTheFileIsOpenAndElseEndsTheLogInSilence)
 {
-    const TemporaryFolder folder;
     LogStream log(folder.Path("c.log"));
     folder.Write("c.bak1", "old");
     folder.MakeFolder("c.bak2"); // in the way of c.bak1
@@ -268,11 +264,10 @@ TEST(LogStreamTests, AFailedSplitReachesTheCallerWhileTheFileIsOpenAndElseEndsTh
     EXPECT_NO_THROW(ended.Close()); // by the split after its last row
 }
 
-TEST(LogStreamTests, RowsOfTwoThreadsStayWholeWhileTheFileIsSplit)
+TEST_F(LogStreamTests, RowsOfTwoThreadsStayWholeWhileTheFileIsSplit)
 {
     constexpr int rowsOfEach = 5000;
     constexpr int files = 50;
-    const TemporaryFolder folder;
     LogStream log(&fixedTime, folder.Path("c.log"));
     log.BackupCount(files);
     log.MaxFileSize(rowsOfEach * 7); // a row has about 115 characters: 33 files
@@ -302,4 +297,37 @@ TEST(LogStreamTests, RowsOfTwoThreadsStayWholeWhileTheFileIsSplit)
     EXPECT_TRUE(fileCount > 20 && fileCount < files) << fileCount; // none was deleted
     EXPECT_EQ(2 * rowsOfEach, std::ssize(rows));
     EXPECT_EQ(2 * rowsOfEach, std::ssize(std::set<std::string>(rows.begin(), rows.end())));
+}
+
+TEST(LogFrontTests, AChannelHasANameOf1To40Characters)
+{
+    const String widest(char32(0xE9), 40); // characters count, not bytes
+    EXPECT_EQ(widest, LogStreamChannel(widest).ToString());
+    ExpectEachThrows<ArgumentException>(
+        {[] { LogStreamChannel(String(char32('x'), 41)); }, [] { LogStreamChannel(""); }});
+    EXPECT_THROW(LogStreamChannel(static_cast<const String&>(null)), ArgumentNullException);
+}
+
+TEST(LogFrontTests, AStreamPassesRowsUpToTheNumberOfItsLevel)
+{
+    struct SilentStream : public ILogStream
+    {
+    } stream;
+    EXPECT_TRUE(stream.GetLevel() == LogStreamLevel::Standard);
+    using Case = std::tuple<int, const char*, const char*>;
+    for (const auto& [number, name, passed] : {Case{1, "Critical", "C---"}, Case{2, "Standard", "CS--"},
+                                               Case{3, "Debug", "CSD-"}, Case{255, "None", "CSDN"}})
+    {
+        const LogStreamLevel level(number);
+        EXPECT_EQ(name, level.ToString().Utf8());
+        stream.SetLevel(level);
+        std::string found;
+        for (const int row : {1, 2, 3, 255}) // the largest number is the loudest level
+        {
+            found += stream.IsEnabled(LogStreamLevel(row)) ? LogStreamLevel(row).ToString().Utf8().substr(0, 1) : "-";
+        }
+        EXPECT_EQ(passed, found);
+    }
+    EXPECT_TRUE(LogStreamLevel() == LogStreamLevel::None);
+    EXPECT_THROW(LogStreamLevel(0).ToString(), ArgumentException);
 }

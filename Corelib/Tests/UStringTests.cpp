@@ -82,26 +82,13 @@ void CheckOperations(const String& text, const String& other)
 }
 } // namespace
 
-TEST(UStringTests, ReadsAndWritesEveryLengthOfSequence) // up to the six bytes of early UTF-8
-{
-    using Row = std::tuple<const char*, char32_t>;
-    for (const auto& [bytes, codePoint] :
-         {Row{"A", 0x41}, Row{"\xC3\xA9", 0xE9}, Row{"\xE2\x82\xAC", 0x20AC}, Row{"\xF0\x9F\x98\x80", 0x1F600},
-          Row{"\xF8\x88\x80\x80\x80", 0x200000}, Row{"\xFD\xBF\xBF\xBF\xBF\xBF", 0x7FFFFFFF}})
-    {
-        const ustring read{std::string(bytes)};
-        EXPECT_EQ(std::u32string(1, codePoint), Forward(read));
-        EXPECT_EQ(1, read.Length()) << bytes;
-        EXPECT_EQ(read, ustring(char32(codePoint), 1)) << bytes;
-    }
-    EXPECT_EQ("\xEF\xBF\xBD", ustring(char32(0x80000000U), 1).Bytes()); // beyond six bytes: U+FFFD
-}
-
-TEST(UStringTests, PassesOverBytesThatFormNoSequence)
+TEST(UStringTests, ReadsAndWritesEveryLengthOfSequenceAndPassesOverOtherBytes) // up to the six bytes of early UTF-8
 {
     using Row = std::tuple<const char*, std::u32string>;
     for (const auto& [bytes, codePoints] :
-         {Row{"\x80\xBF", U""}, Row{"\xE2\x82", U""}, Row{"\xE2\x82Z", U"Z"}, Row{"\xC3\xC3\xA9", U"\xE9"},
+         {Row{"A", U"A"}, Row{"\xC3\xA9", U"\xE9"}, Row{"\xE2\x82\xAC", U"\x20AC"}, Row{"\xF0\x9F\x98\x80", U"\x1F600"},
+          Row{"\xF8\x88\x80\x80\x80", U"\x200000"}, Row{"\xFD\xBF\xBF\xBF\xBF\xBF", U"\x7FFFFFFF"},
+          Row{"\x80\xBF", U""}, Row{"\xE2\x82", U""}, Row{"\xE2\x82Z", U"Z"}, Row{"\xC3\xC3\xA9", U"\xE9"},
           Row{"\xFEY\xFFZ", U"YZ"}, Row{"\xC3\xA9\xA9\xA9Z", U"\u00E9Z"}, Row{"\xFC\x80\x80\x80\x80", U""},
           Row{"stuvwxyz\x80stuvwxyz", U"stuvwxyzstuvwxyz"}})
     {
@@ -110,7 +97,11 @@ TEST(UStringTests, PassesOverBytesThatFormNoSequence)
         EXPECT_EQ(codePoints, Forward(text.Text()));
         EXPECT_EQ(bytes, text.Utf8());
         CheckConsistency(text);
+        const String written(text.ToCharArray());
+        EXPECT_EQ(codePoints, Forward(written.Text()));
+        EXPECT_LE(written.Utf8().size(), text.Utf8().size());
     }
+    EXPECT_EQ("\xEF\xBF\xBD", ustring(char32(0x80000000U), 1).Bytes()); // beyond six bytes: U+FFFD
 }
 
 TEST(UStringTests, CountsTheSequenceThatFormsWhereTextsMeet)

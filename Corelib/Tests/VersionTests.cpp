@@ -12,8 +12,7 @@ TEST(VersionTests, TextHoldsWhatIsGivenAndNothingNegative)
     {
         EXPECT_EQ(text, Version::Parse(text).ToString().Utf8());
     }
-    EXPECT_EQ("1.2.3.4 0.0 7.0",
-              String::Format("{0} {1} {2}", Version(1, 2, 3, 4), Version(), Version::Parse("7")).Utf8());
+    EXPECT_TRUE(Version() == Version(0, 0) && Version::Parse("7") == Version(7, 0));
     ExpectEachThrows<ArgumentOutOfRangeException>({[] { Version(-1, 0); }, [] { Version(0, -1); },
                                                    [] { Version(0, 0, -1); }, [] { Version(0, 0, 0, -1); },
                                                    [] { Version::Parse("1.-2"); }});
@@ -31,7 +30,7 @@ TEST(VersionTests, TheFirstDifferenceDecides)
         {
             const auto order = (&left > &right) - (&left < &right);
             EXPECT_EQ(order, left.CompareTo(right)) << left.ToString().Utf8() << " " << right.ToString().Utf8();
-            EXPECT_TRUE((order == 0) == (left == right) && (order == 0) == left.Equals(right));
+            EXPECT_TRUE((left == right) == (order == 0) && left.Equals(right) == (order == 0));
         }
     }
     const Up<Object> copy(Version(1, 2, 3, 4).Clone());

@@ -2,6 +2,8 @@
 
 #include <Core/System/String.h>
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -62,4 +64,11 @@ private:
     }
 
     std::filesystem::path path;
+};
+
+/// A test with a folder of its own.
+class FolderTest : public testing::Test
+{
+protected:
+    const TemporaryFolder folder;
 };
