@@ -5,6 +5,7 @@
 #include <Serialization.Json/JSONObject.h>
 
 #include <algorithm>
+#include <bit>
 #include <stdexcept>
 #include <vector>
 
@@ -12,47 +13,35 @@ namespace Zelkor::Discovery
 {
 using Serialization::Json::JSONObject;
 using Tesmo::Sp;
-using Tesmo::System::Exception;
 using Tesmo::System::String;
-
-namespace
-{
-constexpr int SmallestBuffer = 2048; // bytes; the receiver's first one
-
-String TextOf(const unsigned char* bytes, int size)
-{
-    int bufferSize = SmallestBuffer;
-    while (bufferSize < size)
-    {
-        bufferSize *= 2;
-    }
-    std::vector<unsigned char> buffer(static_cast<std::size_t>(bufferSize));
-    std::copy_n(bytes, size, buffer.begin());
-    return String::FromLatin1(buffer.data(), bufferSize);
-}
-
-void CheckWritten(const DiscoveryMessage& message)
-{
-    const String text = message.ToJSON();
-    if (!(JSONObject(text).ToString() == text))
-    {
-        throw std::logic_error("a message was written that does not read as it stands");
-    }
-}
-} // namespace
 
 bool TakeDatagram(const unsigned char* bytes, int size)
 {
+    constexpr std::size_t smallestBuffer = 2048; // bytes; the receiver's first one
+    std::vector<unsigned char> buffer(std::max(smallestBuffer, std::bit_ceil(static_cast<std::size_t>(size))));
+    std::copy_n(bytes, size, buffer.begin());
     Sp<DiscoveryMessage> message;
     try
     {
-        message = Sp<DiscoveryMessage>(DiscoveryMessageDeserializer().Deserialize(TextOf(bytes, size)));
+        const String text = String::FromLatin1(buffer.data(), static_cast<int>(buffer.size()));
+        message = Sp<DiscoveryMessage>(DiscoveryMessageDeserializer().Deserialize(text));
     }
-    catch (const Exception&)
+    catch (const Tesmo::System::Exception&)
     {
         return false;
     }
-    CheckWritten(*message);
+    const String written = message->ToJSON();
+    if (!(JSONObject(written).ToString() == written))
+    {
+        throw std::logic_error("a message was written that does not read as it stands");
+    }
     return true;
 }
 } // namespace Zelkor::Discovery
+
+/// For the fuzzer, which gives no more than the largest datagram.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    Zelkor::Discovery::TakeDatagram(data, static_cast<int>(size));
+    return 0;
+}

@@ -4,9 +4,8 @@
 
 #include <Tests/Support/ClientProcess.h>
 #include <Tests/Support/Commands.h>
-#include <Tests/Support/NetworkNamespace.h>
+#include <Tests/Support/IsolatedTest.h>
 #include <Tests/Support/PrivateHost.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 #include <vector>
@@ -37,12 +36,8 @@ std::string Request(const std::string& type, const std::string& broadcast, const
 
 /// A LAN of two hosts: the client's, where adapter lan0 has 10.77.0.2, and the administration's with 10.77.0.1. The test
 /// runs on the client's.
-class LanTest : public testing::Test
+class LanTest : public IsolatedTest<PrivateHost>
 {
-private:
-    /// The client's host. First: no request may reach the bus or the files of the machine that runs the test.
-    PrivateHost machine;
-
 protected:
     void SetUp() override;
 

@@ -2,26 +2,22 @@
 
 #include <Discovery/Gateway/Platform/AdapterSettings.h>
 #include <Tests/Support/Commands.h>
+#include <Tests/Support/IsolatedTest.h>
 #include <Tests/Support/ManagedHost.h>
 #include <Tests/Support/PrivateHost.h>
 #include <array>
 #include <chrono>
-#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 
 /// Two adapters in the hands of a real manager: v0 with two addresses and a gateway, v1 with one address.
-class AdapterSettingsTests : public testing::TestWithParam<Manager>
+class AdapterSettingsTests : public IsolatedTest<PrivateHost>, public testing::WithParamInterface<Manager>
 {
 protected:
     using AdapterSettings = Zelkor::Discovery::Platform::AdapterSettings;
 
     void SetUp() override
     {
-        if (!host.IsEntered())
-        {
-            GTEST_SKIP() << "the system refuses namespaces";
-        }
         managed = std::make_unique<ManagedHost>(GetParam());
         if (!managed->IsInstalled())
         {
@@ -71,8 +67,7 @@ protected:
     /// Everything that managers keep, and every file beside it.
     static std::string Files()
     {
-        return Output("find /etc/network /etc/systemd/network /etc/NetworkManager -type f 2>/dev/null | sort | "
-                      "while read -r f; do echo \"$f\"; cat \"$f\"; done");
+        return Output("grep -r '' /etc/network /etc/systemd/network /etc/NetworkManager 2>/dev/null | sort");
     }
 
     /// Both steps of a change, each within its limit.
@@ -118,7 +113,6 @@ protected:
         return remark;
     }
 
-    PrivateHost host;
     std::unique_ptr<ManagedHost> managed;
 
 private:

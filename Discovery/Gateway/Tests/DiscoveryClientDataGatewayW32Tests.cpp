@@ -4,9 +4,11 @@
 #include <Core/System/Net/IPAddress.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
 #include <Tests/Support/LogRecorder.h>
+#include <Tests/Support/TemporaryFolder.h>
 #include <cstring>
 #include <filesystem>
 #include <functional>
+#include <map>
 
 using namespace Zelkor::Discovery;
 using namespace Zelkor::Discovery::Client;
@@ -17,6 +19,8 @@ using Tesmo::System::Net::IPAddress;
 
 namespace
 {
+namespace fs = std::filesystem;
+
 class DiscoveryClientDataGatewayW32Tests : public LogTest
 {
 protected:
@@ -24,6 +28,22 @@ protected:
     {
         host = HostFake();
         host.hostName = "node-7";
+    }
+
+    /// What the file of the given root folder tells, or that reading it fails with a row.
+    void ExpectInfos(const TemporaryFolder& root, const std::map<std::string, std::string>& expected,
+                     bool isGood = true)
+    {
+        host.programRoot = root.Path().Utf8();
+        const Sp<FileTransferInfos> infos = DiscoveryClientDataGatewayW32().GetFileTransferInfos();
+        std::map<std::string, std::string> pairs;
+        for (const auto& [key, value] : *infos->Infos)
+        {
+            pairs[key.Utf8()] = value.Utf8();
+        }
+        EXPECT_EQ(expected, pairs);
+        const Rows failure = {"E ClientDataGateway: Aborting GetFileTransferInfos : exception caught in GetFTPInfos !"};
+        EXPECT_EQ(isGood ? Rows() : failure, log.Take());
     }
 };
 
@@ -270,4 +290,38 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, SharedFilesLieUnderTheProgramRootAndT
         EXPECT_EQ(7, gateway.CancelWaitForIPChange());
     }
     EXPECT_EQ(2, host.endedWatches);
+}
+
+TEST_F(DiscoveryClientDataGatewayW32Tests, FileTransferInfosAreReadAnewEachTimeAndABadFileGivesNoneAtAll)
+{
+    constexpr std::uintmax_t longest = 65507; // RFC 768, RFC 791
+    const TemporaryFolder root;
+    const std::string name = "Zelkor/Common/Discovery/FileTransferInfos.json";
+    const fs::path file = root.Path(name).Utf8();
+    fs::create_directories(file.parent_path());
+    ExpectInfos(root, {});
+    root.Write(name, "{\r\n \"Server\" : \"10.0.0.5\",\r\n \"User\" : \"\xC3\xA9\"\r\n}\r\n");
+    ExpectInfos(root, {{"Server", "10.0.0.5"}, {"User", "\xC3\xA9"}});
+    fs::resize_file(file, longest); // by zeros, which end the text
+    ExpectInfos(root, {{"Server", "10.0.0.5"}, {"User", "\xC3\xA9"}});
+    fs::resize_file(file, longest + 1);
+    ExpectInfos(root, {}, false);
+    for (const char* const text : {"", "\xEF\xBB\xBF{}", R"({"Server":"10.0.0.5","Port":21})", R"({"a":"","a":""})"})
+    {
+        SCOPED_TRACE(text);
+        root.Write(name, text);
+        ExpectInfos(root, {}, false);
+    }
+    fs::remove(file);
+    fs::create_directory(file);
+    ExpectInfos(root, {});                                           // a folder is no file
+    for (const char* const target : {"/proc/self/mem", "/dev/zero"}) // reading the first fails for everybody
+    {
+        fs::remove(file);
+        if (fs::exists(target)) // not on Win32
+        {
+            fs::create_symlink(target, file);
+            ExpectInfos(root, {}, false);
+        }
+    }
 }

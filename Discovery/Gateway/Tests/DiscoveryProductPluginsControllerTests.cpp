@@ -1,6 +1,5 @@
 #include <Discovery/Gateway/DiscoveryProductPluginsController.h>
 #include <Discovery/Gateway/Platform/DynamicLibrary.h>
-#include <Tests/Support/CoreTest.h>
 #include <Tests/Support/LogRecorder.h>
 #include <Tests/Support/TemporaryFolder.h>
 
@@ -8,8 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <future>
-#include <sstream>
-#include <stdexcept>
+#include <gmock/gmock.h>
 
 using namespace Zelkor::Discovery;
 using namespace Zelkor::Discovery::Client;
@@ -57,9 +55,8 @@ protected:
     /// True where this process still holds a plug-in, as far as the system tells.
     bool IsLoaded(const std::string& name) const
     {
-        std::ostringstream maps;
-        maps << std::ifstream("/proc/self/maps").rdbuf();
-        return maps.str().find(File(name)) != std::string::npos;
+        std::ifstream maps("/proc/self/maps");
+        return std::string(std::istreambuf_iterator<char>(maps), {}).find(File(name)) != std::string::npos;
     }
 
     const TemporaryFolder folder;
@@ -110,10 +107,8 @@ TEST_F(DiscoveryProductPluginsControllerTests, ARefusedQuestionLeavesTheProductO
         LogRecorder log;
 
         EXPECT_EQ(Texts{store}, Products());
-        EXPECT_EQ((Texts{Found(2), Critical("Product infos DLL returned an error, product will be ignored. File : "
-                                            "refusing" +
-                                            extension)}),
-                  log.Take());
+        const std::string reason = "Product infos DLL returned an error, product will be ignored. File : refusing";
+        EXPECT_EQ((Texts{Found(2), Critical(reason + extension)}), log.Take());
         EXPECT_FALSE(IsLoaded("refusing"));
     }
 }
@@ -172,10 +167,5 @@ TEST_F(DiscoveryProductPluginsControllerTests, TwoThreadsAskTheSamePluginsAndLea
 TEST_F(DiscoveryProductPluginsControllerTests, WhatAPluginThrowsPassesThroughAndCanBeRead)
 {
     Install("ThrowingPlugin", "throwing");
-    EXPECT_THROW(
-        try { Products(); } catch (const std::runtime_error& failure) {
-            EXPECT_STREQ("thrown by a plug-in", failure.what());
-            throw;
-        },
-        std::runtime_error);
+    EXPECT_THAT([this] { Products(); }, testing::ThrowsMessage<std::runtime_error>("thrown by a plug-in"));
 }

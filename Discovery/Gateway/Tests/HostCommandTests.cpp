@@ -1,7 +1,7 @@
 #include <Discovery/Gateway/Platform/Linux/HostCommand.h>
 #include <Tests/Support/Commands.h>
+#include <Tests/Support/IsolatedTest.h>
 #include <Tests/Support/PrivateHost.h>
-#include <gtest/gtest.h>
 #include <linux/capability.h>
 #include <poll.h>
 #include <sys/prctl.h>
@@ -45,13 +45,10 @@ bool EndsAfter(const char* program, int code, int limit)
 
 } // namespace
 
-TEST(HostCommandTests, WhatTheServiceManagerStartedEndsAtTheDeadlineAndNotBefore)
+using HostCommandTests = IsolatedTest<PrivateHost>;
+
+TEST_F(HostCommandTests, WhatTheServiceManagerStartedEndsAtTheDeadlineAndNotBefore)
 {
-    const PrivateHost host;
-    if (!host.IsEntered())
-    {
-        GTEST_SKIP() << "the system refuses namespaces";
-    }
     Shell(PutManager);
     EXPECT_TRUE(EndsAfter("hang", -1, 10000));
     EXPECT_FALSE(EndsAfter("end", 0, 0));
