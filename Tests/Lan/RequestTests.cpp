@@ -46,7 +46,7 @@ TEST_F(RequestTests, TheRightRequestsAreAnsweredAtTheRightAddress)
             }
         }
     }
-    EXPECT_EQ(1, client->Logged("[1.0.23] <> [9.9]"));
+    EXPECT_EQ(1, client->Logged("Version mismatch with received message ! [1.0.23] <> [9.9] -> Received data maybe"));
     ExpectCleanStop();
 }
 

@@ -5,10 +5,7 @@
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
 #include <gmock/gmock.h>
 
-#include <atomic>
 #include <climits>
-#include <functional>
-#include <string>
 
 namespace Zelkor::Discovery::Client
 {

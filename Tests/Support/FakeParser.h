@@ -5,10 +5,6 @@
 #include <Core/System/Threading/Semaphore.h>
 #include <Discovery/Client/DiscoveryMessageParser.h>
 
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 namespace Zelkor::Discovery
 {
 /// Keeps each message, waits until the test lets it go on, and throws what the text names.

@@ -7,16 +7,8 @@
 #include <Discovery/Transport/IDiscoverySocketFactory.h>
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <atomic>
 #include <climits>
 #include <deque>
-#include <functional>
-#include <map>
-#include <mutex>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace Zelkor::Discovery
 {
@@ -57,16 +49,16 @@ public:
     {
         input.WaitOne();
         const std::lock_guard guard(lock);
-        const Input next = inputs.front();
+        const auto [text, failure] = inputs.front();
         inputs.pop_front();
         lastSize = size;
-        if (next.failure)
+        if (failure)
         {
-            ThrowFailure(*next.failure);
+            ThrowFailure(*failure);
         }
-        std::copy(next.text.begin(), next.text.end(), buffer.Get());
+        std::copy(text.begin(), text.end(), buffer.Get());
         endpoint = Tesmo::System::Net::IPEndPoint(Tesmo::System::Net::IPAddress(10, 0, 0, 9), 12001);
-        return static_cast<int>(next.text.size());
+        return static_cast<int>(text.size());
     }
     int SendTo(const Tesmo::Up<unsigned char[]>& buffer, int size,
                const Tesmo::System::Net::IPAddress& address) override
@@ -118,18 +110,12 @@ public:
     std::atomic<int> lastSize = 0; ///< bytes in the buffer of the last Receive
 
 private:
-    struct Input
-    {
-        std::string text;
-        std::optional<int> failure;
-    };
+    using Input = std::pair<std::string, std::optional<int>>; ///< a datagram's text, or a failure
 
     void Push(const Input& next)
     {
-        {
-            const std::lock_guard guard(lock);
-            inputs.push_back(next);
-        }
+        const std::lock_guard guard(lock);
+        inputs.push_back(next);
         input.Release();
     }
 

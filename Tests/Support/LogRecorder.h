@@ -1,33 +1,23 @@
 #pragma once
 
 #include <Core/LogStream/ILogStream.h>
+#include <Core/System/EventArgs.h>
+#include <Core/System/Threading/Semaphore.h>
 #include <Discovery/Protocol/DiscoveryLogger.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
 #include <condition_variable>
-#include <mutex>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace Zelkor::Discovery
 {
 using Rows = std::vector<std::string>;
 
-/// How the two rows of an exception are kept: as they are, or as one that begins with "E" and holds the text alone.
-enum class ExceptionRows
-{
-    Whole,
-    Folded
-};
-
-/// Stands in for the process's log stream while it lives, and keeps what is written as "C Receiver: text".
+/// Stands in for the process's log stream while it lives, and keeps what is written as "C Receiver: text", an exception
+/// as "E Receiver: text".
 class LogRecorder
 {
 public:
-    explicit LogRecorder(ExceptionRows exceptions = ExceptionRows::Whole) : stream(new Stream(exceptions))
+    LogRecorder()
     {
         DiscoveryLogger::Instance().SetStream(stream);
     }
@@ -62,7 +52,7 @@ private:
         using Level = Tesmo::System::LogStreams::LogStreamLevel;
         using ILogStream::Write;
 
-        explicit Stream(ExceptionRows exceptions) : folds(exceptions == ExceptionRows::Folded)
+        Stream()
         {
             SetLevel(Level::Debug);
         }
@@ -71,9 +61,9 @@ private:
             Add(level.ToString().Utf8().substr(0, 1), channel, message);
         }
         void Write(const Channel& channel, const Tesmo::System::String& message,
-                   const Tesmo::System::Exception& exception) override
+                   const Tesmo::System::Exception&) override
         {
-            folds ? Add("E", channel, message) : ILogStream::Write(channel, message, exception);
+            Add("E", channel, message);
         }
         void Add(const std::string& letter, const Channel& channel, const Tesmo::System::String& message)
         {
@@ -82,19 +72,25 @@ private:
             added.notify_all();
         }
 
-        const bool folds;
         std::mutex lock;
         std::condition_variable added;
         Rows rows;
     };
 
-    Tesmo::Sp<Stream> stream;
+    Tesmo::Sp<Stream> stream{new Stream};
 };
 
-/// A test that sees the log.
+/// A test that sees the log, and counts the events that are bound to Count.
 class LogTest : public testing::Test
 {
+public:
+    void Count(const Tesmo::System::Object&, const Tesmo::System::EventArgs&)
+    {
+        raised.Release();
+    }
+
 protected:
-    LogRecorder log{ExceptionRows::Folded};
+    LogRecorder log;
+    Tesmo::System::Threading::Semaphore raised{0, 1000};
 };
 } // namespace Zelkor::Discovery

@@ -7,25 +7,17 @@ namespace Zelkor::Discovery::Client
 {
 using namespace Tesmo;
 using namespace Tesmo::System;
-using Threading::Semaphore;
 
 class DiscoveryClientIPChangeWatcherTests : public LogTest
 {
 protected:
     DiscoveryClientIPChangeWatcherTests() : gateway(new FakeGateway), watcher(gateway)
     {
-        watcher.IPChanged += EventHandler(*this, &DiscoveryClientIPChangeWatcherTests::Count);
+        watcher.IPChanged += EventHandler(*this, &LogTest::Count);
     }
 
     Sp<FakeGateway> gateway;
     DiscoveryClientIPChangeWatcher watcher;
-    Semaphore raised{0, 100};
-
-private:
-    void Count(const Object&, const EventArgs&)
-    {
-        raised.Release();
-    }
 };
 
 TEST_F(DiscoveryClientIPChangeWatcherTests, EachChangeRaisesTheEventAndAWaitThatEndsOtherwiseDoesNot)

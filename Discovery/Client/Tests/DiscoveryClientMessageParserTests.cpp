@@ -1,19 +1,14 @@
 #include <Tests/Support/FakeGateway.h>
 
-#include <Discovery/Client/ChangeYourHostNameAction.h>
-#include <Discovery/Client/ChangeYourIPConfigAction.h>
 #include <Discovery/Client/ClientActionArgs.h>
 #include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
 #include <Tests/Support/LogRecorder.h>
 
-#include <tuple>
-
 namespace Zelkor::Discovery::Client
 {
 using namespace Tesmo;
 using namespace Tesmo::System;
-using Net::IPAddress;
 
 namespace
 {
@@ -31,20 +26,19 @@ public:
     /// @returns the task that the text gave, as "type address", or nothing
     std::string Take(const std::string& text)
     {
-        action = {};
-        ProcessMessage(String(text), IPAddress(10, 0, 0, 9));
-        return action == null ? "" : std::to_string(static_cast<int>(action->Type)) + " " + address.ToString().Utf8();
+        task = "";
+        ProcessMessage(String(text), Net::IPAddress(10, 0, 0, 9));
+        return task;
     }
-
-    Sp<ClientAction> action;
-    IPAddress address;
 
 private:
     void Keep(const Object&, const EventArgs& args)
     {
-        action = dynamic_cast<const ClientActionArgs&>(args).Action;
-        address = dynamic_cast<const ClientActionArgs&>(args).Address;
+        const auto& given = dynamic_cast<const ClientActionArgs&>(args);
+        task = std::to_string(static_cast<int>(given.Action->Type)) + " " + given.Address.ToString().Utf8();
     }
+
+    std::string task;
 };
 
 std::string Text(const std::string& type, const std::string& more, const std::string& version = "1.0.23")
@@ -116,23 +110,6 @@ TEST_F(DiscoveryClientMessageParserTests, TypeTargetAndKindOfDeliveryDecideWhatI
     }
 }
 
-TEST_F(DiscoveryClientMessageParserTests, ARequestKeepsItsValues)
-{
-    parser.Take(Text("ChangeYourIPConfig", R"(,"NewNICConfigs":[)" + NIC(Foreign) + ',' + NIC(Own) + ']'));
-    EXPECT_EQ(2, dynamic_cast<ChangeYourIPConfigAction&>(*parser.action).NICConfigs->Count());
-    parser.Take(Text("ChangeYourHostName", Targeted(Own)));
-    EXPECT_EQ("X", dynamic_cast<ChangeYourHostNameAction&>(*parser.action).HostName);
-}
-
-TEST_F(DiscoveryClientMessageParserTests, AnotherVersionIsLoggedAndAnswered)
-{
-    EXPECT_EQ("0 255.255.255.255", parser.Take(Text("AllSendYourSignature", R"(,"Broadcast":"True")", "2.5")));
-    EXPECT_EQ((Rows{"S MessageParser: Version mismatch with received message ! [1.0.23] <> [2.5] -> Received data "
-                    "maybe inconsistent.",
-                    "S MessageParser: Message type : SendYourSignature"}),
-              log.Take());
-}
-
 TEST_F(DiscoveryClientMessageParserTests, AHostThatCannotTellItsAddressesIsNotMeant)
 {
     gateway->failing = "GetMACAddress";
@@ -147,5 +124,4 @@ TEST_F(DiscoveryClientMessageParserTests, AHostThatCannotTellItsAddressesIsNotMe
                   log.Take());
     }
 }
-
 } // namespace Zelkor::Discovery::Client
