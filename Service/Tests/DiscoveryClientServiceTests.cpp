@@ -5,9 +5,6 @@
 #include <Tests/Support/HostFolders.h>
 #include <Tests/Support/IsolatedTest.h>
 #include <Tests/Support/PrivateNetwork.h>
-#include <functional>
-#include <string>
-#include <vector>
 
 using Zelkor::Discovery::DiscoveryLogger;
 using Zelkor::Discovery::Client::DiscoveryClientService;

@@ -85,7 +85,7 @@ protected:
 
 TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
 {
-    for (int run = 1; const int number : {SIGTERM, SIGINT})
+    for (const int number : {SIGTERM, SIGINT})
     {
         SCOPED_TRACE(number);
         ClientProcess service(folders);
@@ -99,7 +99,6 @@ TEST_F(ServiceProcessTests, EachStopSignalEndsTheServiceCleanly)
 
         EXPECT_EQ("STOPPING=1", notify.Hear());
         EXPECT_EQ(0, service.ExitCode(Limit));
-        ++run;
     }
 }
 

@@ -27,12 +27,6 @@ inline void ThrowFailure(int code)
 class FakeSocket : public IDiscoverySocket
 {
 public:
-    struct Sent
-    {
-        std::string text;
-        std::string address;
-    };
-
     /// The next Receive gives this datagram.
     void Deliver(const std::string& text)
     {
@@ -45,13 +39,12 @@ public:
     }
 
     MOCK_METHOD(Tesmo::Sp<Tesmo::System::Net::Sockets::Socket>, GetSocket, (), (override));
-    int Receive(const Tesmo::Up<unsigned char[]>& buffer, int size, Tesmo::System::Net::IPEndPoint& endpoint) override
+    int Receive(const Tesmo::Up<unsigned char[]>& buffer, int, Tesmo::System::Net::IPEndPoint& endpoint) override
     {
         input.WaitOne();
         const std::lock_guard guard(lock);
         const auto [text, failure] = inputs.front();
         inputs.pop_front();
-        lastSize = size;
         if (failure)
         {
             ThrowFailure(*failure);
@@ -103,11 +96,10 @@ public:
     MOCK_METHOD(int, GetLocalPort, (), (const, override));
     MOCK_METHOD(int, GetRemotePort, (), (const, override));
 
-    std::vector<Sent> sent;
+    std::vector<std::pair<std::string, std::string>> sent; ///< texts and destinations
     int sendFailure = 0;
     int shutdownFailure = 0;
     std::function<void()> beforeClose = [] {};
-    std::atomic<int> lastSize = 0; ///< bytes in the buffer of the last Receive
 
 private:
     using Input = std::pair<std::string, std::optional<int>>; ///< a datagram's text, or a failure

@@ -90,6 +90,12 @@ public:
     }
 
 protected:
+    /// Waits for so many counts.
+    static bool Await(Tesmo::System::Threading::Semaphore& semaphore, int counts)
+    {
+        return counts == 0 || (semaphore.WaitOne(10000) && Await(semaphore, counts - 1));
+    }
+
     LogRecorder log;
     Tesmo::System::Threading::Semaphore raised{0, 1000};
 };

@@ -22,23 +22,14 @@ protected:
 
 TEST_F(DiscoveryClientIPChangeWatcherTests, EachChangeRaisesTheEventAndAWaitThatEndsOtherwiseDoesNot)
 {
-    const auto awaitWaits = [this](int count)
-    {
-        for (int wait = 0; wait < count; ++wait)
-        {
-            ASSERT_TRUE(gateway->watching.WaitOne(10000)) << wait;
-        }
-    };
     gateway->changeResult = false;
     watcher.Start();
     gateway->changes.Release(3);
-    awaitWaits(4);
+    ASSERT_TRUE(Await(gateway->watching, 4));
     EXPECT_FALSE(raised.WaitOne(0));
     gateway->changeResult = true;
     gateway->changes.Release(2);
-    EXPECT_TRUE(raised.WaitOne(10000));
-    EXPECT_TRUE(raised.WaitOne(10000));
-    awaitWaits(2);
+    EXPECT_TRUE(Await(raised, 2) && Await(gateway->watching, 2));
     watcher.Stop(); // the cancelled wait looks like a change
     EXPECT_FALSE(raised.WaitOne(0));
     EXPECT_EQ((Rows{"C IPChangeWatcher: ---Waiting for IP changes...",

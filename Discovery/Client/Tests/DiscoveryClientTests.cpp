@@ -51,20 +51,10 @@ public:
     Semaphore asked{0, INT_MAX};
 };
 
-std::string Join(const Rows& rows, const std::string& part)
+Rows With(const std::string& part, Rows rows)
 {
-    std::string joined;
-    for (const std::string& row : rows)
-    {
-        joined += row.find(part) == std::string::npos ? "" : row.substr(2) + "\n";
-    }
-    return joined;
-}
-
-/// Waits for so many counts.
-bool Await(Semaphore& semaphore, int counts)
-{
-    return counts == 0 || (semaphore.WaitOne(10000) && Await(semaphore, counts - 1));
+    std::erase_if(rows, [&](const std::string& row) { return row.find(part) == std::string::npos; });
+    return rows;
 }
 } // namespace
 
@@ -108,24 +98,23 @@ protected:
     Sp<Ports> ports{new Ports};
     Sp<Spacing> spacing{new Spacing};
     Sp<FakeProvider> provider{new FakeProvider};
-    Semaphore starts{0, INT_MAX};      ///< for the tests to count
     DiscoveryClient* client = nullptr; // still set during its destruction, in which the fakes look at it
 };
 
 TEST_F(DiscoveryClientTests, AStartOrAStopInTheWrongStateIsAbortedAndAStoppedClientSendsNothing)
 {
     client->Stop();
-    EXPECT_EQ("Discovery Client: Stopping Discovery Client service\n"
-              "Discovery Client: Client's current state : Unstarted ! -> Stopping aborted.\n",
-              Join(log.Take(), ""));
+    EXPECT_EQ((Rows{"C Discovery Client: Stopping Discovery Client service",
+                    "C Discovery Client: Client's current state : Unstarted ! -> Stopping aborted."}),
+              log.Take());
     EXPECT_EQ(ClientState::Unstarted, client->State());
     client->Start();
     EXPECT_EQ(ClientState::Running, client->State());
     log.Take();
     client->Start();
-    EXPECT_EQ("Discovery Client: Starting Discovery Client service (1.0.23)\n"
-              "Discovery Client: Client's current state : Running ! -> Starting aborted.\n",
-              Join(log.Take(), " Discovery Client: "));
+    EXPECT_EQ((Rows{"C Discovery Client: Starting Discovery Client service (1.0.23)",
+                    "C Discovery Client: Client's current state : Running ! -> Starting aborted."}),
+              With(" Discovery Client: ", log.Take()));
     client->Stop();
     EXPECT_EQ(ClientState::Stopped, client->State());
     client->Stop();
@@ -148,15 +137,13 @@ TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
     ASSERT_TRUE(log.WaitFor("S ClientTaskProcessor: Message sent"));
     client->Stop();
     const Rows rows = log.Take();
-    EXPECT_EQ("Discovery Client: Stopping Discovery Client service\n"
-              "IPChangeWatcher: Stopping IPChangeWatcher\n"
-              "Receiver: Stopping receiver\nReceiver: Stopping worker\n"
-              "MessageParser: Stopping message parser\nMessageParser: Stopping worker\n"
-              "ClientTaskProcessor: Stopping Task Processor\nClientTaskProcessor: Stopping worker\n",
-              Join(rows, "Stopping"));
+    EXPECT_EQ(
+        (Rows{"C IPChangeWatcher: ---IPChangeWatcher stopped---", "C Receiver: ---Receiver stopped---",
+              "C MessageParser: ---Message parser stopped---", "C ClientTaskProcessor: ---Task Processor stopped---"}),
+        With("stopped---", rows));
     EXPECT_EQ("C Discovery Client: Discovery Client service stopped", rows.back());
     EXPECT_EQ("S ClientTaskProcessor: Message sent", rows[rows.size() - 2]);
-    EXPECT_EQ("", Join(rows, "restart"));
+    EXPECT_TRUE(With("restart", rows).empty());
     EXPECT_EQ("Hello;SignatureBroadcast;Bye;", provider->types);
 }
 
@@ -184,7 +171,7 @@ TEST_F(DiscoveryClientTests, EachRequestIsAnsweredByOneRestartWheneverItComes)
             if (client->State() == ClientState::Starting)
             {
                 number++;
-                starts.Release();
+                raised.Release();
             }
             reach(ToDisplayText(client->State()).Utf8()); // Stopping: the bye reads the host
         };
@@ -195,7 +182,7 @@ TEST_F(DiscoveryClientTests, EachRequestIsAnsweredByOneRestartWheneverItComes)
 
         client->Start();
         std::string("Starting 1") == moment ? void() : Restart();
-        ASSERT_TRUE(Await(starts, expected));
+        ASSERT_TRUE(Await(raised, expected));
         client->Stop(); // waits for the start under way
         EXPECT_EQ(ClientState::Stopped, client->State());
         EndClient();
@@ -209,10 +196,10 @@ TEST_F(DiscoveryClientTests, ARequestDuringTheStopOfAnotherThreadBringsTheClient
     client->Start();
     bool isFirst = true;
     gateway->onCancel = [&, this] { std::exchange(isFirst, false) ? Restart() : void(); };
-    gateway->beforeHost = [this] { client->State() == ClientState::Starting ? starts.Release() : 0; };
+    gateway->beforeHost = [this] { client->State() == ClientState::Starting ? raised.Release() : 0; };
     ports->beforeBind = [] { EXPECT_EQ("Restart", Thread::CurrentThread()->Name()); };
     client->Stop();
-    ASSERT_TRUE(Await(starts, 1));
+    ASSERT_TRUE(Await(raised, 1));
     EndClient(); // waits for the end of the restart
     EXPECT_EQ("C Discovery Client: Discovery Client service stopped", log.Take().back());
 }

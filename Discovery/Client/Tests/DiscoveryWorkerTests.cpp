@@ -1,12 +1,11 @@
 #include <Tests/Support/FakeParser.h>
 #include <Tests/Support/FakeSocket.h>
 
+#include <Core/System/FormatException.h>
 #include <Core/System/Threading/ThreadStateException.h>
 #include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryReceiver.h>
 #include <Tests/Support/LogRecorder.h>
-
-#include <thread>
 
 namespace Zelkor::Discovery
 {
@@ -75,15 +74,15 @@ TEST_F(DiscoveryWorkerTests, OnlyASocketThatIsShutDownAndClosedKeepsARestartFrom
 
 TEST_F(DiscoveryMessageParserTests, WhateverAMessageThrowsTheThreadGoesOn)
 {
-    for (const char* text : {"format", "other", "standard", "good"})
-    {
-        Enqueue(text);
-    }
-    parser.Start();
+    const std::function<void()> ends[] = {[] { throw FormatException(ThrowSite); }, [] { throw Exception(ThrowSite); },
+                                          [] { throw std::runtime_error("no Exception of the library"); }, [] {}};
+    parser.onMessage = [&, this] { ends[parser.texts.size() - 1](); };
     for (int count = 0; count < 4; ++count)
     {
-        ASSERT_TRUE(parser.entered.WaitOne(10000));
+        Enqueue("text");
     }
+    parser.Start();
+    ASSERT_TRUE(Await(parser.entered, 4));
     parser.Stop();
     EXPECT_EQ((Rows{"C MessageParser: ---Waiting for messages...", "C MessageParser: Invalid format : message dropped",
                     "E MessageParser: Error while parsing/processing message",
@@ -95,7 +94,7 @@ TEST_F(DiscoveryMessageParserTests, WhateverAMessageThrowsTheThreadGoesOn)
 
 TEST_F(DiscoveryMessageParserTests, AStopWithAFullBacklogEndsAfterTheMessageUnderWay)
 {
-    parser.goOn.Reset();
+    parser.onMessage = [this] { log.WaitFor("C MessageParser: Stopping worker"); }; // the flag is set by then
     for (int count = 0; count < 513; ++count)
     {
         EXPECT_TRUE(log.Take().empty()) << count;
@@ -104,14 +103,7 @@ TEST_F(DiscoveryMessageParserTests, AStopWithAFullBacklogEndsAfterTheMessageUnde
     EXPECT_EQ(Rows{"C MessageParser: Semaphore is full (512) !!! Ignoring this datagram..."}, log.Take());
     parser.Start();
     ASSERT_TRUE(parser.entered.WaitOne(10000));
-    std::thread release(
-        [&]
-        {
-            log.WaitFor("C MessageParser: Stopping worker"); // the flag is set by then
-            parser.goOn.Set();
-        });
     parser.Stop();
-    release.join();
     EXPECT_FALSE(parser.entered.WaitOne(0));
 }
 

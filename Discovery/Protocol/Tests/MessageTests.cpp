@@ -89,7 +89,7 @@ TEST(MessageTests, EveryMessageIsWrittenInItsExactBytesAndReadBack)
     }
 }
 
-TEST(MessageTests, AMessageIsSerializedOnlyIntoAnOpenObject)
+TEST(MessageTests, AMessageIsSerializedOnlyIntoAnOpenObjectAndNeedsAType)
 {
     const auto [sample, text] = Messages().front();
     DiscoveryMessageDeserializer deserializer;
@@ -98,37 +98,8 @@ TEST(MessageTests, AMessageIsSerializedOnlyIntoAnOpenObject)
     deserializer.Serialize(*sample, stringer);
     EXPECT_EQ(text, stringer.EndObject().ToString().Utf8());
     EXPECT_THROW(deserializer.Serialize(*sample), FormatException); // it opens no object of its own
-}
-
-TEST(MessageTests, WhatIsNoTypeHasNoName)
-{
     EXPECT_THROW(ToWireName(static_cast<DiscoveryMessageType>(7)), ArgumentException);
     EXPECT_THROW(ToWireName(static_cast<DiscoveryMessageType>(-1)), ArgumentException);
-}
-
-TEST(MessageTests, AMessageWithoutAnAddresseeIsForAllAndHasTheVersionOfTheProtocol)
-{
-    EXPECT_TRUE(SignatureBroadcastMessage(Tesmo::System::Version(2, 1)).Broadcast);
-    EXPECT_TRUE(SendYourSignatureMessage().Broadcast);
-    EXPECT_EQ("1.0.23", HelloMessage().Version.ToString().Utf8());
-}
-
-TEST(MessageTests, ASignatureOwnsCopiesOfWhatItIsGiven)
-{
-    SignatureBroadcastMessage message;
-    NICConfig nic = *SampleNIC();
-    DiscoveryHostProduct product("Server", "88", "2.1", "Store");
-    FileTransferInfos infos;
-    infos.Infos->Add("Port", "21");
-    message.AddNIC(nic);
-    message.AddProduct(product);
-    message.SetFileTransferInfos(infos);
-    nic.MTU = "9000";
-    product.ProductName = "Other";
-    infos.Infos->Clear();
-    EXPECT_TRUE(*message.Host.NICs->operator[](0) == *SampleNIC());
-    EXPECT_EQ("Store", message.Host.Products->operator[](0)->ProductName.Utf8());
-    EXPECT_EQ(1, message.Host.FileTransferInfos->Infos->Count());
 }
 
 TEST(MessageTests, TheBroadcastKeyIsAStringThatDecidesAboutTheAddress)
@@ -153,10 +124,13 @@ TEST(MessageTests, TheBroadcastKeyIsAStringThatDecidesAboutTheAddress)
     }
 }
 
-TEST(MessageTests, AHelloWithoutSourceInterfaceIsValid)
+TEST(MessageTests, AHelloWithoutSourceInterfaceIsValidAndANewMessageIsForAll)
 {
+    EXPECT_TRUE(SignatureBroadcastMessage(Tesmo::System::Version(2, 1)).Broadcast);
+    EXPECT_TRUE(SendYourSignatureMessage().Broadcast);
     LogRecorder log;
     HelloMessage message;
+    EXPECT_EQ("1.0.23", message.Version.ToString().Utf8());
     message.SourceNIC = SampleNIC();
     message.ReadJSON(HelloMessage(message.Version, SampleHost()).ToJSON());
     EXPECT_TRUE(message.SourceNIC == null);
@@ -193,40 +167,32 @@ TEST(MessageTests, TheFaultsOfADatagramAreFoundInOrder)
     const std::string noHost = bad("SignatureBroadcastMessage: No Host key");
     const auto hello = [](const char* rest) { return R"({"DiscoveryMessageType":"Hello")" + std::string(rest) + "}"; };
     const auto text = [](const char* type, const std::string& rest) { return Text(type, "True", rest); };
-    const std::tuple<std::string, std::string, Rows> rows[] = {
-        {"", "FormatException", {}},
-        {std::string(2048, '\0'), "FormatException", {}},
-        {"[]", "FormatException", {}},
-        {R"({"DiscoveryMessageType":"Hello)", "FormatException", {}},
-        {"{}", "FormatException", {noType}},
-        {R"({"DiscoveryMessageType":5})", "FormatException", {noType}},
-        {R"({"DiscoveryMessageType":"hello","DiscoveryVersion":"1.0.23"})", "ArgumentException", {}},
-        {hello(""), "FormatException", {noVersion}},
-        {hello(R"(,"DiscoveryVersion":1)"), "FormatException", {noVersion}},
-        {hello(R"(,"DiscoveryVersion":"1.x","Broadcast":"yes")"), "FormatException", {}},
-        {hello(R"(,"DiscoveryVersion":"1.0","Broadcast":"yes")"),
-         "FormatException",
-         {bad("DiscoveryMessage: No valid value for Broadcast key")}},
-        {hello(R"(,"DiscoveryVersion":"1.0")"),
-         "FormatException",
-         {"D DiscoveryMessage: No Broadcast key. Assuming broadcast message.", noHost}},
-        {text("SignatureBroadcast", R"(,"Host":[])"), "FormatException", {noHost}},
-        {text("Bye", ""), "FormatException", {noHost}},
-        {text("SendYourSignature", R"(,"TargetedMACAddress":1)"),
-         "FormatException",
-         {bad("SendYourSignatureMessage: No targeted MAC address")}},
-        {text("ChangeYourIPConfig", R"(,"NewNICConfigs":{})"),
-         "FormatException",
-         {bad("ChangeYourIPConfigMessage: No \"New NIC Configs\" key")}},
-        {text("ChangeYourHostName", R"(,"TargetedMACAddress":"1")"),
-         "FormatException",
-         {bad("ChangeYourHostNameMessage: No \"New HostName\" key")}},
-        {text("ChangeYourHostName", R"(,"NewHostName":"n")"),
-         "FormatException",
-         {bad("ChangeYourHostNameMessage: No \"Targeted MACAddress\" key")}},
-        {text("Hello", R"(,"Host":{"DeviceType":""})"), "ArgumentException", {}}, // nested records fail silently
-        {text("Hello", R"(,"Host":)" + SampleHostText + R"(,"SourceNIC":{})"), "ArgumentException", {}},
-        {text("SendYourSignature", R"(,"TargetedMACAddress":"100")"), "OverflowException", {}},
+    const std::tuple<std::string, const char*, std::string> rows[] = {
+        {"", "FormatException", ""},
+        {std::string(2048, '\0'), "FormatException", ""},
+        {"[]", "FormatException", ""},
+        {R"({"DiscoveryMessageType":"Hello)", "FormatException", ""},
+        {"{}", "FormatException", noType},
+        {R"({"DiscoveryMessageType":5})", "FormatException", noType},
+        {R"({"DiscoveryMessageType":"hello","DiscoveryVersion":"1.0.23"})", "ArgumentException", ""},
+        {hello(""), "FormatException", noVersion},
+        {hello(R"(,"DiscoveryVersion":1)"), "FormatException", noVersion},
+        {hello(R"(,"DiscoveryVersion":"1.x","Broadcast":"yes")"), "FormatException", ""},
+        {hello(R"(,"DiscoveryVersion":"1.0","Broadcast":"yes")"), "FormatException",
+         bad("DiscoveryMessage: No valid value for Broadcast key")},
+        {text("SignatureBroadcast", R"(,"Host":[])"), "FormatException", noHost},
+        {text("Bye", ""), "FormatException", noHost},
+        {text("SendYourSignature", R"(,"TargetedMACAddress":1)"), "FormatException",
+         bad("SendYourSignatureMessage: No targeted MAC address")},
+        {text("ChangeYourIPConfig", R"(,"NewNICConfigs":{})"), "FormatException",
+         bad("ChangeYourIPConfigMessage: No \"New NIC Configs\" key")},
+        {text("ChangeYourHostName", R"(,"TargetedMACAddress":"1")"), "FormatException",
+         bad("ChangeYourHostNameMessage: No \"New HostName\" key")},
+        {text("ChangeYourHostName", R"(,"NewHostName":"n")"), "FormatException",
+         bad("ChangeYourHostNameMessage: No \"Targeted MACAddress\" key")},
+        {text("Hello", R"(,"Host":{"DeviceType":""})"), "ArgumentException", ""}, // nested records fail silently
+        {text("Hello", R"(,"Host":)" + SampleHostText + R"(,"SourceNIC":{})"), "ArgumentException", ""},
+        {text("SendYourSignature", R"(,"TargetedMACAddress":"100")"), "OverflowException", ""},
     };
     for (const auto& [datagram, failure, logged] : rows)
     {
@@ -241,7 +207,7 @@ TEST(MessageTests, TheFaultsOfADatagramAreFoundInOrder)
         {
             EXPECT_EQ(failure, thrown.GetType().Name().Utf8());
         }
-        EXPECT_EQ(logged, log.Take());
+        EXPECT_EQ(Rows(logged.empty() ? 0 : 1, logged), log.Take());
     }
     LogRecorder log;
     EXPECT_THROW(HelloMessage().ReadJSON("{}"), FormatException); // each message looks for its type itself

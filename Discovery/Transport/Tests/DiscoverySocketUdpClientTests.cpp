@@ -1,7 +1,6 @@
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Tests/Support/CoreTest.h>
 
-#include <Discovery/Transport/DiscoveryPorts.h>
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 #include <Discovery/Transport/DiscoverySocketUdpClientFactory.h>
 
@@ -80,15 +79,6 @@ protected:
 };
 } // namespace
 
-TEST(DiscoveryPortsTests, TheDefaultIsOneSharedPairOfPorts)
-{
-    const Sp<DiscoveryPorts> ports = DiscoveryPorts::Default();
-
-    EXPECT_EQ(12000, ports->GetLocalPort());
-    EXPECT_EQ(12001, ports->GetRemotePort());
-    EXPECT_EQ(&*ports, &*DiscoveryPorts::Default());
-}
-
 TEST_F(DiscoverySocketUdpClientTests, SocketsShareOnePortAndOnlyTheSharedOneTakesRequests)
 {
     EXPECT_EQ(65536, OptionOf(shared, SocketOptionName::ReceiveBuffer));
@@ -122,17 +112,6 @@ TEST_F(DiscoverySocketUdpClientTests, BroadcastsWithoutAnOptionSetByHand)
     EXPECT_THROW(socket.Broadcast(Up<unsigned char[]>(), 1), NullReferenceException);
 }
 
-TEST_F(DiscoverySocketUdpClientTests, AFailedBindLeavesNoSocketBehind)
-{
-    shared.Close();
-    const IPAddress ofAnotherFamily = IPAddress::Parse("0:0:0:0:0:0:0:1");
-
-    EXPECT_THROW(DiscoverySocketUdpClient(port, 1, ofAnotherFamily), SocketException);
-    EXPECT_NO_THROW(UdpClient{port});
-    EXPECT_THROW(DiscoverySocketUdpClient(65536, 1), ArgumentOutOfRangeException);
-    EXPECT_THROW(DiscoverySocketUdpClient(port, 1, null), ArgumentNullException);
-}
-
 TEST_F(DiscoverySocketUdpClientTests, EndsOnceInEitherOrder)
 {
     shared.Shutdown();
@@ -151,14 +130,18 @@ TEST_F(DiscoverySocketUdpClientTests, EndsOnceInEitherOrder)
     EXPECT_FALSE(administration.IsShutDown() || administration.IsShutDownFlag());
 }
 
-TEST_F(DiscoverySocketUdpClientTests, IsSilentlyDestroyedAfterACloseFromOutside)
+TEST_F(DiscoverySocketUdpClientTests, NeitherAFailedBindNorACloseFromOutsideLeavesASocketBehind)
 {
     shared.Close();
+    EXPECT_THROW(DiscoverySocketUdpClient(port, 1, IPAddress::Parse("0:0:0:0:0:0:0:1")), SocketException);
+    EXPECT_NO_THROW(UdpClient{port});
     {
         DiscoverySocketUdpClient socket(port, 1);
         socket.GetSocket()->Close();
         EXPECT_FALSE(socket.IsClosed());
     }
-    EXPECT_NO_THROW(UdpClient{port}) << "the port is free again";
+    EXPECT_NO_THROW(UdpClient{port});
+    EXPECT_THROW(DiscoverySocketUdpClient(65536, 1), ArgumentOutOfRangeException);
+    EXPECT_THROW(DiscoverySocketUdpClient(port, 1, null), ArgumentNullException);
 }
 } // namespace Zelkor::Discovery
