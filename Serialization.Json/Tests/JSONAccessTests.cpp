@@ -116,8 +116,7 @@ TEST(JSONAccessTests, OptGivesTheDefaultWhereTheKindIsAnother)
 {
     const JSONObject object = Sample();
     EXPECT_TRUE(!object.OptBoolean("s") && object.OptBoolean("s", true) && object.OptBoolean("t"));
-    EXPECT_TRUE(std::isnan(object.OptDouble("s")));
-    EXPECT_EQ(2.5, object.OptDouble("n"));
+    EXPECT_TRUE(std::isnan(object.OptDouble("s")) && object.OptDouble("n") == 2.5);
     EXPECT_TRUE(object.OptInt32("s") == 0 && object.OptInt32("n", 7) == 2);
     EXPECT_TRUE(object.OptInt64("missing") == 0 && object.OptInt64("missing", -1) == -1 && object.OptInt64("n") == 2);
     EXPECT_EQ("", object.OptString("n").Utf8());
@@ -158,7 +157,6 @@ TEST(JSONAccessTests, TheFirstOfEqualNamesCountsAndIsTakenAloneFromNoCopy)
     EXPECT_EQ(4, integer);
     EXPECT_EQ(1u, object.GetLength());
     EXPECT_EQ(R"({"A":"1","b":2.500000,"c":true,"a":"2","d":4})", copy.ToString().Utf8());
-    EXPECT_EQ(copy.ToString(), assigned.ToString());
     const auto& itself = assigned;
     assigned = itself;
     EXPECT_EQ(copy.ToString(), assigned.ToString());

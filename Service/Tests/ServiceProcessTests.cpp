@@ -2,11 +2,9 @@
 #include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
 #include <Tests/Support/PrivateNetwork.h>
-#include <array>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
-#include <map>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -38,11 +36,11 @@ public:
     std::string Hear() const
     {
         pollfd source = {descriptor.Number(), POLLIN, 0};
-        std::array<char, 256> message;
+        char message[256];
         const ssize_t size = poll(&source, 1, static_cast<int>(Limit.count())) == 1
-                                 ? recv(descriptor.Number(), message.data(), message.size(), 0)
+                                 ? recv(descriptor.Number(), message, sizeof(message), 0)
                                  : 0;
-        return std::string(message.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+        return std::string(message, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
     }
 
 private:

@@ -14,25 +14,27 @@ namespace Zelkor::Discovery
 {
 constexpr int ClosedObject = INT_MIN; ///< stands for an ObjectClosedException
 
-inline void ThrowFailure(int code)
+inline void ThrowFailure(const std::optional<int>& code)
 {
     if (code == ClosedObject)
     {
         throw Tesmo::System::ObjectClosedException(ThrowSite);
     }
-    throw Tesmo::System::Net::Sockets::SocketException(Tesmo::System::Net::Sockets::SocketError(code), ThrowSite);
+    if (code)
+    {
+        throw Tesmo::System::Net::Sockets::SocketException(Tesmo::System::Net::Sockets::SocketError(*code), ThrowSite);
+    }
 }
 
 /// A socket whose datagrams and failures the test gives. It wakes a blocked Receive as the real one does.
 class FakeSocket : public IDiscoverySocket
 {
 public:
-    /// The next Receive gives this datagram.
+    /// The next Receive gives this datagram, or fails.
     void Deliver(const std::string& text)
     {
         Push({text, {}});
     }
-    /// The next Receive fails.
     void Fail(int code)
     {
         Push({"", code});
@@ -45,10 +47,7 @@ public:
         const std::lock_guard guard(lock);
         const auto [text, failure] = inputs.front();
         inputs.pop_front();
-        if (failure)
-        {
-            ThrowFailure(*failure);
-        }
+        ThrowFailure(failure);
         std::copy(text.begin(), text.end(), buffer.Get());
         endpoint = Tesmo::System::Net::IPEndPoint(Tesmo::System::Net::IPAddress(10, 0, 0, 9), 12001);
         return static_cast<int>(text.size());
@@ -56,10 +55,7 @@ public:
     int SendTo(const Tesmo::Up<unsigned char[]>& buffer, int size,
                const Tesmo::System::Net::IPAddress& address) override
     {
-        if (sendFailure != 0)
-        {
-            ThrowFailure(sendFailure);
-        }
+        ThrowFailure(sendFailure);
         const std::lock_guard guard(lock);
         sent.push_back({std::string(buffer.Get(), buffer.Get() + size), address.ToString().Utf8()});
         return size;
@@ -67,10 +63,7 @@ public:
     MOCK_METHOD(int, Broadcast, (const Tesmo::Up<unsigned char[]>&, int), (override));
     void Shutdown() override
     {
-        if (shutdownFailure != 0)
-        {
-            ThrowFailure(shutdownFailure);
-        }
+        ThrowFailure(shutdownFailure);
         if (!shutDown.exchange(true))
         {
             Fail(Tesmo::System::Net::Sockets::SocketError::Shutdown);
@@ -97,8 +90,8 @@ public:
     MOCK_METHOD(int, GetRemotePort, (), (const, override));
 
     std::vector<std::pair<std::string, std::string>> sent; ///< texts and destinations
-    int sendFailure = 0;
-    int shutdownFailure = 0;
+    std::optional<int> sendFailure;
+    std::optional<int> shutdownFailure;
     std::function<void()> beforeClose = [] {};
 
 private:
@@ -129,9 +122,7 @@ public:
         {
             ThrowFailure(Tesmo::System::Net::Sockets::SocketError::AddressNotAvailable);
         }
-        const Tesmo::Sp<FakeSocket> made(new FakeSocket);
-        sockets[text] = made;
-        return made;
+        return sockets[text] = Tesmo::Sp<FakeSocket>(new FakeSocket);
     }
 
     std::map<std::string, Tesmo::Sp<FakeSocket>> sockets;

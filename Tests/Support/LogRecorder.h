@@ -12,8 +12,7 @@ namespace Zelkor::Discovery
 {
 using Rows = std::vector<std::string>;
 
-/// Stands in for the process's log stream while it lives, and keeps what is written as "C Receiver: text", an exception
-/// as "E Receiver: text".
+/// The process's log stream while it lives: keeps rows as "C Receiver: text", an exception as "E Receiver: text".
 class LogRecorder
 {
 public:
@@ -21,8 +20,6 @@ public:
     {
         DiscoveryLogger::Instance().SetStream(stream);
     }
-    LogRecorder(const LogRecorder&) = delete;
-    LogRecorder& operator=(const LogRecorder&) = delete;
     ~LogRecorder()
     {
         DiscoveryLogger::Instance().SetStream({});

@@ -264,8 +264,7 @@ TEST_F(DiscoveryClientTests, ARestartThatCannotBindIsTriedAgainWithoutARow)
 TEST_F(DiscoveryClientTests, ARestartWaitsForItsOwnTimeAfterOneThatWasDropped)
 {
     const Tesmo::System::LogStreams::LogStreamChannel channel("Requests");
-    Semaphore done(0, INT_MAX);
-    AsyncRequests requests(channel, spacing, [&](AsyncRequest) { done.Release(); });
+    AsyncRequests requests(channel, spacing, [&](AsyncRequest) { raised.Release(); });
     spacing->waitsFrom = 0;
     for (int round = 0; round < 1000; ++round)
     {
@@ -273,10 +272,10 @@ TEST_F(DiscoveryClientTests, ARestartWaitsForItsOwnTimeAfterOneThatWasDropped)
         std::this_thread::yield();
         requests.Withdraw();
     }
-    EXPECT_FALSE(done.WaitOne(0));
+    EXPECT_FALSE(raised.WaitOne(0));
     spacing->waitsFrom = INT_MAX;
     requests.Ask(AsyncRequest::Restart);
-    EXPECT_TRUE(Await(done, 1));
+    EXPECT_TRUE(Await(raised, 1));
     requests.End();
 }
 
@@ -364,5 +363,17 @@ TEST_F(DiscoveryClientTests, AnAsynchronousStopIsForGood)
     log.Take();
     Restart();
     EXPECT_TRUE(log.Take().empty());
+}
+
+TEST(RestartSpacingTests, RestartsAfterFailedStartsAreASecondToAMinuteApart)
+{
+    RestartSpacing spacing;
+    EXPECT_EQ(0, spacing.Next(std::chrono::milliseconds(60000)));
+    for (const int delay : {1000, 2000, 4000, 8000, 16000, 32000, 60000, 60000})
+    {
+        EXPECT_EQ(delay, spacing.Next(std::chrono::milliseconds(59999)));
+    }
+    EXPECT_EQ(0, spacing.Next(std::chrono::milliseconds(60000))); // the start has held
+    EXPECT_EQ(1000, spacing.Next(std::chrono::milliseconds(0)));
 }
 } // namespace Zelkor::Discovery::Client

@@ -46,10 +46,9 @@ TEST_F(DiscoveryReceiverTests, ACleanStopAsksForNoRestart)
 TEST_F(DiscoveryReceiverTests, FailuresThatItSurvivesAreLoggedAndEachByteOfTheBufferBecomesACharacter)
 {
     parser->Start();
-    for (const int failure : {10054, 0, 10040})
-    {
-        socket->Fail(failure);
-    }
+    socket->Fail(10054);
+    socket->Fail(0);
+    socket->Fail(10040);
     socket->Deliver("{\x81}");
     socket->Deliver("");
     receiver.Start();

@@ -1,6 +1,5 @@
 #include "HostSamples.h"
 
-#include <Core/System/Version.h>
 #include <Discovery/Protocol/AllSendYourSignatureMessage.h>
 #include <Discovery/Protocol/ByeMessage.h>
 #include <Discovery/Protocol/ChangeYourHostNameMessage.h>
