@@ -32,6 +32,13 @@ public:
         return std::exchange(stream->rows, {});
     }
 
+    /// The message of the last exception.
+    std::string LastFailure()
+    {
+        const std::lock_guard guard(stream->lock);
+        return stream->lastFailure;
+    }
+
     /// Waits until the row stands in the log.
     bool WaitFor(const std::string& row)
     {
@@ -58,9 +65,11 @@ private:
             Add(level.ToString().Utf8().substr(0, 1), channel, message);
         }
         void Write(const Channel& channel, const Tesmo::System::String& message,
-                   const Tesmo::System::Exception&) override
+                   const Tesmo::System::Exception& failure) override
         {
             Add("E", channel, message);
+            const std::lock_guard guard(lock);
+            lastFailure = failure.Message().Utf8();
         }
         void Add(const std::string& letter, const Channel& channel, const Tesmo::System::String& message)
         {
@@ -72,6 +81,7 @@ private:
         std::mutex lock;
         std::condition_variable added;
         Rows rows;
+        std::string lastFailure;
     };
 
     Tesmo::Sp<Stream> stream{new Stream};
