@@ -5,16 +5,18 @@
 
 using Zelkor::Discovery::Platform::AddressPlan;
 using Zelkor::Discovery::Platform::InterfacesText;
+using Zelkor::Discovery::Platform::LogicalLine;
 
 namespace
 {
 
 const AddressPlan Plan = {"eth0", "10.1.2.3", "255.255.0.0", "10.1.0.1", 16};
 
-std::string Rewrite(const std::string& before)
+std::string Rewrite(const std::string& before, const AddressPlan& plan = Plan)
 {
     InterfacesText text(before);
-    text.WriteStanza(Plan, text.TakeStanzas(Plan.adapter, true));
+    const std::vector<LogicalLine> others = text.TakeStanzas(plan.adapter, true);
+    text.WriteStanza(plan, others);
     return text.Text();
 }
 
@@ -59,6 +61,13 @@ TEST(InterfacesTextTests, OneStanzaIsRewrittenWhereItStandsAndTheRestStays)
         EXPECT_EQ(after, Rewrite(before));
         EXPECT_EQ(after, Rewrite(after)) << "once more";
     }
+}
+
+TEST(InterfacesTextTests, WithoutAGatewayNoneStays)
+{
+    EXPECT_EQ("iface eth0 inet static\n  address 10.1.2.3\n  netmask 255.255.0.0\n",
+              Rewrite("iface eth0 inet static\n  gateway 10.1.1.1\n  address 10.1.1.2/24\n",
+                      {"eth0", "10.1.2.3", "255.255.0.0", "", 16}));
 }
 
 TEST(InterfacesTextTests, FilesPulledInAreToldWithTheirKind)
