@@ -1,12 +1,8 @@
 #include <Tests/Support/CoreTest.h>
 
-#include <Core/System/Checks.h>
 #include <Core/System/Collections/Generic/List.h>
 #include <Core/System/Collections/Generic/Queue.h>
 #include <Core/System/Text/Encoding.h>
-#include <Core/System/Version.h>
-
-#include <functional>
 
 using namespace Tesmo;
 using namespace Tesmo::System;

@@ -1,83 +1,70 @@
 #include <Tests/Support/CoreTest.h>
 
-#include <Core/System/BoxEnum.h>
+#include <Core/System/IO/FileAttributes.h>
 #include <Core/System/IO/FileMode.h>
 #include <Core/System/Net/Sockets/AddressFamily.h>
-#include <Core/System/Threading/ThreadState.h>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
+using IO::FileAttributes;
 using IO::FileMode;
 using Net::Sockets::AddressFamily;
 using Threading::ThreadState;
 
-namespace
+TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCoverThem)
 {
-enum class Marks
-{
-    ReadOnly = 1,
-    Hidden = 2,
-};
-
-constexpr EnumName markNames[] = {{1, "ReadOnly"}, {2, "Hidden"}};
-
-constexpr std::span<const EnumName> EnumNamesOf(Marks)
-{
-    return markNames;
-}
-
-using BoxedMarks = BoxEnum<Marks, FlagsAttribute>;
-} // namespace
-
-TEST(EnumTests, ValuesPrintAsNameOrNumber)
-{
-    EXPECT_EQ("Create", FileMode(FileMode::Create).ToString().Utf8());
-    EXPECT_EQ("-7", FileMode(-7).ToString().Utf8());
-    EXPECT_TRUE(FileMode(FileMode::Open).IsDefined());
-    EXPECT_FALSE(FileMode(7).IsDefined());
-}
-
-TEST(EnumTests, FlagsPrintWithTheHighestFirstWhereNamesCoverThem)
-{
-    using Row = std::tuple<int, const char*, bool>;
-    for (const auto& [flags, text, isDefined] :
-         {Row{40, "WaitSleepJoin, Unstarted", true}, Row{0, "Running", true}, Row{16, "Stopped", true},
-          Row{552, "552", false}, Row{512, "512", false}})
+    const auto expect = [](const char* text, bool isDefined, const auto& value)
     {
-        EXPECT_EQ(text, ThreadState(flags).ToString().Utf8());
-        EXPECT_EQ(isDefined, ThreadState(flags).IsDefined()) << flags;
-    }
+        EXPECT_EQ(text, value.ToString().Utf8());
+        EXPECT_EQ(isDefined, value.IsDefined()) << text;
+    };
+    expect("Create", true, FileMode(FileMode::Create));
+    expect("-7", false, FileMode(-7));
+    expect("WaitSleepJoin, Unstarted", true, ThreadState(40));
+    expect("Running", true, ThreadState(0));
+    expect("Stopped", true, ThreadState(16));
+    expect("552", false, ThreadState(552));
+    expect("512", false, ThreadState(512));
+    expect("InterNetwork", true, AddressFamily(AddressFamily::InterNetwork));
+    expect("3", false, AddressFamily(3));
+    expect("0", false, FileAttributes(0));
+    expect("Hidden, ReadOnly", true, FileAttributes(3));
+    expect("8", false, FileAttributes(8));
 }
 
-TEST(EnumTests, NamesAndNumbersParse)
+TEST(EnumTests, NamesAndNumbersParseAndFlagsAsAListOfNames)
 {
-    using Row = std::tuple<const char*, bool, bool, int>;
-    for (const auto& [text, ignoreCase, outcome, value] :
-         {Row{"Create", false, true, 2}, Row{"create", false, false, 9}, Row{"create", true, true, 2},
-          Row{" 42 ", false, true, 42}, Row{"", false, false, 9}})
+    struct Row
     {
-        FileMode mode(9);
-        EXPECT_EQ(outcome, mode.TryParse(text, ignoreCase, mode)) << text;
-        EXPECT_EQ(value, mode.Value()) << text;
+        const char* text;
+        bool ignoreCase;
+        bool outcome;
+        int value;
+    };
+    const auto expect = [](auto target, const Row& row)
+    {
+        EXPECT_EQ(row.outcome, target.TryParse(row.text, row.ignoreCase, target)) << row.text;
+        EXPECT_EQ(row.value, static_cast<int>(target.Value())) << row.text;
+    };
+    for (const Row& row : {Row{"Create", false, true, 2}, Row{"create", false, false, 9}, Row{"create", true, true, 2},
+                           Row{" 42 ", false, true, 42}, Row{"", false, false, 9}})
+    {
+        expect(FileMode(9), row);
     }
+    for (const Row& row :
+         {Row{"Unstarted, WaitSleepJoin", false, true, 40}, Row{" Stopped ", false, true, 16},
+          Row{"40", false, true, 40}, Row{"Stopped,Nothing,Background", false, false, 20},
+          Row{"Stopped,8", false, false, 16}, Row{"stopped", false, false, 0}, Row{"", false, false, 0}})
+    {
+        expect(ThreadState(63), row);
+    }
+    expect(AddressFamily(0), {"internetwork", true, true, 2});
+    expect(AddressFamily(0), {"Unspecified, InterNetwork", true, false, 0});
+    expect(FileAttributes(), {"ReadOnly,Hidden", false, true, 3});
     FileMode mode(9);
     EXPECT_FALSE(mode.TryParse(null, false, mode));
     EXPECT_THROW(mode.TryParse("Open", false, const_cast<FileMode&>(static_cast<const FileMode&>(null))),
                  ArgumentNullException);
-}
-
-TEST(EnumTests, FlagsParseAsListOfNames)
-{
-    using Row = std::tuple<const char*, bool, int>;
-    for (const auto& [text, outcome, value] :
-         {Row{"Unstarted, WaitSleepJoin", true, 40}, Row{" Stopped ", true, 16}, Row{"40", true, 40},
-          Row{"Stopped,Nothing,Background", false, 20}, Row{"Stopped,8", false, 16}, Row{"stopped", false, 0},
-          Row{"", false, 0}})
-    {
-        ThreadState state(63);
-        EXPECT_EQ(outcome, state.TryParse(text, false, state)) << text;
-        EXPECT_EQ(value, state.Value()) << text;
-    }
 }
 
 TEST(EnumTests, ComparisonStaysWithinTheClass)
@@ -91,23 +78,6 @@ TEST(EnumTests, ComparisonStaysWithinTheClass)
     EXPECT_TRUE(create < FileMode::Open);
     EXPECT_TRUE(create != FileMode(FileMode::Open));
     EXPECT_EQ(2, create.GetHashCode());
-}
-
-TEST(EnumTests, PlainEnumerationsBoxByTheirMark)
-{
-    EXPECT_EQ("InterNetwork", AddressFamily(AddressFamily::InterNetwork).ToString().Utf8());
-    EXPECT_EQ("3", AddressFamily(3).ToString().Utf8());
-    EXPECT_EQ("0", BoxedMarks(static_cast<Marks>(0)).ToString().Utf8());
-    EXPECT_FALSE(BoxedMarks(static_cast<Marks>(0)).IsDefined());
-    EXPECT_TRUE(BoxedMarks(static_cast<Marks>(3)).IsDefined());
-    EXPECT_EQ("Hidden, ReadOnly", BoxedMarks(static_cast<Marks>(3)).ToString().Utf8());
-    EXPECT_EQ("7", BoxedMarks(static_cast<Marks>(7)).ToString().Utf8());
-    AddressFamily family(0);
-    EXPECT_TRUE(AddressFamily::TryParse("internetwork", true, family));
-    EXPECT_TRUE(family == AddressFamily::InterNetwork);
-    EXPECT_FALSE(AddressFamily::TryParse("Unspecified, InterNetwork", true, family));
-    BoxedMarks marks;
-    EXPECT_TRUE(BoxedMarks::TryParse("ReadOnly,Hidden", false, marks));
-    EXPECT_EQ(3, marks.ToInt32());
-    EXPECT_TRUE(marks.Equals(BoxedMarks(static_cast<Marks>(3))));
+    EXPECT_TRUE(FileAttributes(2).Equals(FileAttributes(FileAttributes::Hidden)));
+    EXPECT_TRUE(AddressFamily(2) == AddressFamily::InterNetwork);
 }

@@ -10,8 +10,6 @@
 #include <Core/System/Threading/ThreadAbortException.h>
 #include <Core/System/Threading/ThreadInterruptedException.h>
 
-#include <gmock/gmock.h>
-
 using namespace Tesmo;
 using namespace Tesmo::System;
 

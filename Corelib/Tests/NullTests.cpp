@@ -4,15 +4,10 @@
 #include <Core/System/Collections/Generic/Dictionary.h>
 #include <Core/System/Collections/Generic/Queue.h>
 #include <Core/System/Collections/Generic/SortedDictionary.h>
-#include <Core/System/DateTime.h>
-#include <Core/System/EventHandler.h>
 #include <Core/System/Net/IPEndPoint.h>
 #include <Core/System/Net/IPHostEntry.h>
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/Ref.h>
-#include <Core/System/Version.h>
-
-#include <functional>
 
 using namespace Tesmo;
 using namespace Tesmo::System;
@@ -45,11 +40,6 @@ public:
     }
 };
 
-struct Plain
-{
-    int number = 0;
-};
-
 template <class T>
 bool ReceivesNull(const T& reference)
 {
@@ -72,11 +62,6 @@ bool IsNullBehindBigBase(const Concrete& object)
 template <class T>
 const T& Nothing = null;
 
-struct Target
-{
-    void Call() {}
-};
-
 template <class T>
 void ExpectNoCopyOfNull(T target)
 {
@@ -92,29 +77,20 @@ void ExpectNoCopiesOfNull(const Ts&... targets)
 }
 } // namespace
 
-TEST(NullTests, NullIsNullUnderEveryClassAndBase)
+TEST(NullTests, NullIsNullUnderEveryClassAndBaseAndAnObjectNever)
 {
     EXPECT_TRUE(ReceivesNull<String>(null));
     EXPECT_TRUE(ReceivesNull<Abstract>(null));
-    EXPECT_TRUE(ReceivesNull<Plain>(null));
+    EXPECT_TRUE(ReceivesNull<Padding>(null));
     EXPECT_TRUE(ReceivesNull<Sp<String>>(null));
     EXPECT_EQ(7, CountNullBases(null));
     EXPECT_TRUE(IsNullBehindBigBase(null));
-}
 
-TEST(NullTests, AnObjectIsNeverNull)
-{
     static const String global = "global";
-    const String local;
     const Up<String> heap(new String("heap"));
-    const Concrete object;
-    const Plain plain;
-
-    EXPECT_EQ(0, CountNullBases(global));
-    EXPECT_EQ(0, CountNullBases(local));
-    EXPECT_EQ(0, CountNullBases(*heap));
-    EXPECT_FALSE(IsNullBehindBigBase(object));
-    EXPECT_FALSE(IsNull(plain));
+    EXPECT_EQ(0, CountNullBases(global) + CountNullBases(*heap) + CountNullBases("local"));
+    EXPECT_FALSE(IsNullBehindBigBase(Concrete()));
+    EXPECT_FALSE(IsNull(Padding()));
     EXPECT_FALSE(IsNull(null)); // the constant itself is an object
 }
 
@@ -132,25 +108,21 @@ TEST(NullTests, ACopyOfNullIsRefused)
 
 TEST(NullTests, OperationsThatNeedAnObjectRefuseNull)
 {
-    static Target target;
-    static Delegate<void> delegate;
-    const std::function<void()> operations[] = {
+    static const Concrete target;
+    static Delegate<int> delegate;
+    ExpectEachThrows<ArgumentNullException>({
         [] { static_cast<void>(DateTime() < Nothing<DateTime>); },
         [] { static_cast<void>(TimeSpan() < Nothing<TimeSpan>); },
         [] { static_cast<void>(Version() < Nothing<Version>); },
         [] { delegate += null; },
         [] { delegate -= null; },
-        [] { Delegate<void>(target, static_cast<void (Target::*)()>(nullptr)); },
+        [] { Delegate<int>(target, static_cast<int (Concrete::*)() const>(nullptr)); },
         [] { Ref<const String>(Nothing<String>); },
         [] { EndPoint(Nothing<Sockets::AddressFamily>); },
         [] { IPEndPoint(Nothing<IPAddress>, 1); },
         [] { IPHostEntry("", Nothing<Array<String>>, Array<IPAddress>(0)); },
         [] { throw Sockets::SocketException(Nothing<Sockets::SocketError>, ThrowSite); },
-    };
-    for (std::size_t row = 0; row < std::size(operations); row++)
-    {
-        EXPECT_THROW(operations[row](), ArgumentNullException) << "row " << row;
-    }
+    });
     EXPECT_FALSE(DateTime() == Nothing<DateTime> || TimeSpan() == Nothing<TimeSpan> || Version() == Nothing<Version>);
     delegate = null;
     EXPECT_TRUE(delegate == null);

@@ -12,6 +12,7 @@
 #include <Core/System/Char.h>
 #include <Core/System/DateTime.h>
 #include <Core/System/Double.h>
+#include <Core/System/EventHandler.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/IO/DirectoryNotFoundException.h>
 #include <Core/System/IO/FileNotFoundException.h>
@@ -30,7 +31,11 @@
 #include <Core/System/Single.h>
 #include <Core/System/String.h>
 #include <Core/System/Threading/AbandonedMutexException.h>
+#include <Core/System/Threading/Lock.h>
+#include <Core/System/Threading/Mutex.h>
+#include <Core/System/Threading/Semaphore.h>
 #include <Core/System/Threading/SemaphoreFullException.h>
+#include <Core/System/Threading/Thread.h>
 #include <Core/System/Threading/ThreadStateException.h>
 #include <Core/System/Type.h>
 #include <Core/System/UInt16.h>
@@ -42,6 +47,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <future>
 #include <limits>
 #include <set>
 #include <string>
@@ -58,4 +64,11 @@ void ExpectEachThrows(std::initializer_list<std::function<void()>> operations)
         EXPECT_THROW(operation(), E) << "operation " << row;
         row++;
     }
+}
+
+/// What the action gives on a thread of its own.
+template <class Action>
+auto OnAnotherThread(Action action)
+{
+    return std::async(std::launch::async, action).get();
 }

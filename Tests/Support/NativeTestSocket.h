@@ -2,9 +2,7 @@
 
 #include "Platform/Sockets.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
+#include <Tests/Support/CoreTest.h>
 
 namespace Tesmo::Platform
 {
