@@ -5,9 +5,7 @@
 
 namespace Lan
 {
-class AnnouncementTests : public LanTest
-{
-};
+using AnnouncementTests = LanTest;
 
 TEST_F(AnnouncementTests, AHostAnnouncesItselfByteForByteWithAndWithoutADefaultRoute)
 {

@@ -69,9 +69,7 @@ TEST_P(ChangeTests, AnAddressThatADatagramBroughtIsSetAndAnnounced)
 INSTANTIATE_TEST_SUITE_P(Real, ChangeTests,
                          testing::Values(Manager::None, Manager::NetworkManager, Manager::Networkd, Manager::Ifupdown));
 
-class RefusedChangeTests : public ChangeTests
-{
-};
+using RefusedChangeTests = ChangeTests;
 
 TEST_F(RefusedChangeTests, WhatIsRefusedOrForeignStartsNothingAndANewNameRestartsTheHost)
 {

@@ -5,9 +5,7 @@
 
 namespace Lan
 {
-class LogFileTests : public LanTest
-{
-};
+using LogFileTests = LanTest;
 
 TEST_F(LogFileTests, EachRunAppendsAHeaderAndRowsInTheFormThatReadersOfTheFileKnow)
 {

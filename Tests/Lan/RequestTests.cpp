@@ -5,9 +5,7 @@
 
 namespace Lan
 {
-class RequestTests : public LanTest
-{
-};
+using RequestTests = LanTest;
 
 TEST_F(RequestTests, TheRightRequestsAreAnsweredAtTheRightAddress)
 {

@@ -32,9 +32,7 @@ bool ShutDownFromOutside(pid_t process)
 }
 } // namespace
 
-class ResilienceTests : public LanTest
-{
-};
+using ResilienceTests = LanTest;
 
 TEST_F(ResilienceTests, ASocketClosedFromOutsideComesBackThroughOneRestart)
 {

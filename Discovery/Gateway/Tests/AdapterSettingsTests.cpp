@@ -11,13 +11,9 @@ namespace
 {
 
 /// Managers that wait for a cable.
-class DaemonTests : public AdapterSettingsTests
-{
-};
+using DaemonTests = AdapterSettingsTests;
 
-class NetworkdTests : public AdapterSettingsTests
-{
-};
+using NetworkdTests = AdapterSettingsTests;
 
 } // namespace
 
