@@ -219,6 +219,7 @@ void DiscoveryClient::EnqueueBroadcast(const Sp<ClientAction>& action)
 
 void DiscoveryClient::SendByeMessage()
 {
+    const Lock lock(lifecycleLock); // a send that fails raises an event that Start and Stop change
     if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); !(processor == null))
     {
         processor->SendByeMessage();

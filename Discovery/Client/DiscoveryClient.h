@@ -57,7 +57,8 @@ public:
     /// An event handler: queues a signature to everybody in the same way. It uses neither argument.
     void SendSignature(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args);
 
-    /// Says goodbye at once on the calling thread.
+    /// Says goodbye on the calling thread, at once or when a Start or Stop under way has ended. Not for the threads of
+    /// the stages, which those wait for.
     void SendByeMessage();
 
     /// Holds until the next stop, which a restart includes. Does nothing while the client is stopped.
