@@ -150,16 +150,20 @@ TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
 TEST_F(DiscoveryClientTests, EachRequestIsAnsweredByOneRestartWheneverItComes)
 {
     Silence();
-    gateway->changeResult = false;            // a cancel that comes before the wait ends the next one
-    using Row = std::tuple<const char*, int>; // when two more requests come, and the starts in all
-    for (const auto& [moment, expected] : {Row{"Starting 1", 2}, Row{"cancel 1", 2}, Row{"Stopping 1", 2},
-                                           Row{"bind 2", 2}, Row{"Starting 2", 3}, Row{"never", 2}})
+    gateway->changeResult = false; // a cancel that comes before the wait ends the next one
+    struct Row
     {
-        SCOPED_TRACE(moment);
+        std::string moment; // when two more requests come
+        int starts;         // in all
+    };
+    for (const Row& row : {Row{"Starting 1", 2}, Row{"cancel 1", 2}, Row{"Stopping 1", 2}, Row{"bind 2", 2},
+                           Row{"Starting 2", 3}, Row{"never", 2}})
+    {
+        SCOPED_TRACE(row.moment);
         int number = 0; // of the start, which one thread at a time makes
         const auto reach = [&, this](const std::string& name)
         {
-            if (name + " " + std::to_string(number) == moment)
+            if (name + " " + std::to_string(number) == row.moment)
             {
                 std::thread other([this] { Restart(); }); // must not wait for the start or the stop
                 Restart();
@@ -181,12 +185,12 @@ TEST_F(DiscoveryClientTests, EachRequestIsAnsweredByOneRestartWheneverItComes)
         log.Take();
 
         client->Start();
-        std::string("Starting 1") == moment ? void() : Restart();
-        ASSERT_TRUE(Await(raised, expected));
+        row.moment == "Starting 1" ? void() : Restart();
+        ASSERT_TRUE(Await(raised, row.starts));
         client->Stop(); // waits for the start under way
         EXPECT_EQ(ClientState::Stopped, client->State());
         EndClient();
-        EXPECT_EQ(expected - 1, std::ranges::count(log.Take(), Triggered));
+        EXPECT_EQ(row.starts - 1, std::ranges::count(log.Take(), Triggered));
     }
 }
 
