@@ -1,10 +1,10 @@
 #include "Benchmarks.h"
 #include "RatioReporter.h"
 
-#include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
-#include <Discovery/Client/DiscoveryReceiver.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
+#include <Discovery/Pipeline/CompleteWorker.h>
+#include <Discovery/Pipeline/DiscoveryReceiver.h>
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 
 #include <arpa/inet.h>

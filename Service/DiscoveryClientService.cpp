@@ -7,7 +7,7 @@
 #include <Core/System/Sp.h>
 #include <Discovery/Client/DiscoveryClient.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Log/DiscoveryLogger.h>
 
 #include <atomic>
 

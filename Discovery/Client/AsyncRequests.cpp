@@ -1,9 +1,8 @@
 #include "AsyncRequests.h"
 
-#include "Required.h"
+#include <Discovery/Pipeline/Required.h>
 
 #include <Core/System/Threading/Lock.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 
 #include <utility>
 
@@ -12,14 +11,12 @@ namespace Zelkor::Discovery::Client
 using Tesmo::null;
 using Tesmo::Sp;
 using Tesmo::System::Object;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Threading::EventResetMode;
 using Tesmo::System::Threading::Lock;
 using Tesmo::System::Threading::ParameterizedThreadStart;
 using Tesmo::System::Threading::Thread;
 
-AsyncRequests::AsyncRequests(const LogStreamChannel& clientChannel, const Sp<RestartSpacing>& givenSpacing,
+AsyncRequests::AsyncRequests(const DiscoveryChannel& clientChannel, const Sp<RestartSpacing>& givenSpacing,
                              Work givenWork)
     : channel(clientChannel),
       work(std::move(givenWork)),
@@ -95,9 +92,8 @@ void AsyncRequests::End()
 void AsyncRequests::Accept(AsyncRequest request)
 {
     asyncPending = true;
-    DiscoveryLogger::Instance().Write(
-        channel, request == AsyncRequest::Restart ? "Asynchronous restart triggered" : "Asynchronous stop triggered",
-        LogStreamLevel::Critical);
+    channel.Critical(request == AsyncRequest::Restart ? "Asynchronous restart triggered"
+                                                      : "Asynchronous stop triggered");
     Schedule(request, std::chrono::steady_clock::now() - lastStart);
 }
 

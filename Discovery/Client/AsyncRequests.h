@@ -1,11 +1,11 @@
 #pragma once
 
-#include <Core/LogStream/LogStreamChannel.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
 #include <Core/System/Threading/EventWaitHandle.h>
 #include <Core/System/Threading/Thread.h>
 #include <Discovery/Client/RestartSpacing.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 
 #include <chrono>
 #include <functional>
@@ -29,8 +29,7 @@ public:
     using Work = std::function<void(AsyncRequest request)>;
 
     /// @param clientChannel  where accepted requests are logged; it must outlive this object
-    AsyncRequests(const Tesmo::System::LogStreams::LogStreamChannel& clientChannel,
-                  const Tesmo::Sp<RestartSpacing>& givenSpacing, Work givenWork);
+    AsyncRequests(const DiscoveryChannel& clientChannel, const Tesmo::Sp<RestartSpacing>& givenSpacing, Work givenWork);
 
     /// Accepts the request, unless one is accepted already and no start has come after it: then it is dropped. During a
     /// start the first one is kept and accepted at its end.
@@ -56,7 +55,7 @@ private:
     void Schedule(AsyncRequest request, std::chrono::steady_clock::duration held);
     void StartThread();
 
-    const Tesmo::System::LogStreams::LogStreamChannel& channel;
+    const DiscoveryChannel& channel;
     const Work work;
 
     Tesmo::System::Object asyncLock; ///< guards all that follows; nothing is waited for under it

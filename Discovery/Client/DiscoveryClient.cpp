@@ -2,12 +2,11 @@
 
 #include "BroadcastSignatureAction.h"
 #include "ClientActionArgs.h"
-#include "CompleteWorker.h"
 #include "HelloAction.h"
-#include "Required.h"
+#include <Discovery/Pipeline/CompleteWorker.h>
+#include <Discovery/Pipeline/Required.h>
 
 #include <Core/System/Threading/Lock.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/DiscoveryVersion.h>
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 #include <Discovery/Transport/DiscoverySocketUdpClientFactory.h>
@@ -21,7 +20,6 @@ using Tesmo::System::EventHandler;
 using Tesmo::System::Exception;
 using Tesmo::System::Object;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
 using Tesmo::System::Threading::Lock;
 
@@ -172,7 +170,7 @@ Sp<DiscoveryClientTaskProcessor> DiscoveryClient::TaskProcessor() const
 
 void DiscoveryClient::LogCritical(const String& text)
 {
-    DiscoveryLogger::Instance().Write(channel, text, LogStreamLevel::Critical);
+    channel.Critical(text);
 }
 
 void DiscoveryClient::SendHelloMessage()
@@ -204,7 +202,7 @@ bool DiscoveryClient::TryGetHost(const char* operation, DiscoveryHost& host)
     {
         const String text = String::Format(
             "{0} aborted : exception caught during call to IDiscoveryClientDataGateway::GetHost !", operation);
-        DiscoveryLogger::Instance().Write(channel, text, failure);
+        channel.Critical(text, failure);
         return false;
     }
 }

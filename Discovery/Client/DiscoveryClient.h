@@ -1,6 +1,5 @@
 #pragma once
 
-#include <Core/LogStream/LogStreamChannel.h>
 #include <Core/System/EventHandler.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
@@ -10,10 +9,11 @@
 #include <Discovery/Client/DiscoveryClientIPChangeWatcher.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
 #include <Discovery/Client/DiscoveryClientTaskProcessor.h>
-#include <Discovery/Client/DiscoveryReceiver.h>
-#include <Discovery/Client/IBroadcastProvider.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
 #include <Discovery/Client/RestartSpacing.h>
+#include <Discovery/Log/DiscoveryChannel.h>
+#include <Discovery/Pipeline/DiscoveryReceiver.h>
+#include <Discovery/Pipeline/IBroadcastProvider.h>
 #include <Discovery/Transport/DiscoveryPorts.h>
 #include <Discovery/Transport/IDiscoverySocket.h>
 #include <Discovery/Transport/IDiscoverySocketFactory.h>
@@ -103,7 +103,7 @@ private:
     Tesmo::Sp<DiscoveryClientIPChangeWatcher> ipChangeWatcher;
     Tesmo::System::Object processorLock;
     bool needsRebuild = false;
-    Tesmo::System::LogStreams::LogStreamChannel channel;
+    DiscoveryChannel channel;
     AsyncRequests async;
     std::atomic<ClientState> state = ClientState::Unstarted;
     Tesmo::System::Object lifecycleLock; ///< held through Start and Stop; no worker may wait for it

@@ -1,8 +1,6 @@
 #include "DiscoveryClientIPChangeWatcher.h"
 
-#include "Required.h"
-
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Pipeline/Required.h>
 
 namespace Zelkor::Discovery::Client
 {
@@ -10,7 +8,6 @@ using Tesmo::Sp;
 using Tesmo::System::EventArgs;
 using Tesmo::System::Exception;
 using Tesmo::System::Object;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Threading::ParameterizedThreadStart;
 using Tesmo::System::Threading::Thread;
 
@@ -46,8 +43,7 @@ void DiscoveryClientIPChangeWatcher::Start()
 
 void DiscoveryClientIPChangeWatcher::Stop()
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
-    log.Write(channel, "Stopping IPChangeWatcher", LogStreamLevel::Critical);
+    channel.Critical("Stopping IPChangeWatcher");
     stopRequested = true;
     try
     {
@@ -55,11 +51,11 @@ void DiscoveryClientIPChangeWatcher::Stop()
     }
     catch (const Exception& failure)
     {
-        log.Write(channel, "Exception caught during call to IDiscoveryClientDataGateway::CancelWaitForIPChange !",
-                  failure);
+        channel.Critical("Exception caught during call to IDiscoveryClientDataGateway::CancelWaitForIPChange !",
+                         failure);
     }
     thread->Join();
-    log.Write(channel, "---IPChangeWatcher stopped---", LogStreamLevel::Critical);
+    channel.Critical("---IPChangeWatcher stopped---");
 }
 
 void DiscoveryClientIPChangeWatcher::ThreadMain(Object& watcher)
@@ -69,14 +65,13 @@ void DiscoveryClientIPChangeWatcher::ThreadMain(Object& watcher)
 
 void DiscoveryClientIPChangeWatcher::Run()
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
-    log.Write(channel, "---Waiting for IP changes...", LogStreamLevel::Critical);
+    channel.Critical("---Waiting for IP changes...");
     bool hasChanged = false;
     while (!stopRequested && WaitForChange(hasChanged))
     {
         if (hasChanged && !stopRequested) // a cancelled wait looks like a change
         {
-            log.Write(channel, "IP change detected ! Triggering action...", LogStreamLevel::Standard);
+            channel.Standard("IP change detected ! Triggering action...");
             IPChanged.Invoke(*this, EventArgs());
         }
     }
@@ -92,8 +87,7 @@ bool DiscoveryClientIPChangeWatcher::WaitForChange(bool& hasChanged)
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(
-            channel, "Aborting : Exception caught in IDiscoveryClientDataGateway::RunIPChangeWatcher !", failure);
+        channel.Critical("Aborting : Exception caught in IDiscoveryClientDataGateway::RunIPChangeWatcher !", failure);
         return false;
     }
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <Core/LogStream/LogStreamChannel.h>
 #include <Core/System/EventHandler.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
 #include <Core/System/Threading/Thread.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 
 #include <atomic>
 
@@ -38,6 +38,6 @@ private:
     Tesmo::Sp<Tesmo::System::Threading::Thread> thread;
     std::atomic<bool> stopRequested = false;
     Tesmo::Sp<IDiscoveryClientDataGateway> gateway;
-    Tesmo::System::LogStreams::LogStreamChannel channel;
+    DiscoveryChannel channel;
 };
 } // namespace Zelkor::Discovery::Client

@@ -4,11 +4,10 @@
 #include "ChangeYourHostNameAction.h"
 #include "ChangeYourIPConfigAction.h"
 #include "ClientActionArgs.h"
-#include "Required.h"
+#include <Discovery/Pipeline/Required.h>
 
 #include <Discovery/Protocol/ChangeYourHostNameMessage.h>
 #include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
 #include <Discovery/Protocol/DiscoveryVersion.h>
 #include <Discovery/Protocol/SendYourSignatureMessage.h>
@@ -21,7 +20,6 @@ using Tesmo::null;
 using Tesmo::Sp;
 using Tesmo::System::Exception;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
 
 DiscoveryClientMessageParser::DiscoveryClientMessageParser(const Sp<IDiscoveryClientDataGateway>& givenGateway)
@@ -47,7 +45,7 @@ void DiscoveryClientMessageParser::ProcessMessage(const String& text, const IPAd
     const IPAddress replyAddress = message->Broadcast ? IPAddress::Broadcast : sender;
     if (!IsMessageForMe(*message))
     {
-        DiscoveryLogger::Instance().Write(channel, "Message not for me : ignoring", LogStreamLevel::Debug);
+        channel.Debug("Message not for me : ignoring");
         return;
     }
     const Sp<ClientAction> action = MakeAction(*message);
@@ -66,7 +64,7 @@ Sp<DiscoveryMessage> DiscoveryClientMessageParser::Deserialize(const String& tex
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(channel, "Message dropped : bad format !", failure);
+        channel.Critical("Message dropped : bad format !", failure);
         return {};
     }
 }
@@ -75,12 +73,9 @@ void DiscoveryClientMessageParser::LogVersionMismatch(const DiscoveryMessage& me
 {
     if (!(message.Version == DiscoveryVersion()))
     {
-        DiscoveryLogger::Instance().Write(
-            channel,
-            String::Format(
-                "Version mismatch with received message ! [{0}] <> [{1}] -> Received data maybe inconsistent.",
-                DiscoveryVersion(), message.Version),
-            LogStreamLevel::Standard);
+        channel.Standard(String::Format(
+            "Version mismatch with received message ! [{0}] <> [{1}] -> Received data maybe inconsistent.",
+            DiscoveryVersion(), message.Version));
     }
 }
 
@@ -133,9 +128,8 @@ Sp<DiscoveryClientMessageParser::MACList> DiscoveryClientMessageParser::GetOwnAd
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(
-            channel, "Message ignored : exception caught during call to IDiscoveryClientDataGateway::GetMACAddress !",
-            failure);
+        channel.Critical(
+            "Message ignored : exception caught during call to IDiscoveryClientDataGateway::GetMACAddress !", failure);
         return {};
     }
 }
@@ -143,23 +137,22 @@ Sp<DiscoveryClientMessageParser::MACList> DiscoveryClientMessageParser::GetOwnAd
 /// Empty for the messages that ask for nothing.
 Sp<ClientAction> DiscoveryClientMessageParser::MakeAction(const DiscoveryMessage& message)
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
     switch (message.GetMessageType())
     {
     case DiscoveryMessageType::SignatureBroadcast:
-        log.Write(channel, "Message type : SignatureBroadcast", LogStreamLevel::Debug);
-        log.Write(channel, "Message ignored", LogStreamLevel::Standard);
+        channel.Debug("Message type : SignatureBroadcast");
+        channel.Standard("Message ignored");
         return {};
     case DiscoveryMessageType::ChangeYourIPConfig:
-        log.Write(channel, "Message type : ChangeYourIPConfig", LogStreamLevel::Standard);
+        channel.Standard("Message type : ChangeYourIPConfig");
         return Sp<ClientAction>(
             new ChangeYourIPConfigAction(dynamic_cast<const ChangeYourIPConfigMessage&>(message).NewNICConfigs));
     case DiscoveryMessageType::SendYourSignature:
     case DiscoveryMessageType::AllSendYourSignature: // the same text for both
-        log.Write(channel, "Message type : SendYourSignature", LogStreamLevel::Standard);
+        channel.Standard("Message type : SendYourSignature");
         return Sp<ClientAction>(new BroadcastSignatureAction());
     case DiscoveryMessageType::ChangeYourHostName:
-        log.Write(channel, "Message type : ChangeYourHostName", LogStreamLevel::Standard);
+        channel.Standard("Message type : ChangeYourHostName");
         return Sp<ClientAction>(
             new ChangeYourHostNameAction(dynamic_cast<const ChangeYourHostNameMessage&>(message).NewHostName));
     default: // Hello, Bye

@@ -2,8 +2,8 @@
 
 #include <Core/System/Collections/Generic/List.h>
 #include <Discovery/Client/ClientAction.h>
-#include <Discovery/Client/DiscoveryMessageParser.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
+#include <Discovery/Pipeline/DiscoveryMessageParser.h>
 #include <Discovery/Protocol/DiscoveryMessage.h>
 
 namespace Zelkor::Discovery::Client

@@ -2,12 +2,11 @@
 
 #include "ChangeYourHostNameAction.h"
 #include "ChangeYourIPConfigAction.h"
-#include "Required.h"
+#include <Discovery/Pipeline/Required.h>
 
 #include <Core/System/ObjectClosedException.h>
 #include <Core/System/Threading/Thread.h>
 #include <Discovery/Protocol/ByeMessage.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/DiscoveryVersion.h>
 #include <Discovery/Protocol/HelloMessage.h>
 
@@ -28,7 +27,6 @@ using Tesmo::System::Exception;
 using Tesmo::System::Object;
 using Tesmo::System::ObjectClosedException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
 using Tesmo::System::Net::Sockets::AddressFamily;
 using Tesmo::System::Net::Sockets::SocketError;
@@ -153,8 +151,7 @@ void DiscoveryClientTaskProcessor::SendHost(const ClientActionArgs& task, Discov
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(
-            channel,
+        channel.Critical(
             "Sending of message aborted : exception caught during call to IDiscoveryClientDataGateway::GetHost !",
             failure);
         return;
@@ -168,46 +165,41 @@ void DiscoveryClientTaskProcessor::SendHost(const ClientActionArgs& task, Discov
 
 void DiscoveryClientTaskProcessor::ChangeIPConfig(const ClientActionArgs& task)
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
     const Sp<NICList> configs = dynamic_cast<const ChangeYourIPConfigAction&>(*task.Action).NICConfigs;
     Sp<NICConfig> offender;
     if (!ValidateIPConfigs(*configs, offender))
     {
-        log.Write(channel, "A given IP config is invalid ! => Not changing and resending current signature.",
-                  LogStreamLevel::Critical);
-        log.Write(channel,
-                  String::Format("Invalid IP config : {0}/{1}/{2}", offender->IPAddress, offender->SubNetMask,
-                                 offender->DefaultGateway),
-                  LogStreamLevel::Critical);
+        channel.Critical("A given IP config is invalid ! => Not changing and resending current signature.");
+        channel.Critical(String::Format("Invalid IP config : {0}/{1}/{2}", offender->IPAddress, offender->SubNetMask,
+                                        offender->DefaultGateway));
         ResendSignature(task);
         return;
     }
-    log.Write(channel, "Changing IP Config", LogStreamLevel::Standard);
+    channel.Standard("Changing IP Config");
     try
     {
         gateway->ChangeIPConfig(configs); // the new signature follows when the platform reports the change
     }
     catch (const Exception& failure)
     {
-        log.Write(channel, "Exception caught during call to IDiscoveryClientDataGateway::ChangeIPConfig !", failure);
-        log.Write(channel, "IP Config change returned an exception -> sending signature.", LogStreamLevel::Critical);
+        channel.Critical("Exception caught during call to IDiscoveryClientDataGateway::ChangeIPConfig !", failure);
+        channel.Critical("IP Config change returned an exception -> sending signature.");
         ResendSignature(task);
     }
 }
 
 void DiscoveryClientTaskProcessor::ChangeHostName(const ClientActionArgs& task)
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
     const String& hostName = dynamic_cast<const ChangeYourHostNameAction&>(*task.Action).HostName;
-    log.Write(channel, "Changing HostName", LogStreamLevel::Standard);
+    channel.Standard("Changing HostName");
     try
     {
         gateway->ChangeHostName(hostName);
     }
     catch (const Exception& failure)
     {
-        log.Write(channel, "Exception caught during call to IDiscoveryClientDataGateway::ChangeHostName !", failure);
-        log.Write(channel, "HostName change returned an exception -> sending signature.", LogStreamLevel::Critical);
+        channel.Critical("Exception caught during call to IDiscoveryClientDataGateway::ChangeHostName !", failure);
+        channel.Critical("HostName change returned an exception -> sending signature.");
         ResendSignature(task);
         return;
     }
@@ -237,7 +229,7 @@ bool DiscoveryClientTaskProcessor::ValidateIPConfigs(const NICList& configs, Sp<
 
 void DiscoveryClientTaskProcessor::LogSending(DiscoveryMessageType type)
 {
-    DiscoveryLogger::Instance().Write(channel, "Sending message of type " + ToWireName(type), LogStreamLevel::Standard);
+    channel.Standard("Sending message of type " + ToWireName(type));
 }
 
 void DiscoveryClientTaskProcessor::SendHostMessage(const DiscoveryHost& host, const IPAddress& address,
@@ -265,9 +257,8 @@ void DiscoveryClientTaskProcessor::SendByeMessage()
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(
-            channel, "SendByeMessage aborted : exception caught during call to IDiscoveryClientDataGateway::GetHost !",
-            failure);
+        channel.Critical(
+            "SendByeMessage aborted : exception caught during call to IDiscoveryClientDataGateway::GetHost !", failure);
         return;
     }
     const bool hasOneInterface = host.NICs->Count() == 1;
@@ -312,11 +303,9 @@ Sp<IDiscoverySocket> DiscoveryClientTaskProcessor::CreateSocket(const IPAddress&
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(
-            channel,
-            String::Format("Exception caught while creating socket on address {0} ! ({1})", localAddress,
-                           failure.Message()),
-            failure);
+        channel.Critical(String::Format("Exception caught while creating socket on address {0} ! ({1})", localAddress,
+                                        failure.Message()),
+                         failure);
         return {};
     }
 }
@@ -325,11 +314,11 @@ void DiscoveryClientTaskProcessor::SendMessage(const DiscoveryMessage& message, 
                                                IDiscoverySocket& carrier)
 {
     const String json = message.ToJSON();
-    DiscoveryLogger::Instance().Write(channel, "Message (JSON) : " + json, LogStreamLevel::Debug);
+    channel.Debug("Message (JSON) : " + json);
     try
     {
         SendText(json, address, carrier);
-        DiscoveryLogger::Instance().Write(channel, "Message sent", LogStreamLevel::Standard);
+        channel.Standard("Message sent");
     }
     catch (const SocketException& failure)
     {
@@ -337,7 +326,7 @@ void DiscoveryClientTaskProcessor::SendMessage(const DiscoveryMessage& message, 
     }
     catch (const ObjectClosedException& failure)
     {
-        DiscoveryLogger::Instance().Write(channel, "Message not sent : socket closed", failure);
+        channel.Critical("Message not sent : socket closed", failure);
         RaiseRestartRequested();
     }
 }
@@ -352,8 +341,7 @@ void DiscoveryClientTaskProcessor::SendText(const String& json, const IPAddress&
     const Sp<IBroadcastProvider> provider = BroadcastProvider();
     if (address == IPAddress::Broadcast && !(provider == null))
     {
-        DiscoveryLogger::Instance().Write(channel, "Sending message using broadcast provider...",
-                                          LogStreamLevel::Debug);
+        channel.Debug("Sending message using broadcast provider...");
         provider->Send(bytes, size);
     }
     else
@@ -370,7 +358,7 @@ void DiscoveryClientTaskProcessor::HandleSendFailure(const SocketException& fail
     const bool isKnown = known != std::end(SendFailures);
     const String text =
         isKnown ? String(known->text) : String::Format("Unexpected socket error  : {0} !", failure.Message());
-    DiscoveryLogger::Instance().Write(channel, text, failure);
+    channel.Critical(text, failure);
     if (!isKnown || known->isFatal)
     {
         RaiseRestartRequested();

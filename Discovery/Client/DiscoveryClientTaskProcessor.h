@@ -4,8 +4,8 @@
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/Random.h>
 #include <Discovery/Client/ClientActionArgs.h>
-#include <Discovery/Client/DiscoveryTaskProcessor.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
+#include <Discovery/Pipeline/DiscoveryTaskProcessor.h>
 #include <Discovery/Protocol/DiscoveryMessageType.h>
 #include <Discovery/Protocol/SignatureBroadcastMessage.h>
 #include <Discovery/Transport/IDiscoverySocketFactory.h>

@@ -1,6 +1,5 @@
 #include "DiscoveryClientDataGatewayW32.h"
 
-#include <Core/LogStream/LogStreamLevel.h>
 #include <Core/System/Array.h>
 #include <Core/System/Byte.h>
 #include <Core/System/Exception.h>
@@ -20,7 +19,6 @@
 #include <Discovery/Gateway/Platform/IdentityNumber.h>
 #include <Discovery/Gateway/Platform/ProgramRoot.h>
 #include <Discovery/Gateway/Platform/Reboot.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -43,8 +41,6 @@ using Tesmo::System::IO::FileInfo;
 using Tesmo::System::IO::IOException;
 using Tesmo::System::IO::Path;
 using Tesmo::System::IO::StreamReader;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
 
 namespace
@@ -76,7 +72,7 @@ std::vector<Platform::Adapter> ReadAdapters()
 }
 
 /// Hands over the adapters in the host's order; one that fails is logged and left out.
-void ForEachAdapter(const LogStreamChannel& channel, const AdapterVisitor& visit)
+void ForEachAdapter(const DiscoveryChannel& channel, const AdapterVisitor& visit)
 {
     for (const Platform::Adapter& adapter : ReadAdapters())
     {
@@ -88,7 +84,7 @@ void ForEachAdapter(const LogStreamChannel& channel, const AdapterVisitor& visit
         {
             const std::string message = "Unexpected MAC Address length for " + adapter.friendlyName + ": " +
                                         std::to_string(adapter.macLength) + " -> NIC ignored";
-            DiscoveryLogger::Instance().Write(channel, String(message), LogStreamLevel::Critical);
+            channel.Critical(String(message));
         }
     }
 }
@@ -177,13 +173,10 @@ String AddressTexts(const NICConfig& config)
 }
 
 /// @throws Exception  the host refused
-void Apply(const LogStreamChannel& channel, const NICConfig& item)
+void Apply(const DiscoveryChannel& channel, const NICConfig& item)
 {
-    DiscoveryLogger& logger = DiscoveryLogger::Instance();
-    logger.Write(channel,
-                 "Updating IP config of " + item.FriendlyName + " (" + item.MACAddress.ToString() +
-                     "). New IP config : " + AddressTexts(item),
-                 LogStreamLevel::Standard);
+    channel.Standard("Updating IP config of " + item.FriendlyName + " (" + item.MACAddress.ToString() +
+                     "). New IP config : " + AddressTexts(item));
     const Platform::AdapterSettings settings = {
         item.FriendlyName.Utf8(), item.IPAddress.ToString().Utf8(), item.SubNetMask.ToString().Utf8(),
         item.HasDefaultGateway ? item.DefaultGateway.ToString().Utf8() : std::string()};
@@ -192,7 +185,7 @@ void Apply(const LogStreamChannel& channel, const NICConfig& item)
     const int error = Platform::ApplyAdapterSettings(settings, remark);
     if (!remark.empty())
     {
-        logger.Write(channel, "IP config of " + item.FriendlyName + " : " + String(remark), LogStreamLevel::Critical);
+        channel.Critical("IP config of " + item.FriendlyName + " : " + String(remark));
     }
     if (error != 0)
     {
@@ -255,7 +248,7 @@ Sp<List<Sp<DiscoveryHostProduct>>> DiscoveryClientDataGatewayW32::GetProducts()
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(channel, "Aborting GetProducts : exception caught in GetProducts !", failure);
+        channel.Critical("Aborting GetProducts : exception caught in GetProducts !", failure);
         return Sp<List<Sp<DiscoveryHostProduct>>>(new List<Sp<DiscoveryHostProduct>>());
     }
 }
@@ -273,8 +266,7 @@ Sp<FileTransferInfos> DiscoveryClientDataGatewayW32::GetFileTransferInfos()
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(channel, "Aborting GetFileTransferInfos : exception caught in GetFTPInfos !",
-                                          failure);
+        channel.Critical("Aborting GetFileTransferInfos : exception caught in GetFTPInfos !", failure);
         return Sp<FileTransferInfos>(new FileTransferInfos());
     }
 }
@@ -361,8 +353,7 @@ void DiscoveryClientDataGatewayW32::ChangeIPConfig(Sp<List<Sp<NICConfig>>> confi
     const Sp<List<Sp<NICConfig>>> items = MakeWorkItems(*configs, *GetNICConfigs());
     if (items->Count() == 0)
     {
-        DiscoveryLogger::Instance().Write(channel, "No IP configuration to update on this Client.",
-                                          LogStreamLevel::Standard);
+        channel.Standard("No IP configuration to update on this Client.");
         return;
     }
     for (const Sp<NICConfig>& item : *items)

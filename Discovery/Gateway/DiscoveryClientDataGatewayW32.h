@@ -1,7 +1,7 @@
 #pragma once
 
-#include <Core/LogStream/LogStreamChannel.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 
 namespace Zelkor::Discovery::Client
 {
@@ -64,6 +64,6 @@ public:
 private:
     Tesmo::System::String productIDsFolder;
     Tesmo::System::String fileTransferInfosFile;
-    Tesmo::System::LogStreams::LogStreamChannel channel;
+    DiscoveryChannel channel;
 };
 } // namespace Zelkor::Discovery::Client

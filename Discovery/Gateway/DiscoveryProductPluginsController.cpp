@@ -2,7 +2,6 @@
 
 #include "IDiscoveryProductPlugin.h"
 
-#include <Core/LogStream/LogStreamLevel.h>
 #include <Core/System/Array.h>
 #include <Core/System/BadImageFormatException.h>
 #include <Core/System/EntryPointNotFoundException.h>
@@ -11,7 +10,6 @@
 #include <Core/System/IO/Path.h>
 #include <Core/System/ThrowSite.h>
 #include <Discovery/Gateway/Platform/DynamicLibrary.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 
 #include <array>
 #include <cstddef>
@@ -34,7 +32,6 @@ using Tesmo::System::Collections::Generic::List;
 using Tesmo::System::IO::DirectoryInfo;
 using Tesmo::System::IO::FileInfo;
 using Tesmo::System::IO::Path;
-using Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
@@ -83,11 +80,10 @@ DiscoveryProductPluginsController::DiscoveryProductPluginsController(const Strin
 Sp<List<Sp<DiscoveryHostProduct>>> DiscoveryProductPluginsController::GetProducts() const
 {
     Sp<List<Sp<DiscoveryHostProduct>>> products(new List<Sp<DiscoveryHostProduct>>());
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
     const DirectoryInfo directory(folder);
     if (!directory.Exists())
     {
-        log.Write(channel, "The product identifiers folder doesn't exist.", LogStreamLevel::Critical);
+        channel.Critical("The product identifiers folder doesn't exist.");
         return products;
     }
     const Array<FileInfo> files = directory.GetFiles(Platform::LibraryPattern);
@@ -95,8 +91,7 @@ Sp<List<Sp<DiscoveryHostProduct>>> DiscoveryProductPluginsController::GetProduct
     {
         return products;
     }
-    log.Write(channel, String("Found " + std::to_string(files.Length()) + " ProductInfos plugins."),
-              LogStreamLevel::Standard);
+    channel.Standard(String("Found " + std::to_string(files.Length()) + " ProductInfos plugins."));
     for (const FileInfo& file : files)
     {
         AddProduct(file.Name(), *products);
@@ -106,21 +101,19 @@ Sp<List<Sp<DiscoveryHostProduct>>> DiscoveryProductPluginsController::GetProduct
 
 void DiscoveryProductPluginsController::AddProduct(const String& name, List<Sp<DiscoveryHostProduct>>& products) const
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
     try
     {
         const Sp<DiscoveryHostProduct> product = LoadProduct(Path::Combine(folder, name));
         if (product == null)
         {
-            log.Write(channel, "Product infos DLL returned an error, product will be ignored. File : " + name,
-                      LogStreamLevel::Critical);
+            channel.Critical("Product infos DLL returned an error, product will be ignored. File : " + name);
             return;
         }
         products.Add(product);
     }
     catch (const Exception& failure)
     {
-        log.Write(channel, "Exception caught in while getting product infos in DLL : " + name, failure);
+        channel.Critical("Exception caught in while getting product infos in DLL : " + name, failure);
     }
 }
 
@@ -156,7 +149,6 @@ Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const St
 
 void DiscoveryProductPluginsController::LogLastError() const
 {
-    DiscoveryLogger::Instance().Write(channel, String("GetLastError : " + Platform::LastLibraryError()),
-                                      LogStreamLevel::Critical);
+    channel.Critical(String("GetLastError : " + Platform::LastLibraryError()));
 }
 } // namespace Zelkor::Discovery::Client

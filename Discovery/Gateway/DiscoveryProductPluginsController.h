@@ -1,10 +1,10 @@
 #pragma once
 
-#include <Core/LogStream/LogStreamChannel.h>
 #include <Core/System/Collections/Generic/List.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
 #include <Core/System/String.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 #include <Discovery/Protocol/DiscoveryHostProduct.h>
 
 namespace Zelkor::Discovery::Client
@@ -32,6 +32,6 @@ private:
     void LogLastError() const;
 
     Tesmo::System::String folder;
-    Tesmo::System::LogStreams::LogStreamChannel channel;
+    DiscoveryChannel channel;
 };
 } // namespace Zelkor::Discovery::Client

@@ -1,11 +1,8 @@
 #include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
 
 #include <Core/System/Exception.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/ThrowSite.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Protocol/MessageKey.h>
 #include <Serialization.Json/JSONArray.h>
-#include <Serialization.Json/JSONObject.h>
 
 namespace Zelkor::Discovery
 {
@@ -14,22 +11,12 @@ using Serialization::Json::JSONObject;
 using Serialization::Json::JSONStringer;
 using Tesmo::Sp;
 using Tesmo::System::Exception;
-using Tesmo::System::FormatException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
-const String newNICConfigsKey = "NewNICConfigs";
-
 /// So many bad elements of a message have a row of their own: a datagram can hold some 32,000.
 constexpr int MostElementRows = 100;
-
-void LogCritical(const String& text)
-{
-    DiscoveryLogger::Instance().Write(LogStreamChannel("ChangeYourIPConfigMessage"), text, LogStreamLevel::Critical);
-}
 
 /// @returns false where the element is no object or can't be read
 bool ReadElement(const JSONArray& elements, int index, NICConfig& config)
@@ -64,7 +51,7 @@ int ReadElements(const JSONArray& elements, ChangeYourIPConfigMessage::NICList& 
         }
         else if (++bad <= MostElementRows)
         {
-            LogCritical("Failed to parse NIC config !!! Ignoring this one...");
+            DiscoveryChannel(NewNICConfigsKey.channel).Critical("Failed to parse NIC config !!! Ignoring this one...");
         }
     }
     return bad;
@@ -88,7 +75,7 @@ DiscoveryMessageType ChangeYourIPConfigMessage::GetMessageType() const
 void ChangeYourIPConfigMessage::WriteJSON(JSONStringer& stringer) const
 {
     DiscoveryMessage::WriteJSON(stringer);
-    stringer.Key(newNICConfigsKey).BeginArray();
+    stringer.Key(NewNICConfigsKey.name).BeginArray();
     for (const Sp<NICConfig>& config : *NewNICConfigs)
     {
         config->WriteJSON(stringer);
@@ -100,16 +87,13 @@ void ChangeYourIPConfigMessage::ReadJSON(const String& text)
 {
     DiscoveryMessage::ReadJSON(text);
     JSONArray elements;
-    if (!JSONObject(text).TryGetValue(newNICConfigsKey, elements))
-    {
-        LogCritical("No \"New NIC Configs\" key !!! => BAD MESSAGE FORMAT !");
-        throw FormatException(ThrowSite);
-    }
+    NewNICConfigsKey.Read(JSONObject(text), elements);
     NewNICConfigs->Clear();
     const int untold = ReadElements(elements, *NewNICConfigs) - MostElementRows;
     if (untold > 0)
     {
-        LogCritical(String::Format("Failed to parse NIC config !!! Ignoring {0} more...", untold));
+        DiscoveryChannel(NewNICConfigsKey.channel)
+            .Critical(String::Format("Failed to parse NIC config !!! Ignoring {0} more...", untold));
     }
 }
 } // namespace Zelkor::Discovery

@@ -2,7 +2,7 @@
 
 #include <Core/System/Checks.h>
 #include <Core/System/Exception.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 #include <Serialization.Json/JSONArray.h>
 #include <Serialization.Json/JSONObject.h>
 
@@ -19,8 +19,6 @@ using Tesmo::System::Exception;
 using Tesmo::System::NotNull;
 using Tesmo::System::String;
 using Tesmo::System::Collections::Generic::List;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
@@ -104,9 +102,8 @@ void WriteInfos(JSONStringer& stringer, const Sp<FileTransferInfos>& infos)
     }
     catch (const Exception& failure) // an empty key: the pairs before it stay, and the host is announced all the same
     {
-        DiscoveryLogger::Instance().Write(LogStreamChannel(channelName),
-                                          "Exception caught during JSON FileTransfer infos parsing -> ignoring.",
-                                          failure);
+        DiscoveryChannel(channelName)
+            .Critical("Exception caught during JSON FileTransfer infos parsing -> ignoring.", failure);
     }
     stringer.EndObject();
 }
@@ -225,9 +222,7 @@ void DiscoveryHost::ReadJSON(const String& text)
     }
     if (!ReadInfos(object, *FileTransferInfos))
     {
-        DiscoveryLogger::Instance().Write(LogStreamChannel(channelName),
-                                          "No FileTransfer infos or failed to parse JSON data",
-                                          LogStreamLevel::Standard);
+        DiscoveryChannel(channelName).Standard("No FileTransfer infos or failed to parse JSON data");
     }
 }
 

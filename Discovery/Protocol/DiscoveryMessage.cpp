@@ -1,69 +1,31 @@
 #include <Discovery/Protocol/DiscoveryMessage.h>
 
 #include <Core/System/Boolean.h>
-#include <Core/System/FormatException.h>
-#include <Core/System/ThrowSite.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/DiscoveryVersion.h>
-#include <Serialization.Json/JSONObject.h>
+#include <Discovery/Protocol/MessageKey.h>
 
 namespace Zelkor::Discovery
 {
 using Serialization::Json::JSONObject;
 using Serialization::Json::JSONStringer;
 using Tesmo::System::Boolean;
-using Tesmo::System::FormatException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
-const String typeKey = "DiscoveryMessageType";
-const String versionKey = "DiscoveryVersion";
-const String broadcastKey = "Broadcast";
-
-void Log(const char* text, LogStreamLevel level)
-{
-    DiscoveryLogger::Instance().Write(LogStreamChannel("DiscoveryMessage"), text, level);
-}
-
-String ReadTypeName(const JSONObject& object)
-{
-    String name;
-    if (!object.TryGetValue(typeKey, name))
-    {
-        Log("No message type key !!! => BAD MESSAGE FORMAT !", LogStreamLevel::Critical);
-        throw FormatException(ThrowSite);
-    }
-    return name;
-}
-
-String ReadVersionText(const JSONObject& object)
-{
-    String version;
-    if (!object.TryGetValue(versionKey, version))
-    {
-        Log("No version key !!! => BAD MESSAGE FORMAT !", LogStreamLevel::Critical);
-        throw FormatException(ThrowSite);
-    }
-    return version;
-}
-
 /// The flag is a string on the wire; a real JSON boolean counts as missing.
 bool ReadBroadcast(const JSONObject& object)
 {
     String text;
-    if (!object.TryGetValue(broadcastKey, text))
+    if (!object.TryGetValue(BroadcastKey.name, text))
     {
-        Log("No Broadcast key. Assuming broadcast message.", LogStreamLevel::Debug);
+        DiscoveryChannel(BroadcastKey.channel).Debug("No Broadcast key. Assuming broadcast message.");
         return true;
     }
     bool broadcast = true;
     if (!Boolean::TryParse(text, broadcast))
     {
-        Log("No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !", LogStreamLevel::Critical);
-        throw FormatException(ThrowSite);
+        BroadcastKey.ThrowBadFormat();
     }
     return broadcast;
 }
@@ -89,21 +51,25 @@ String DiscoveryMessage::ToJSON() const
 
 void DiscoveryMessage::WriteJSON(JSONStringer& stringer) const
 {
-    stringer.Key(typeKey).Value(ToWireName(GetMessageType()));
-    stringer.Key(versionKey).Value(Version.ToString());
-    stringer.Key(broadcastKey).Value(Boolean(Broadcast).ToString());
+    stringer.Key(MessageTypeKey.name).Value(ToWireName(GetMessageType()));
+    stringer.Key(VersionKey.name).Value(Version.ToString());
+    stringer.Key(BroadcastKey.name).Value(Boolean(Broadcast).ToString());
 }
 
 void DiscoveryMessage::ReadJSON(const String& text)
 {
     const JSONObject object(text);
-    ReadTypeName(object);
-    Version = Tesmo::System::Version::Parse(ReadVersionText(object));
+    String value;
+    MessageTypeKey.Read(object, value);
+    VersionKey.Read(object, value);
+    Version = Tesmo::System::Version::Parse(value);
     Broadcast = ReadBroadcast(object);
 }
 
 DiscoveryMessageType DiscoveryMessage::ParseMessageType(const String& text)
 {
-    return FromWireName(ReadTypeName(JSONObject(text)));
+    String name;
+    MessageTypeKey.Read(JSONObject(text), name);
+    return FromWireName(name);
 }
 } // namespace Zelkor::Discovery

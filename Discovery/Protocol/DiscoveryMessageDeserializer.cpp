@@ -2,11 +2,11 @@
 
 #include <Core/System/FormatException.h>
 #include <Core/System/ThrowSite.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 #include <Discovery/Protocol/AllSendYourSignatureMessage.h>
 #include <Discovery/Protocol/ByeMessage.h>
 #include <Discovery/Protocol/ChangeYourHostNameMessage.h>
 #include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 #include <Discovery/Protocol/HelloMessage.h>
 #include <Discovery/Protocol/SendYourSignatureMessage.h>
 #include <Discovery/Protocol/SignatureBroadcastMessage.h>
@@ -18,8 +18,6 @@ using Serialization::Json::JSONStringer;
 using Tesmo::Up;
 using Tesmo::System::FormatException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
@@ -43,8 +41,7 @@ Up<DiscoveryMessage> Create(DiscoveryMessageType type)
         return Up<DiscoveryMessage>(new ChangeYourHostNameMessage());
     }
     // For a type that has got a name but no class yet.
-    DiscoveryLogger::Instance().Write(LogStreamChannel("DiscoveryMessageDeserializer"),
-                                      "Message type not supported !!!", LogStreamLevel::Critical);
+    DiscoveryChannel("DiscoveryMessageDeserializer").Critical("Message type not supported !!!");
     throw FormatException(ThrowSite);
 }
 } // namespace

@@ -1,23 +1,12 @@
 #include <Discovery/Protocol/SendYourSignatureMessage.h>
 
-#include <Core/System/FormatException.h>
-#include <Core/System/ThrowSite.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
-#include <Serialization.Json/JSONObject.h>
+#include <Discovery/Protocol/MessageKey.h>
 
 namespace Zelkor::Discovery
 {
 using Serialization::Json::JSONObject;
 using Serialization::Json::JSONStringer;
-using Tesmo::System::FormatException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
-
-namespace
-{
-const String targetedMACAddressKey = "TargetedMACAddress";
-} // namespace
 
 SendYourSignatureMessage::SendYourSignatureMessage(const Tesmo::System::Version& version)
     : DiscoveryMessage(version, false)
@@ -41,7 +30,7 @@ void SendYourSignatureMessage::WriteJSON(JSONStringer& stringer) const
     DiscoveryMessage::WriteJSON(stringer);
     if (Broadcast)
     {
-        stringer.Key(targetedMACAddressKey).Value(TargetedMACAddress.ToString());
+        stringer.Key(SignatureOfKey.name).Value(TargetedMACAddress.ToString());
     }
 }
 
@@ -53,13 +42,7 @@ void SendYourSignatureMessage::ReadJSON(const String& text)
         return;
     }
     String address;
-    if (!JSONObject(text).TryGetValue(targetedMACAddressKey, address))
-    {
-        DiscoveryLogger::Instance().Write(LogStreamChannel("SendYourSignatureMessage"),
-                                          "No targeted MAC address !!! => BAD MESSAGE FORMAT !",
-                                          LogStreamLevel::Critical);
-        throw FormatException(ThrowSite);
-    }
+    SignatureOfKey.Read(JSONObject(text), address);
     TargetedMACAddress = MACAddress(address);
 }
 } // namespace Zelkor::Discovery

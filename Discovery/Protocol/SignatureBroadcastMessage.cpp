@@ -1,9 +1,6 @@
 #include <Discovery/Protocol/SignatureBroadcastMessage.h>
 
-#include <Core/System/FormatException.h>
-#include <Core/System/ThrowSite.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
-#include <Serialization.Json/JSONObject.h>
+#include <Discovery/Protocol/MessageKey.h>
 
 namespace Zelkor::Discovery
 {
@@ -11,20 +8,11 @@ using Serialization::Json::JSONObject;
 using Serialization::Json::JSONStringer;
 using Tesmo::null;
 using Tesmo::Sp;
-using Tesmo::System::FormatException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
-const String hostKey = "Host";
 const String sourceNICKey = "SourceNIC";
-
-void Log(const char* text, LogStreamLevel level)
-{
-    DiscoveryLogger::Instance().Write(LogStreamChannel("SignatureBroadcastMessage"), text, level);
-}
 } // namespace
 
 SignatureBroadcastMessage::SignatureBroadcastMessage(const Tesmo::System::Version& version) : DiscoveryMessage(version)
@@ -54,7 +42,7 @@ DiscoveryMessageType SignatureBroadcastMessage::GetMessageType() const
 void SignatureBroadcastMessage::WriteJSON(JSONStringer& stringer) const
 {
     DiscoveryMessage::WriteJSON(stringer);
-    stringer.Key(hostKey);
+    stringer.Key(HostKey.name);
     Host.WriteJSON(stringer);
     if (!(SourceNIC == null))
     {
@@ -68,15 +56,11 @@ void SignatureBroadcastMessage::ReadJSON(const String& text)
     DiscoveryMessage::ReadJSON(text);
     const JSONObject object(text);
     JSONObject nested;
-    if (!object.TryGetValue(hostKey, nested))
-    {
-        Log("No Host key !!! => BAD MESSAGE FORMAT !", LogStreamLevel::Critical);
-        throw FormatException(ThrowSite);
-    }
+    HostKey.Read(object, nested);
     Host.ReadJSON(nested.ToString());
     if (!object.TryGetValue(sourceNICKey, nested))
     {
-        Log("No Source NIC key. Ignoring.", LogStreamLevel::Standard);
+        DiscoveryChannel(HostKey.channel).Standard("No Source NIC key. Ignoring.");
         SourceNIC.Reset(nullptr);
         return;
     }

@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Log/DiscoveryLogger.h>
 #include <Service/DiscoveryClientService.h>
 #include <Service/Platform/LogRoot.h>
 #include <Service/Platform/ServiceControl.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <Core/System/Threading/Semaphore.h>
-#include <Discovery/Client/DiscoveryMessageParser.h>
+#include <Discovery/Pipeline/DiscoveryMessageParser.h>
 
 #include <functional>
 

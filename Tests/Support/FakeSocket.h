@@ -3,7 +3,7 @@
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/ObjectClosedException.h>
 #include <Core/System/Threading/Semaphore.h>
-#include <Discovery/Client/IBroadcastProvider.h>
+#include <Discovery/Pipeline/IBroadcastProvider.h>
 #include <Discovery/Transport/IDiscoverySocketFactory.h>
 #include <gmock/gmock.h>
 

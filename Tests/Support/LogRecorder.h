@@ -3,7 +3,7 @@
 #include <Core/LogStream/ILogStream.h>
 #include <Core/System/EventArgs.h>
 #include <Core/System/Threading/Semaphore.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Log/DiscoveryLogger.h>
 #include <gtest/gtest.h>
 
 #include <condition_variable>

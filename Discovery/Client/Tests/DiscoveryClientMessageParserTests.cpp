@@ -1,8 +1,8 @@
 #include <Tests/Support/FakeGateway.h>
 
 #include <Discovery/Client/ClientActionArgs.h>
-#include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryClientMessageParser.h>
+#include <Discovery/Pipeline/CompleteWorker.h>
 #include <Tests/Support/LogRecorder.h>
 
 namespace Zelkor::Discovery::Client

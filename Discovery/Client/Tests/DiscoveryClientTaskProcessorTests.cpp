@@ -3,9 +3,9 @@
 
 #include <Discovery/Client/ChangeYourHostNameAction.h>
 #include <Discovery/Client/ChangeYourIPConfigAction.h>
-#include <Discovery/Client/CompleteWorker.h>
 #include <Discovery/Client/DiscoveryClientTaskProcessor.h>
 #include <Discovery/Client/HelloAction.h>
+#include <Discovery/Pipeline/CompleteWorker.h>
 #include <Serialization.Json/JSONObject.h>
 #include <Tests/Support/LogRecorder.h>
 

@@ -267,7 +267,7 @@ TEST_F(DiscoveryClientTests, ARestartThatCannotBindIsTriedAgainWithoutARow)
 
 TEST_F(DiscoveryClientTests, ARestartWaitsForItsOwnTimeAfterOneThatWasDropped)
 {
-    const Tesmo::System::LogStreams::LogStreamChannel channel("Requests");
+    const DiscoveryChannel channel("Requests");
     AsyncRequests requests(channel, spacing, [&](AsyncRequest) { raised.Release(); });
     spacing->waitsFrom = 0;
     for (int round = 0; round < 1000; ++round)

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// The static IPv4 configuration that an adapter shall have.
@@ -29,4 +29,4 @@ int DisableAddressProbes(const AdapterSettings& settings);
 /// @returns 0, or a failure: the platform's code where it gives one
 int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

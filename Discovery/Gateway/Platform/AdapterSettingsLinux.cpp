@@ -18,7 +18,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -202,4 +202,4 @@ catch (const std::exception& failure) // a folder that can't be read to its end,
     return Tell(EIO, failure.what(), remark);
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

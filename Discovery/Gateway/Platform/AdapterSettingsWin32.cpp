@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -39,4 +39,4 @@ int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark)
                settings.ipAddressText.c_str(), settings.ipMaskText.c_str(), settings.gatewayText.c_str());
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

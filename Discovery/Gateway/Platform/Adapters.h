@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 constexpr int AdapterAddressSize = 8; ///< bytes (iptypes.h: MAX_ADAPTER_ADDRESS_LENGTH)
@@ -30,4 +30,4 @@ struct Adapter
 /// @returns 0, or a failure: the platform's code where it gives one; a host without any adapter counts as a failure
 int ReadAdapters(std::vector<Adapter>& adapters);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -19,7 +19,7 @@
 #include <set>
 #include <tuple>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -254,4 +254,4 @@ int ReadAdapters(std::vector<Adapter>& adapters)
     return adapters.empty() ? ENODEV : 0;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

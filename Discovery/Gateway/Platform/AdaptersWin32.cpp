@@ -9,7 +9,7 @@
 #include <cstring>
 #include <new>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -129,4 +129,4 @@ int ReadAdapters(std::vector<Adapter>& adapters)
     }
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

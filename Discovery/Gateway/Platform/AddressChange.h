@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Blocks until an IPv4 address of the host changes. One wait at a time in the process.
@@ -19,4 +19,4 @@ int CancelAddressChangeWait();
 /// first one. Not while a wait is under way.
 void EndAddressChangeWatch();
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

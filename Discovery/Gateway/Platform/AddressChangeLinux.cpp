@@ -16,7 +16,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -232,4 +232,4 @@ void EndAddressChangeWatch()
     Take(NoticeEvent(), Outcome::Changed);
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

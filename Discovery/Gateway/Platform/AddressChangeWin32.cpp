@@ -6,7 +6,7 @@
 
 #include <atomic>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -75,4 +75,4 @@ void EndAddressChangeWatch()
     }
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

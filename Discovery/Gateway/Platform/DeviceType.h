@@ -1,9 +1,9 @@
 #pragma once
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// What this host is, for the people who see it announced. Any thread.
 const char* DeviceType();
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

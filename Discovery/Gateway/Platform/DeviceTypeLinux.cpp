@@ -1,6 +1,6 @@
 #include "DeviceType.h"
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 const char* DeviceType()
@@ -8,4 +8,4 @@ const char* DeviceType()
     return "Linux PC";
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Dynamic libraries of the operating system, to be loaded and unloaded while the program runs. Any thread; a library
@@ -30,4 +30,4 @@ void CloseLibrary(Library library);
 /// @returns the text of dlerror on Linux, the number of GetLastError in decimal on Win32
 std::string LastLibraryError();
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -4,7 +4,7 @@
 #include <link.h>
 #include <mutex>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -49,4 +49,4 @@ std::string LastLibraryError()
     return text != nullptr ? text : "the function is exported by a library that this one needs";
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 const char* const LibraryPattern = "*.dll";
@@ -34,4 +34,4 @@ std::string LastLibraryError()
     return std::to_string(GetLastError());
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 constexpr int HostNameSize = 1024; ///< bytes with the closing zero; Linux needs 65 (gethostname(2), HOST_NAME_MAX)
@@ -18,4 +18,4 @@ int ReadHostName(char (&name)[HostNameSize]);
 /// @returns 0, or a failure: the platform's code where it gives one
 int WriteHostName(const std::string& name);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

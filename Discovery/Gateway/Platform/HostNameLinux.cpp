@@ -8,7 +8,7 @@
 #include <cstring>
 #include <unistd.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -62,4 +62,4 @@ int WriteHostName(const std::string& name)
     return StartBusService(bus, Service) ? WriteThroughService(bus, name) : WriteOurselves(name);
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 int ReadHostName(char (&name)[HostNameSize])
@@ -29,4 +29,4 @@ int WriteHostName(const std::string& name)
     return done != 0 ? 0 : std::max(1, static_cast<int>(GetLastError()));
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

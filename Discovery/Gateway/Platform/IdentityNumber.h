@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Reads the machine's identity number, which other software puts there. Any thread.
@@ -12,4 +12,4 @@ namespace Zelkor::Discovery::Platform
 /// @returns the number, 0 to 4294967294, or none if it is absent, unreadable or 4294967295
 std::optional<std::uint32_t> ReadIdentityNumber();
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string_view>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -43,4 +43,4 @@ std::optional<std::uint32_t> ReadIdentityNumber()
     return length > MaximumSize ? std::nullopt : Parse(std::string_view(text, length));
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

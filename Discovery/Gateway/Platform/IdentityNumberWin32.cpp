@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -41,4 +41,4 @@ std::optional<std::uint32_t> ReadIdentityNumber()
     return number; // the key stays open on this path: required
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// The folder under which the programs of this host lie: ZELKOR_PROGRAM_ROOT on Linux, the parent of the 32-bit
@@ -10,4 +10,4 @@ namespace Zelkor::Discovery::Platform
 /// @returns the path as UTF-8, empty if the host names no such folder
 std::string ProgramRoot();
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

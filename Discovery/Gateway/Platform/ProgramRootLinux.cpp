@@ -1,6 +1,6 @@
 #include "ProgramRoot.h"
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 std::string ProgramRoot()
@@ -8,4 +8,4 @@ std::string ProgramRoot()
     return ZELKOR_PROGRAM_ROOT;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

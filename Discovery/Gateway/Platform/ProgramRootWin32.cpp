@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -35,4 +35,4 @@ std::string ProgramRoot()
     return ToUtf8(path.substr(0, path.rfind(L'\\') + 1));
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

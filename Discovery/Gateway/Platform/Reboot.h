@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Has the host restarted after the given time, and tells its users. Task thread.
@@ -8,4 +8,4 @@ namespace Zelkor::Discovery::Platform
 /// @returns 0, or a failure: the platform's code where it gives one
 int RequestReboot(int seconds);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -66,4 +66,4 @@ int RequestReboot(int seconds)
     return StartBusService(bus, Service) ? RequestFromManager(bus, seconds) : RequestFromShutdown(seconds);
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -56,4 +56,4 @@ int RequestReboot(int seconds)
     return done == 1 ? 0 : FailureCode();
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -14,7 +14,7 @@
 class AdapterSettingsTests : public IsolatedTest<PrivateHost>, public testing::WithParamInterface<Manager>
 {
 protected:
-    using AdapterSettings = Zelkor::Discovery::Platform::AdapterSettings;
+    using AdapterSettings = Zelkor::Discovery::Client::Platform::AdapterSettings;
 
     void SetUp() override
     {
@@ -75,9 +75,9 @@ protected:
     static int Apply(const AdapterSettings& settings, std::string& remark)
     {
         const auto begin = std::chrono::steady_clock::now();
-        Zelkor::Discovery::Platform::DisableAddressProbes(settings);
+        Zelkor::Discovery::Client::Platform::DisableAddressProbes(settings);
         const auto probesDone = std::chrono::steady_clock::now();
-        const int error = Zelkor::Discovery::Platform::ApplyAdapterSettings(settings, remark);
+        const int error = Zelkor::Discovery::Client::Platform::ApplyAdapterSettings(settings, remark);
         EXPECT_LE(probesDone - begin, std::chrono::milliseconds(5100));
         EXPECT_LE(std::chrono::steady_clock::now() - probesDone, std::chrono::seconds(25));
         return error;

@@ -11,8 +11,8 @@
 #include <optional>
 #include <unistd.h>
 
-using Zelkor::Discovery::Platform::Adapter;
-using Zelkor::Discovery::Platform::ReadAdapters;
+using Zelkor::Discovery::Client::Platform::Adapter;
+using Zelkor::Discovery::Client::Platform::ReadAdapters;
 
 namespace
 {

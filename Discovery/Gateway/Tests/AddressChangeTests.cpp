@@ -10,10 +10,10 @@
 
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
-using Zelkor::Discovery::Platform::CancelAddressChangeWait;
-using Zelkor::Discovery::Platform::EndAddressChangeWatch;
-using Zelkor::Discovery::Platform::NoteAddressChange;
-using Zelkor::Discovery::Platform::WaitForAddressChange;
+using Zelkor::Discovery::Client::Platform::CancelAddressChangeWait;
+using Zelkor::Discovery::Client::Platform::EndAddressChangeWatch;
+using Zelkor::Discovery::Client::Platform::NoteAddressChange;
+using Zelkor::Discovery::Client::Platform::WaitForAddressChange;
 
 namespace
 {

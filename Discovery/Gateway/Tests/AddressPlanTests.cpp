@@ -3,8 +3,8 @@
 
 #include <tuple>
 
-using Zelkor::Discovery::Platform::AddressPlan;
-using Zelkor::Discovery::Platform::MakePlan;
+using Zelkor::Discovery::Client::Platform::AddressPlan;
+using Zelkor::Discovery::Client::Platform::MakePlan;
 using Texts = std::vector<std::string>;
 
 TEST(AddressPlanTests, WhatAHostInItsSubnetCanHaveIsAPlanAndAllElseIsRefusedWithAReason)

@@ -7,9 +7,9 @@
 #include <unistd.h>
 
 using namespace std::chrono_literals;
-using Zelkor::Discovery::Platform::CommandResult;
-using Zelkor::Discovery::Platform::MaximumOutput;
-using Zelkor::Discovery::Platform::RunCommand;
+using Zelkor::Discovery::Client::Platform::CommandResult;
+using Zelkor::Discovery::Client::Platform::MaximumOutput;
+using Zelkor::Discovery::Client::Platform::RunCommand;
 
 namespace
 {

@@ -9,7 +9,7 @@
 #include <thread>
 
 using namespace std::chrono_literals;
-using Zelkor::Discovery::Platform::RunHostCommand;
+using Zelkor::Discovery::Client::Platform::RunHostCommand;
 
 namespace
 {

@@ -10,7 +10,7 @@
 
 HostFake host;
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 int ReadAdapters(std::vector<Adapter>& adapters)
 {
@@ -84,4 +84,4 @@ std::string ProgramRoot()
 {
     return host.programRoot;
 }
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -9,8 +9,8 @@
 /// The host that the raw layer shows to the gateway's logic in these tests.
 struct HostFake
 {
-    std::vector<Zelkor::Discovery::Platform::Adapter> adapters; ///< none: the enumeration fails
-    std::optional<std::string> hostName;                        ///< none: it can't be read
+    std::vector<Zelkor::Discovery::Client::Platform::Adapter> adapters; ///< none: the enumeration fails
+    std::optional<std::string> hostName;                                ///< none: it can't be read
     std::optional<std::uint32_t> identityNumber;
     std::string programRoot;
     bool addressChange = false;

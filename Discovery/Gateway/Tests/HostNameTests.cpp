@@ -8,7 +8,7 @@
 #include <random>
 #include <tuple>
 
-using namespace Zelkor::Discovery::Platform;
+using namespace Zelkor::Discovery::Client::Platform;
 using namespace std::chrono_literals;
 
 namespace

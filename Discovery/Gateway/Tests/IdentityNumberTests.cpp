@@ -6,7 +6,7 @@
 #include <tuple>
 #include <vector>
 
-using Zelkor::Discovery::Platform::ReadIdentityNumber;
+using Zelkor::Discovery::Client::Platform::ReadIdentityNumber;
 
 TEST(IdentityNumberTests, OneNumberInTheFileIsTheIdentityAllElseIsNone)
 {

@@ -3,9 +3,9 @@
 
 #include <tuple>
 
-using Zelkor::Discovery::Platform::AddressPlan;
-using Zelkor::Discovery::Platform::InterfacesText;
-using Zelkor::Discovery::Platform::LogicalLine;
+using Zelkor::Discovery::Client::Platform::AddressPlan;
+using Zelkor::Discovery::Client::Platform::InterfacesText;
+using Zelkor::Discovery::Client::Platform::LogicalLine;
 
 namespace
 {

@@ -1,8 +1,8 @@
 #include <Discovery/Gateway/Platform/Linux/LinkStack.h>
 #include <gtest/gtest.h>
 
-using Zelkor::Discovery::Platform::FindStack;
-using Links = std::map<int, Zelkor::Discovery::Platform::LinkPlace>;
+using Zelkor::Discovery::Client::Platform::FindStack;
+using Links = std::map<int, Zelkor::Discovery::Client::Platform::LinkPlace>;
 using Stack = std::set<std::pair<int, int>>;
 
 TEST(LinkStackTests, AnUpperLinkStandsOnTheOneThatIsListedForTheLinkBelow)

@@ -4,9 +4,9 @@
 
 #include <tuple>
 
-using Zelkor::Discovery::Platform::AddressPlan;
-using Zelkor::Discovery::Platform::MakeNetworkText;
-using Zelkor::Discovery::Platform::MatchOf;
+using Zelkor::Discovery::Client::Platform::AddressPlan;
+using Zelkor::Discovery::Client::Platform::MakeNetworkText;
+using Zelkor::Discovery::Client::Platform::MatchOf;
 
 TEST(NetworkTextTests, IPv4IsReplacedAndEverythingElseIsKept)
 {

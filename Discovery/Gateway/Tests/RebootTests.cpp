@@ -7,7 +7,7 @@
 #include <future>
 #include <regex>
 
-using namespace Zelkor::Discovery::Platform;
+using namespace Zelkor::Discovery::Client::Platform;
 using namespace std::chrono_literals;
 
 namespace

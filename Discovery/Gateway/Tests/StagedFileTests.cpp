@@ -2,7 +2,7 @@
 #include <Tests/Support/TemporaryFolder.h>
 #include <gtest/gtest.h>
 
-using Zelkor::Discovery::Platform::StagedFile;
+using Zelkor::Discovery::Client::Platform::StagedFile;
 
 TEST(StagedFileTests, OnlyWhatIsKeptOutlastsTheObject)
 {

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -82,4 +82,4 @@ std::string OneLine(const std::string& text)
     return line;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Why a step failed, in words for an operator; empty when it did not.
@@ -68,4 +68,4 @@ Ownership Runs(SystemBus& bus, const char* service);
 /// The first line of text that is not blank, printable ASCII alone, 200 characters at most.
 std::string OneLine(const std::string& text);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstdint>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -81,4 +81,4 @@ std::string MakePlan(const AdapterSettings& settings, AddressPlan& plan)
     return {};
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

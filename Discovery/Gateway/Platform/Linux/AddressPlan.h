@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// A static IPv4 configuration that an adapter can have: checked, with its addresses in their usual text.
@@ -23,4 +23,4 @@ struct AddressPlan
 /// @returns what is wrong with it, empty if nothing is
 std::string MakePlan(const AdapterSettings& settings, AddressPlan& plan);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

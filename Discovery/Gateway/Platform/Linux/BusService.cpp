@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 bool StartBusService(SystemBus& bus, const char* name)
@@ -12,4 +12,4 @@ bool StartBusService(SystemBus& bus, const char* name)
     return bus.Call(Bus, "/org/freedesktop/DBus", Bus, "StartServiceByName", reply, "su", name, std::uint32_t{0}) == 0;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 using Deadline = std::chrono::steady_clock::time_point;
@@ -25,4 +25,4 @@ struct CommandResult
 /// @param arguments  the program, by name or path, and its arguments
 CommandResult RunCommand(const std::vector<std::string>& arguments, Deadline deadline);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -6,7 +6,7 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -72,4 +72,4 @@ CommandResult RunHostCommand(const std::vector<std::string>& arguments, Deadline
     return result;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include "Command.h"
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Runs a program that needs rights over the network itself. Where this process and its children can't have them
@@ -11,4 +11,4 @@ namespace Zelkor::Discovery::Platform
 /// in the network namespace of this process. One that outlasts the deadline is killed with all that it started.
 CommandResult RunHostCommand(const std::vector<std::string>& arguments, Deadline deadline);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -35,4 +35,4 @@ bool IsHostName(std::string_view name)
     return IsLabel(name.substr(0, dot)) && (dot == std::string_view::npos || IsHostName(name.substr(dot + 1)));
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

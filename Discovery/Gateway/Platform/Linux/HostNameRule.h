@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Whether a Linux host can bear name: labels of ASCII letters, digits and inner hyphens, parted by single dots
@@ -10,4 +10,4 @@ namespace Zelkor::Discovery::Platform
 /// same names, and the empty one, by which it deletes the stored name.
 bool IsHostName(std::string_view name);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -12,7 +12,7 @@
 #include <unistd.h>
 #include <wordexp.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -349,4 +349,4 @@ std::string Ifupdown::Remark() const
     return remark;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// ifupdown, the server default of Debian: rewrites the adapter's stanza in /etc/network/interfaces or a file that it
@@ -44,4 +44,4 @@ private:
     bool wentDown = false;
 };
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

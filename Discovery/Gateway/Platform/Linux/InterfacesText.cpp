@@ -4,7 +4,7 @@
 #include <array>
 #include <string_view>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -228,4 +228,4 @@ void InterfacesText::WriteAuto(const std::string& adapter)
     lines.insert(head, {Indentation(*head) + line + "\n", line});
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// One file in the form of interfaces(5), to be read and to have the IPv4 part of one adapter rewritten. What it does
@@ -62,4 +62,4 @@ private:
     std::vector<LogicalLine> lines;
 };
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

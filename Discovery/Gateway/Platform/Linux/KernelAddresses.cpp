@@ -2,7 +2,7 @@
 
 #include "HostCommand.h"
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 std::string KernelAddresses::Name() const
@@ -42,4 +42,4 @@ Failure DropAddresses(const std::string& adapter, Deadline deadline)
     return RunOnHost({"ip", "-4", "address", "flush", "dev", adapter}, deadline);
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include "AddressManager.h"
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// The way without a manager: iproute2 tells the kernel, until the next restart.
@@ -18,4 +18,4 @@ public:
 /// Removes all IPv4 addresses of an adapter; its IPv4 routes go with them.
 Failure DropAddresses(const std::string& adapter, Deadline deadline);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

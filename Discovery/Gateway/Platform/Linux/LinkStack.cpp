@@ -1,6 +1,6 @@
 #include "LinkStack.h"
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -44,4 +44,4 @@ std::set<std::pair<int, int>> FindStack(const std::map<int, LinkPlace>& links)
     return stack;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

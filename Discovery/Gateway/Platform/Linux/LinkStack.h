@@ -4,7 +4,7 @@
 #include <set>
 #include <utility>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// How a link stands to others, each by the kernel's number of it; 0: to none.
@@ -19,4 +19,4 @@ struct LinkPlace
 /// the adapters of them all.
 std::set<std::pair<int, int>> FindStack(const std::map<int, LinkPlace>& links);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -70,4 +70,4 @@ std::vector<std::string> SplitWords(const std::string& text)
     return words;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// A line of a configuration file that may be continued: a backslash at its end joins the next one to it.
@@ -24,4 +24,4 @@ bool IsComment(const LogicalLine& line);
 /// The words of a text, parted by blanks.
 std::vector<std::string> SplitWords(const std::string& text);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -9,7 +9,7 @@
 #include <sstream>
 #include <systemd/sd-id128.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -308,4 +308,4 @@ Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
     return failure.empty() ? adapterFailure : failure;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include "AddressManager.h"
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// NetworkManager: changes the profile of the adapter, in memory until the addresses are there.
@@ -36,4 +36,4 @@ private:
     std::string probeTime;           ///< what the profile says of probes
 };
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

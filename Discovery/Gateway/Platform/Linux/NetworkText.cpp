@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -159,4 +159,4 @@ std::string MakeNetworkText(const std::string& text, const std::string& match, c
     return plan.gateway.empty() ? made : made + "Gateway=" + plan.gateway + "\n";
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// The pattern that matches one adapter's name and nothing else in the form of systemd.network(5), empty for a name that
@@ -17,4 +17,4 @@ std::string MatchOf(const std::string& adapter);
 /// @param match  as MatchOf gives it
 std::string MakeNetworkText(const std::string& text, const std::string& match, const AddressPlan& plan);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

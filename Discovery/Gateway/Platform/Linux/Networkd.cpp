@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <map>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -159,4 +159,4 @@ Failure Networkd::Withdraw(const AddressPlan&, Deadline deadline)
     return error != 0 ? std::strerror(error) : failure;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// systemd-networkd: writes a .network file for the adapter alone that comes before the one that has configured it, since
@@ -30,4 +30,4 @@ private:
     std::unique_ptr<StagedFile> staged;
 };
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

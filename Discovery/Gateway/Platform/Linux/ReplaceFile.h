@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Makes content the whole of a small configuration file, so that it outlasts a crash: a new file takes the old one's
@@ -11,4 +11,4 @@ namespace Zelkor::Discovery::Platform
 /// @returns 0, or errno
 int ReplaceFile(const std::string& path, const std::string& content);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// A new text for a configuration file: written beside it, put in its place in one step, and taken back in one step,
@@ -45,4 +45,4 @@ private:
 /// The text of a file, whole or empty; what is larger than a configuration file can be (1 MiB) counts as empty.
 std::string ReadConfiguration(const std::string& path);
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

@@ -2,7 +2,7 @@
 
 #include <cerrno>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 namespace
@@ -88,4 +88,4 @@ int SystemBus::Send(sd_bus_message* call, BusMessage& reply)
     return lastCode;
 }
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

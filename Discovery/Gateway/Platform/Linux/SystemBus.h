@@ -7,7 +7,7 @@
 #include <string>
 #include <systemd/sd-bus.h>
 
-namespace Zelkor::Discovery::Platform
+namespace Zelkor::Discovery::Client::Platform
 {
 
 /// Releases a message of the bus.
@@ -108,4 +108,4 @@ private:
     std::string lastErrorName;
 };
 
-} // namespace Zelkor::Discovery::Platform
+} // namespace Zelkor::Discovery::Client::Platform

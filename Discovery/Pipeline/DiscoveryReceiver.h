@@ -2,8 +2,8 @@
 
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/Up.h>
-#include <Discovery/Client/DiscoveryMessageParser.h>
-#include <Discovery/Client/DiscoveryWorker.h>
+#include <Discovery/Pipeline/DiscoveryMessageParser.h>
+#include <Discovery/Pipeline/DiscoveryWorker.h>
 
 #include <atomic>
 

@@ -3,7 +3,7 @@
 #include <Core/System/Collections/Generic/Queue.h>
 #include <Core/System/Sp.h>
 #include <Core/System/Threading/Lock.h>
-#include <Discovery/Client/StageGate.h>
+#include <Discovery/Pipeline/StageGate.h>
 
 namespace Zelkor::Discovery
 {
@@ -14,10 +14,7 @@ class StageQueue
 {
 public:
     /// As those of StageGate.
-    StageQueue(const Tesmo::System::LogStreams::LogStreamChannel& stageChannel, const char* recordName)
-        : gate(stageChannel, recordName)
-    {
-    }
+    StageQueue(const DiscoveryChannel& stageChannel, const char* recordName) : gate(stageChannel, recordName) {}
 
     /// Queues the record, or refuses it with a log row.
     void Enqueue(const Tesmo::Sp<T>& record)

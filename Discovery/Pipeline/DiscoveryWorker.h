@@ -1,10 +1,10 @@
 #pragma once
 
-#include <Core/LogStream/LogStreamChannel.h>
 #include <Core/System/EventHandler.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
 #include <Core/System/Threading/Thread.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 #include <Discovery/Transport/IDiscoverySocket.h>
 
 #include <atomic>
@@ -54,7 +54,7 @@ protected:
     void EndThread() noexcept;
 
     Tesmo::Sp<IDiscoverySocket> socket;
-    Tesmo::System::LogStreams::LogStreamChannel channel;
+    DiscoveryChannel channel;
     std::atomic<bool> stopRequested = false;
 
 private:

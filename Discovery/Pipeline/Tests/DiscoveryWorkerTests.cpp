@@ -3,8 +3,8 @@
 
 #include <Core/System/FormatException.h>
 #include <Core/System/Threading/ThreadStateException.h>
-#include <Discovery/Client/CompleteWorker.h>
-#include <Discovery/Client/DiscoveryReceiver.h>
+#include <Discovery/Pipeline/CompleteWorker.h>
+#include <Discovery/Pipeline/DiscoveryReceiver.h>
 #include <Tests/Support/LogRecorder.h>
 
 namespace Zelkor::Discovery
@@ -124,7 +124,7 @@ TEST_F(DiscoveryWorkerTests, AWorkerThatWasNotStoppedEndsItsThreadItself)
 
 TEST_F(DiscoveryMessageParserTests, AFullQueueRefusesForEverAndHasNothingOfWhatItRefused)
 {
-    const LogStreams::LogStreamChannel channel("Stage");
+    const DiscoveryChannel channel("Stage");
     StageQueue<Datagram> queue(channel, "record");
     const Sp<Datagram> record(new Datagram);
     for (int count = 0; count < 511; ++count)

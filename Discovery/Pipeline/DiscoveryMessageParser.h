@@ -1,8 +1,8 @@
 #pragma once
 
-#include <Discovery/Client/Datagram.h>
-#include <Discovery/Client/DiscoveryWorker.h>
-#include <Discovery/Client/StageQueue.h>
+#include <Discovery/Pipeline/Datagram.h>
+#include <Discovery/Pipeline/DiscoveryWorker.h>
+#include <Discovery/Pipeline/StageQueue.h>
 
 namespace Zelkor::Discovery
 {

@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Log/DiscoveryLogger.h>
 
 #include <Core/LogStream/LogStream.h>
 #include <Core/System/IO/Directory.h>

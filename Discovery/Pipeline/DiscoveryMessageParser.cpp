@@ -1,7 +1,6 @@
 #include "DiscoveryMessageParser.h"
 
 #include <Core/System/FormatException.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 
 namespace Zelkor::Discovery
 {
@@ -10,7 +9,6 @@ using Tesmo::System::Exception;
 using Tesmo::System::FormatException;
 using Tesmo::System::Object;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Threading::ThreadPriority;
 
 DiscoveryMessageParser::DiscoveryMessageParser() : DiscoveryMessageParser("MessageParser") {}
@@ -35,12 +33,11 @@ void DiscoveryMessageParser::RequestEnd()
 
 void DiscoveryMessageParser::Stop()
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
-    log.Write(channel, "Stopping message parser", LogStreamLevel::Critical);
+    channel.Critical("Stopping message parser");
     RequestEnd();
     DiscoveryWorker::Stop();
     stopRequested = false;
-    log.Write(channel, "---Message parser stopped---", LogStreamLevel::Critical);
+    channel.Critical("---Message parser stopped---");
 }
 
 void DiscoveryMessageParser::ThreadMain(Object& worker)
@@ -50,7 +47,7 @@ void DiscoveryMessageParser::ThreadMain(Object& worker)
 
 void DiscoveryMessageParser::Run()
 {
-    DiscoveryLogger::Instance().Write(channel, "---Waiting for messages...", LogStreamLevel::Critical);
+    channel.Critical("---Waiting for messages...");
     do
     {
         queue.Wait();
@@ -65,22 +62,21 @@ void DiscoveryMessageParser::Run()
 
 void DiscoveryMessageParser::Process(const Datagram& datagram)
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
     try
     {
         ProcessMessage(*datagram.text, datagram.sender->Address());
     }
     catch (const FormatException&)
     {
-        log.Write(channel, "Invalid format : message dropped", LogStreamLevel::Critical);
+        channel.Critical("Invalid format : message dropped");
     }
     catch (const Exception& failure)
     {
-        log.Write(channel, "Error while parsing/processing message", failure);
+        channel.Critical("Error while parsing/processing message", failure);
     }
     catch (const std::exception& failure) // an empty Sp or no memory: a datagram must not end the thread
     {
-        log.Write(channel, "Error while parsing/processing message", Exception(failure.what(), ThrowSite));
+        channel.Critical("Error while parsing/processing message", Exception(failure.what(), ThrowSite));
     }
 }
 } // namespace Zelkor::Discovery

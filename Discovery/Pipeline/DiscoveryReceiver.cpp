@@ -1,7 +1,6 @@
 #include "DiscoveryReceiver.h"
 
 #include <Core/System/ObjectClosedException.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 
 namespace Zelkor::Discovery
 {
@@ -11,7 +10,6 @@ using Tesmo::System::Exception;
 using Tesmo::System::Object;
 using Tesmo::System::ObjectClosedException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Net::IPAddress;
 using Tesmo::System::Net::IPEndPoint;
 using Tesmo::System::Net::Sockets::SocketError;
@@ -34,11 +32,10 @@ DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& givenSocket,
 
 void DiscoveryReceiver::Stop()
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
-    log.Write(channel, "Stopping receiver", LogStreamLevel::Critical);
+    channel.Critical("Stopping receiver");
     RequestEnd();
     DiscoveryWorker::Stop();
-    log.Write(channel, "---Receiver stopped---", LogStreamLevel::Critical);
+    channel.Critical("---Receiver stopped---");
 }
 
 void DiscoveryReceiver::ThreadMain(Object& worker)
@@ -49,7 +46,7 @@ void DiscoveryReceiver::ThreadMain(Object& worker)
 void DiscoveryReceiver::Run()
 {
     IPEndPoint sender(IPAddress::Broadcast, 0);
-    DiscoveryLogger::Instance().Write(channel, "---Listening...", LogStreamLevel::Critical);
+    channel.Critical("---Listening...");
     while (ReceiveOne(sender) && !stopRequested)
     {
     }
@@ -78,7 +75,7 @@ bool DiscoveryReceiver::ReceiveOne(IPEndPoint& sender)
     {
         return false;
     }
-    DiscoveryLogger::Instance().Write(channel, "Message received", LogStreamLevel::Debug);
+    channel.Debug("Message received");
     const Sp<Datagram> datagram(new Datagram{text, Sp<IPEndPoint>(new IPEndPoint(sender))});
     messageParser->Enqueue(datagram);
     return true;
@@ -88,17 +85,16 @@ bool DiscoveryReceiver::ReceiveOne(IPEndPoint& sender)
 /// @returns whether listening goes on
 bool DiscoveryReceiver::Survives(const SocketException& failure)
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
     switch (failure.SocketErrorCode().Value())
     {
     case SocketError::Success:
         return true;
     case SocketError::MessageSize:
-        log.Write(channel, String::Format("MessageSize is too low : {0}! Doubling it...", MessageSize.load()), failure);
+        channel.Critical(String::Format("MessageSize is too low : {0}! Doubling it...", MessageSize.load()), failure);
         MessageSize = MessageSize * 2;
         return true;
     case SocketError::ConnectionReset:
-        log.Write(channel, "Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.", failure);
+        channel.Critical("Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.", failure);
         return true;
     case SocketError::Interrupted:
         EndWith("The socket has been closed : ending worker.", failure);
@@ -117,7 +113,7 @@ bool DiscoveryReceiver::Survives(const SocketException& failure)
 
 void DiscoveryReceiver::EndWith(const String& text, const Exception& failure)
 {
-    DiscoveryLogger::Instance().Write(channel, text, failure);
+    channel.Critical(text, failure);
     RaiseRestartRequested();
 }
 } // namespace Zelkor::Discovery

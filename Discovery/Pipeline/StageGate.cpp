@@ -2,14 +2,11 @@
 
 #include <Core/System/Exception.h>
 #include <Core/System/Threading/SemaphoreFullException.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 
 namespace Zelkor::Discovery
 {
 using Tesmo::System::Exception;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Threading::SemaphoreFullException;
 
 namespace
@@ -17,7 +14,7 @@ namespace
 constexpr int Capacity = 512; // records
 }
 
-StageGate::StageGate(const LogStreamChannel& stageChannel, const char* name)
+StageGate::StageGate(const DiscoveryChannel& stageChannel, const char* name)
     : channel(stageChannel),
       recordName(name),
       semaphore(0, Capacity)
@@ -30,9 +27,8 @@ bool StageGate::TryAdmit()
     {
         return true;
     }
-    DiscoveryLogger::Instance().Write(
-        channel, String::Format("Semaphore is full ({0}) !!! Ignoring this {1}...", lastQueueCount + 1, recordName),
-        LogStreamLevel::Critical);
+    channel.Critical(
+        String::Format("Semaphore is full ({0}) !!! Ignoring this {1}...", lastQueueCount + 1, recordName));
     return false;
 }
 
@@ -67,7 +63,7 @@ void StageGate::WakeUp()
     }
     catch (const Exception& failure)
     {
-        DiscoveryLogger::Instance().Write(channel, "Semaphore error", failure);
+        channel.Critical("Semaphore error", failure);
         throw Exception(failure);
     }
 }

@@ -1,8 +1,8 @@
 #include <Tests/Support/FakeParser.h>
 #include <Tests/Support/FakeSocket.h>
 
-#include <Discovery/Client/CompleteWorker.h>
-#include <Discovery/Client/DiscoveryReceiver.h>
+#include <Discovery/Pipeline/CompleteWorker.h>
+#include <Discovery/Pipeline/DiscoveryReceiver.h>
 #include <Tests/Support/LogRecorder.h>
 
 namespace Zelkor::Discovery

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <Discovery/Client/DiscoveryWorker.h>
-#include <Discovery/Client/IBroadcastProvider.h>
-#include <Discovery/Client/StageQueue.h>
+#include <Discovery/Pipeline/DiscoveryWorker.h>
+#include <Discovery/Pipeline/IBroadcastProvider.h>
+#include <Discovery/Pipeline/StageQueue.h>
 
 namespace Zelkor::Discovery
 {

@@ -1,16 +1,13 @@
-#include "DiscoveryTaskProcessor.h"
-
-#include "Required.h"
+#include <Discovery/Pipeline/DiscoveryTaskProcessor.h>
 
 #include <Core/System/Threading/Lock.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Pipeline/Required.h>
 
 namespace Zelkor::Discovery
 {
 using Tesmo::Sp;
 using Tesmo::System::Object;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Threading::Lock;
 using Tesmo::System::Threading::ThreadPriority;
 
@@ -34,12 +31,11 @@ void DiscoveryTaskProcessor::RequestEnd()
 
 void DiscoveryTaskProcessor::Stop()
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
-    log.Write(channel, "Stopping Task Processor", LogStreamLevel::Critical);
+    channel.Critical("Stopping Task Processor");
     RequestEnd();
     DiscoveryWorker::Stop();
     stopRequested = false;
-    log.Write(channel, "---Task Processor stopped---", LogStreamLevel::Critical);
+    channel.Critical("---Task Processor stopped---");
 }
 
 void DiscoveryTaskProcessor::SetBroadcastProvider(const Sp<IBroadcastProvider>& provider)
@@ -61,7 +57,7 @@ void DiscoveryTaskProcessor::ThreadMain(Object& worker)
 
 void DiscoveryTaskProcessor::Run()
 {
-    DiscoveryLogger::Instance().Write(channel, "---Waiting for tasks...", LogStreamLevel::Critical);
+    channel.Critical("---Waiting for tasks...");
     do
     {
         tasks.Wait();

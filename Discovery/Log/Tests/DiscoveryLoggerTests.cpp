@@ -1,6 +1,6 @@
 #include <Core/System/IO/Path.h>
 #include <Core/System/InvalidOperationException.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
+#include <Discovery/Log/DiscoveryLogger.h>
 #include <Tests/Support/CoreTest.h>
 #include <Tests/Support/LogRecorder.h>
 #include <Tests/Support/TemporaryFolder.h>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <Core/LogStream/LogStreamChannel.h>
 #include <Core/System/String.h>
 #include <Core/System/Threading/Semaphore.h>
+#include <Discovery/Log/DiscoveryChannel.h>
 
 namespace Zelkor::Discovery
 {
@@ -12,7 +12,7 @@ class StageGate
 public:
     /// @param stageChannel  where refusals are logged; it must outlive the gate
     /// @param name          what a record is called there
-    StageGate(const Tesmo::System::LogStreams::LogStreamChannel& stageChannel, const char* name);
+    StageGate(const DiscoveryChannel& stageChannel, const char* name);
 
     /// Counts one more record, or refuses it with a log row. For one thread at a time.
     bool TryAdmit();
@@ -27,7 +27,7 @@ public:
 private:
     bool TryCount();
 
-    const Tesmo::System::LogStreams::LogStreamChannel& channel;
+    const DiscoveryChannel& channel;
     const char* recordName;
     Tesmo::System::Threading::Semaphore semaphore;
     int lastQueueCount = 0; ///< the count before the last accepted record; taking a count does not lower it

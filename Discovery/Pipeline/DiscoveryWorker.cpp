@@ -2,7 +2,6 @@
 
 #include <Core/System/ObjectClosedException.h>
 #include <Core/System/Threading/Lock.h>
-#include <Discovery/Protocol/DiscoveryLogger.h>
 
 namespace Zelkor::Discovery
 {
@@ -12,7 +11,6 @@ using Tesmo::System::EventArgs;
 using Tesmo::System::EventHandler;
 using Tesmo::System::ObjectClosedException;
 using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
 using Tesmo::System::Threading::Lock;
 using Tesmo::System::Threading::ParameterizedThreadStart;
 using Tesmo::System::Threading::Thread;
@@ -45,14 +43,13 @@ void DiscoveryWorker::Start()
 
 void DiscoveryWorker::Stop()
 {
-    DiscoveryLogger& log = DiscoveryLogger::Instance();
-    log.Write(channel, "Stopping worker", LogStreamLevel::Critical);
+    channel.Critical("Stopping worker");
     if (!(socket == null))
     {
         CloseSocket();
     }
     thread->Join();
-    log.Write(channel, "Worker stopped", LogStreamLevel::Critical);
+    channel.Critical("Worker stopped");
 }
 
 void DiscoveryWorker::CloseSocket()
@@ -66,7 +63,7 @@ void DiscoveryWorker::CloseSocket()
     }
     catch (const ObjectClosedException& failure)
     {
-        DiscoveryLogger::Instance().Write(channel, "Socket already closed", failure);
+        channel.Critical("Socket already closed", failure);
     }
 }
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <Core/System/FormatException.h>
+#include <Core/System/String.h>
+#include <Discovery/Log/DiscoveryChannel.h>
+#include <Serialization.Json/JSONObject.h>
+
+namespace Zelkor::Discovery
+{
+/// A key of the messages, with the row that says what was wrong with it.
+struct MessageKey
+{
+    Tesmo::System::String name;
+    const char* channel;
+    const char* complaint;
+
+    /// @param value  receives what stands under the key
+    /// @throws FormatException  the key is missing or its value is of another kind; logged, with the caller's place
+    template <class T>
+    void Read(const Serialization::Json::JSONObject& message, T& value, const char* file = __builtin_FILE(),
+              int line = __builtin_LINE()) const
+    {
+        if (!message.TryGetValue(name, value))
+        {
+            ThrowBadFormat(file, line);
+        }
+    }
+
+    /// Logs the complaint at Critical.
+    /// @throws FormatException  always, with the caller's place
+    [[noreturn]] void ThrowBadFormat(const char* file = __builtin_FILE(), int line = __builtin_LINE()) const
+    {
+        DiscoveryChannel(channel).Critical(complaint);
+        throw Tesmo::System::FormatException(file, line);
+    }
+};
+
+/// The keys that make a message bad where they are missing; "Broadcast", where its text is no boolean. The texts name
+/// some keys in another way than they are written.
+// clang-format off
+inline const MessageKey MessageTypeKey   = {"DiscoveryMessageType", "DiscoveryMessage",          "No message type key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey VersionKey       = {"DiscoveryVersion",     "DiscoveryMessage",          "No version key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey BroadcastKey     = {"Broadcast",            "DiscoveryMessage",          "No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey HostKey          = {"Host",                 "SignatureBroadcastMessage", "No Host key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey SignatureOfKey   = {"TargetedMACAddress",   "SendYourSignatureMessage",  "No targeted MAC address !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey NewNICConfigsKey = {"NewNICConfigs",        "ChangeYourIPConfigMessage", "No \"New NIC Configs\" key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey NewHostNameKey   = {"NewHostName",          "ChangeYourHostNameMessage", "No \"New HostName\" key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey HostNameOfKey    = {"TargetedMACAddress",   "ChangeYourHostNameMessage", "No \"Targeted MACAddress\" key !!! => BAD MESSAGE FORMAT !"};
+// clang-format on
+} // namespace Zelkor::Discovery
