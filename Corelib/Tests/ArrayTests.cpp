@@ -1,8 +1,5 @@
 #include <Tests/Support/CoreTest.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 TEST(ArrayTests, AnIntIsALengthAndACharacterIsAnElement)
 {
     const unsigned char bytes[] = {1, 2, 3};

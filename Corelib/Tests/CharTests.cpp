@@ -4,9 +4,6 @@
 
 #include <cctype>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 TEST(CharTests, ClassifiesAsciiAsTheCLibraryDoes)
 {
     const std::string symbols = "$+<=>^`|~"; // of the punctuation, what Unicode calls symbols

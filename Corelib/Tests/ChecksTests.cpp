@@ -4,8 +4,6 @@
 #include <Core/System/Collections/Generic/Queue.h>
 #include <Core/System/Text/Encoding.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Collections::Generic;
 
 namespace

@@ -2,8 +2,6 @@
 
 #include <time.h>
 
-using namespace Tesmo::System;
-
 class DateTimeLinuxTests : public testing::Test
 {
 protected:

@@ -1,8 +1,5 @@
 #include <Tests/Support/CoreTest.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 constexpr long long Epoch = 621355968000000000; // ticks at the start of 1970

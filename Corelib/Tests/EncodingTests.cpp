@@ -6,8 +6,6 @@
 
 #include <numeric>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Text;
 using namespace std::string_literals;
 

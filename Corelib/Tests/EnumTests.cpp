@@ -4,8 +4,6 @@
 #include <Core/System/IO/FileMode.h>
 #include <Core/System/Net/Sockets/AddressFamily.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using IO::FileAttributes;
 using IO::FileMode;
 using Net::Sockets::AddressFamily;

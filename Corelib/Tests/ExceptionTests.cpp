@@ -10,9 +10,6 @@
 #include <Core/System/Threading/ThreadAbortException.h>
 #include <Core/System/Threading/ThreadInterruptedException.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 /// Thrown under its own class and caught under a base, which reports the thrown class and its message.

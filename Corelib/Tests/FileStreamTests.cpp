@@ -3,8 +3,6 @@
 
 #include <Core/System/IO/FileStream.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
 
 using FileStreamTests = FolderTest;

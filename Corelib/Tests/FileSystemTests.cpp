@@ -7,8 +7,6 @@
 #include <Core/System/IO/FileInfo.h>
 #include <Core/System/Security/SecurityException.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
 
 using FileSystemTests = FolderTest;

@@ -8,8 +8,6 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
 
 using FilesLinuxTests = FolderTest;

@@ -9,7 +9,6 @@
 #include <sched.h>
 #include <sys/mount.h>
 
-using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 
 namespace

@@ -7,8 +7,6 @@
 
 #include <regex>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 using namespace Tesmo::System::Net::Sockets;
 

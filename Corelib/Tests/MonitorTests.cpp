@@ -2,8 +2,6 @@
 
 #include <Core/System/Threading/Monitor.h>
 
-using Tesmo::null;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Threading;
 
 namespace

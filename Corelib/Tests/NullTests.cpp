@@ -9,8 +9,6 @@
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/Ref.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Collections::Generic;
 using namespace Tesmo::System::Net;
 

@@ -2,9 +2,6 @@
 
 #include <Core/System/NumericalFormat.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 TEST(NumericalFormatTests, FormatsAreTakenApart)
 {
     using Row = std::tuple<const char*, char, int>;

@@ -2,9 +2,6 @@
 
 #include <Core/System/SafeMath.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 /// What parsing gives: the number, or the class of the failure by its first letter.

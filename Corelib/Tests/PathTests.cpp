@@ -1,7 +1,5 @@
 #include <Tests/Support/CoreTest.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
 
 namespace

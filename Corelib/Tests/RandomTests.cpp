@@ -2,9 +2,6 @@
 
 #include <Core/System/Random.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 TEST(RandomTests, ADrawHasFifteenBitsAndMayBeOne)
 {
     Random random(1);

@@ -1,8 +1,6 @@
 #include <Tests/Support/NativeTestSocket.h>
 
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateNetwork.h>
 #include <arpa/inet.h>
 
 namespace Tesmo::Platform

@@ -2,9 +2,6 @@
 
 #include <Core/System/Ref.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 template <int Value>

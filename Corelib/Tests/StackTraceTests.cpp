@@ -3,12 +3,9 @@
 #include <Core/System/Delegate.h>
 #include <Core/System/Diagnostics/StackTrace.h>
 
-#include <future>
 #include <regex>
 #include <sstream>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Diagnostics;
 
 namespace Sample

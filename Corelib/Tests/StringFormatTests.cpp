@@ -1,8 +1,5 @@
 #include <Tests/Support/CoreTest.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 template <class... Args>

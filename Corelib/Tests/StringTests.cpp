@@ -2,9 +2,6 @@
 
 #include <Core/System/StringEnumerator.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 constexpr auto Umlauts = "\xC3\xA4\xC3\xB6\xC3\xBC"; // U+00E4, U+00F6, U+00FC

@@ -6,8 +6,6 @@
 #include <Core/System/IO/StreamReader.h>
 #include <Core/System/IO/StreamWriter.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::IO;
 
 using TextStreamTests = FolderTest;

@@ -10,9 +10,6 @@
 #include <sys/resource.h>
 #include <sys/syscall.h>
 
-using Tesmo::null;
-using Tesmo::Up;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Threading;
 
 namespace

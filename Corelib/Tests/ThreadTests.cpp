@@ -4,8 +4,6 @@
 
 #include <memory>
 
-using Tesmo::Up;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Threading;
 
 namespace

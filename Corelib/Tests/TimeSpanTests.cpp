@@ -1,8 +1,5 @@
 #include <Tests/Support/CoreTest.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 TEST(TimeSpanTests, TextHoldsDaysAndMillisecondsOnlyIfThereAreAny)
 {
     using Row = std::tuple<TimeSpan, const char*>;

@@ -2,9 +2,6 @@
 
 #include <Core/System/Collections/Generic/List.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 enum class Colour;

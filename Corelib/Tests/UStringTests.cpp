@@ -5,9 +5,6 @@
 
 #include <random>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 std::u32string Forward(const ustring& text)

@@ -3,9 +3,6 @@
 #include <Core/System/Environment.h>
 #include <Core/System/OperatingSystem.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 TEST(VersionTests, TextHoldsWhatIsGivenAndNothingNegative)
 {
     for (const char* const text : {"1.2", "1.2.3", "0.0.0.0", "2147483647.1.2.3"})

@@ -6,9 +6,7 @@
 
 #include <climits>
 
-using Tesmo::null;
 namespace Platform = Tesmo::Platform;
-using namespace Tesmo::System;
 using namespace Tesmo::System::Threading;
 
 TEST(SemaphoreTests, CountsAreCheckedAndReleaseGivesTheOneBefore)

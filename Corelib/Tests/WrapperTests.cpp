@@ -4,9 +4,6 @@
 #include <Core/System/IntPtr.h>
 #include <Core/System/UIntPtr.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 TEST(WrapperTests, EachClassKnowsItsTypeCodeNameAndSign)
 {
     using Row = std::tuple<Sp<Object>, int, const char*, bool>;

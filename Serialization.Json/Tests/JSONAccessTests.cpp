@@ -7,8 +7,6 @@
 
 #include <cmath>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 using namespace Zelkor::Serialization::Json;
 

@@ -6,7 +6,6 @@
 #include <clocale>
 #include <cstdlib>
 
-using namespace Tesmo::System;
 using namespace Zelkor::Serialization::Json;
 
 TEST(JSONLocaleLinuxTests, ALocaleChangesNoNumberAndNoName)

@@ -5,8 +5,6 @@
 #include <Serialization.Json/JSONStringer.h>
 #include <Tests/Support/CoreTest.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 using namespace Zelkor::Serialization::Json;
 

@@ -1,10 +1,7 @@
-#include <Core/System/Threading/Thread.h>
 #include <Serialization.Json/JSONArray.h>
 #include <Serialization.Json/JSONObject.h>
 #include <Tests/Support/CoreTest.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Zelkor::Serialization::Json;
 using namespace std::string_literals;
 

@@ -4,7 +4,6 @@
 #include <Service/Platform/ServiceControl.h>
 #include <Tests/Support/HostFolders.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateNetwork.h>
 
 using Zelkor::Discovery::DiscoveryLogger;
 using Zelkor::Discovery::Client::DiscoveryClientService;

@@ -1,7 +1,5 @@
 #include <Tests/Support/ClientProcess.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateNetwork.h>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>

@@ -3,9 +3,7 @@
 #include "Station.h"
 
 #include <Tests/Support/ClientProcess.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateHost.h>
 
 #include <memory>
 #include <vector>

@@ -55,6 +55,10 @@
 #include <tuple>
 #include <vector>
 
+// Tests speak of the library as it speaks of itself.
+using namespace Tesmo;
+using namespace Tesmo::System;
+
 /// Each of the operations fails with an exception of the class.
 template <class E>
 void ExpectEachThrows(std::initializer_list<std::function<void()>> operations)

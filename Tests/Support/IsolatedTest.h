@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Commands.h"
+#include "PrivateHost.h"
+
 #include <gtest/gtest.h>
 
 /// A test in namespaces of its own, skipped where the system refuses them.

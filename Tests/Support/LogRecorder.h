@@ -1,10 +1,8 @@
 #pragma once
 
 #include <Core/LogStream/ILogStream.h>
-#include <Core/System/EventArgs.h>
-#include <Core/System/Threading/Semaphore.h>
 #include <Discovery/Log/DiscoveryLogger.h>
-#include <gtest/gtest.h>
+#include <Tests/Support/CoreTest.h>
 
 #include <condition_variable>
 

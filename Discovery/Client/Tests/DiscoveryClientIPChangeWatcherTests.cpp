@@ -5,9 +5,6 @@
 
 namespace Zelkor::Discovery::Client
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 class DiscoveryClientIPChangeWatcherTests : public LogTest
 {
 protected:

@@ -7,9 +7,6 @@
 
 namespace Zelkor::Discovery::Client
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 namespace
 {
 constexpr const char* Own = "00:00:00:00:00:02";

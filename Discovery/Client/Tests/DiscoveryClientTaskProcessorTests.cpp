@@ -11,8 +11,6 @@
 
 namespace Zelkor::Discovery::Client
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
 using Net::IPAddress;
 using Serialization::Json::JSONObject;
 

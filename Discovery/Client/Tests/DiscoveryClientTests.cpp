@@ -1,16 +1,11 @@
 #include <Tests/Support/FakeGateway.h>
 #include <Tests/Support/FakeSocket.h>
 
-#include <Core/System/Threading/Thread.h>
 #include <Discovery/Client/DiscoveryClient.h>
 #include <Tests/Support/LogRecorder.h>
 
-#include <thread>
-
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
 using Tesmo::System::Threading::Semaphore;
 using Tesmo::System::Threading::Thread;
 

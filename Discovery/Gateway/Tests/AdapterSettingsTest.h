@@ -1,10 +1,8 @@
 #pragma once
 
 #include <Discovery/Gateway/Platform/AdapterSettings.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
 #include <Tests/Support/ManagedHost.h>
-#include <Tests/Support/PrivateHost.h>
 #include <array>
 #include <chrono>
 #include <memory>

@@ -1,8 +1,6 @@
 #include <Discovery/Gateway/Platform/Adapters.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/Descriptor.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateNetwork.h>
 #include <algorithm>
 #include <cstring>
 #include <fcntl.h>
@@ -11,8 +9,7 @@
 #include <optional>
 #include <unistd.h>
 
-using Zelkor::Discovery::Client::Platform::Adapter;
-using Zelkor::Discovery::Client::Platform::ReadAdapters;
+using namespace Zelkor::Discovery::Client::Platform;
 
 namespace
 {

@@ -1,8 +1,6 @@
 #include <Discovery/Gateway/Platform/AddressChange.h>
 #include <Discovery/Gateway/Platform/Linux/AddressNotice.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateNetwork.h>
 #include <chrono>
 #include <future>
 #include <sys/resource.h>
@@ -10,10 +8,7 @@
 
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
-using Zelkor::Discovery::Client::Platform::CancelAddressChangeWait;
-using Zelkor::Discovery::Client::Platform::EndAddressChangeWatch;
-using Zelkor::Discovery::Client::Platform::NoteAddressChange;
-using Zelkor::Discovery::Client::Platform::WaitForAddressChange;
+using namespace Zelkor::Discovery::Client::Platform;
 
 namespace
 {

@@ -3,8 +3,7 @@
 
 #include <tuple>
 
-using Zelkor::Discovery::Client::Platform::AddressPlan;
-using Zelkor::Discovery::Client::Platform::MakePlan;
+using namespace Zelkor::Discovery::Client::Platform;
 using Texts = std::vector<std::string>;
 
 TEST(AddressPlanTests, WhatAHostInItsSubnetCanHaveIsAPlanAndAllElseIsRefusedWithAReason)

@@ -7,9 +7,7 @@
 #include <unistd.h>
 
 using namespace std::chrono_literals;
-using Zelkor::Discovery::Client::Platform::CommandResult;
-using Zelkor::Discovery::Client::Platform::MaximumOutput;
-using Zelkor::Discovery::Client::Platform::RunCommand;
+using namespace Zelkor::Discovery::Client::Platform;
 
 namespace
 {

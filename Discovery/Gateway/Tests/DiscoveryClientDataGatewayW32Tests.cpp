@@ -1,21 +1,17 @@
 #include "HostFake.h"
 
-#include <Core/System/Exception.h>
 #include <Core/System/Net/IPAddress.h>
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
 #include <Tests/Support/LogRecorder.h>
 #include <Tests/Support/TemporaryFolder.h>
 #include <cstring>
 #include <filesystem>
-#include <functional>
 #include <map>
 
-using namespace Zelkor::Discovery;
-using namespace Zelkor::Discovery::Client;
-using Tesmo::Sp;
-using Tesmo::System::String;
-using Tesmo::System::Collections::Generic::List;
-using Tesmo::System::Net::IPAddress;
+namespace Zelkor::Discovery::Client
+{
+using Collections::Generic::List;
+using Net::IPAddress;
 
 namespace
 {
@@ -325,3 +321,4 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, FileTransferInfosAreReadAnewEachTimeA
         }
     }
 }
+} // namespace Zelkor::Discovery::Client

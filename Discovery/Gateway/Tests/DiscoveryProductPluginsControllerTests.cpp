@@ -3,16 +3,11 @@
 #include <Tests/Support/LogRecorder.h>
 #include <Tests/Support/TemporaryFolder.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <future>
-#include <gmock/gmock.h>
 
-using namespace Zelkor::Discovery;
-using namespace Zelkor::Discovery::Client;
-using Tesmo::System::String;
-
+namespace Zelkor::Discovery::Client
+{
 namespace
 {
 namespace fs = std::filesystem;
@@ -24,7 +19,7 @@ const std::string store = "Server|88|2.1|" + longName;
 const std::string updatedStore = "Server|88|2.2|" + longName;
 const std::string sample = "Sample|4711|1.0|Sample product";
 
-class DiscoveryProductPluginsControllerTests : public testing::Test
+class DiscoveryProductPluginsControllerTests : public FolderTest
 {
 protected:
     std::string File(const std::string& name) const
@@ -58,8 +53,6 @@ protected:
         std::ifstream maps("/proc/self/maps");
         return std::string(std::istreambuf_iterator<char>(maps), {}).find(File(name)) != std::string::npos;
     }
-
-    const TemporaryFolder folder;
 };
 
 std::string Found(int count)
@@ -168,3 +161,4 @@ TEST_F(DiscoveryProductPluginsControllerTests, WhatAPluginThrowsPassesThroughAnd
     Install("ThrowingPlugin", "throwing");
     EXPECT_THAT([this] { Products(); }, testing::ThrowsMessage<std::runtime_error>("thrown by a plug-in"));
 }
+} // namespace Zelkor::Discovery::Client

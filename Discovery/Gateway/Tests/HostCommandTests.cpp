@@ -1,7 +1,5 @@
 #include <Discovery/Gateway/Platform/Linux/HostCommand.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateHost.h>
 #include <linux/capability.h>
 #include <poll.h>
 #include <sys/prctl.h>

@@ -1,9 +1,7 @@
 #include <Discovery/Gateway/Platform/HostName.h>
 #include <Discovery/Gateway/Platform/Linux/HostNameRule.h>
 #include <Discovery/Gateway/Platform/Linux/SystemBus.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateHost.h>
 #include <poll.h>
 #include <random>
 #include <tuple>

@@ -3,9 +3,7 @@
 
 #include <tuple>
 
-using Zelkor::Discovery::Client::Platform::AddressPlan;
-using Zelkor::Discovery::Client::Platform::InterfacesText;
-using Zelkor::Discovery::Client::Platform::LogicalLine;
+using namespace Zelkor::Discovery::Client::Platform;
 
 namespace
 {

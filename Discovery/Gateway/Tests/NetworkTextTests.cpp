@@ -4,9 +4,7 @@
 
 #include <tuple>
 
-using Zelkor::Discovery::Client::Platform::AddressPlan;
-using Zelkor::Discovery::Client::Platform::MakeNetworkText;
-using Zelkor::Discovery::Client::Platform::MatchOf;
+using namespace Zelkor::Discovery::Client::Platform;
 
 TEST(NetworkTextTests, IPv4IsReplacedAndEverythingElseIsKept)
 {

@@ -1,8 +1,6 @@
 #include <Discovery/Gateway/Platform/HostName.h>
 #include <Discovery/Gateway/Platform/Reboot.h>
-#include <Tests/Support/Commands.h>
 #include <Tests/Support/IsolatedTest.h>
-#include <Tests/Support/PrivateHost.h>
 #include <chrono>
 #include <future>
 #include <regex>

@@ -1,11 +1,8 @@
-#include <Core/System/IO/Path.h>
 #include <Core/System/InvalidOperationException.h>
 #include <Discovery/Log/DiscoveryLogger.h>
-#include <Tests/Support/CoreTest.h>
 #include <Tests/Support/LogRecorder.h>
 #include <Tests/Support/TemporaryFolder.h>
 
-using namespace Tesmo::System;
 using namespace Tesmo::System::LogStreams;
 using namespace Zelkor::Discovery;
 

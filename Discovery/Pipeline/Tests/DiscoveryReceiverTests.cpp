@@ -7,9 +7,6 @@
 
 namespace Zelkor::Discovery
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
-
 class DiscoveryReceiverTests : public LogTest
 {
 protected:

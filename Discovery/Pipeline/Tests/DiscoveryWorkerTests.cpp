@@ -1,16 +1,12 @@
 #include <Tests/Support/FakeParser.h>
 #include <Tests/Support/FakeSocket.h>
 
-#include <Core/System/FormatException.h>
-#include <Core/System/Threading/ThreadStateException.h>
 #include <Discovery/Pipeline/CompleteWorker.h>
 #include <Discovery/Pipeline/DiscoveryReceiver.h>
 #include <Tests/Support/LogRecorder.h>
 
 namespace Zelkor::Discovery
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
 using Threading::ThreadStateException;
 
 namespace

@@ -1,11 +1,8 @@
 #include "HostSamples.h"
 
 #include <Discovery/Protocol/SignatureBroadcastMessage.h>
-#include <Tests/Support/CoreTest.h>
 #include <Tests/Support/LogRecorder.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Zelkor::Discovery;
 using Zelkor::Serialization::Json::JSONStringer;
 

@@ -8,11 +8,8 @@
 #include <Discovery/Protocol/DiscoveryVersion.h>
 #include <Discovery/Protocol/HelloMessage.h>
 #include <Discovery/Protocol/SendYourSignatureMessage.h>
-#include <Tests/Support/CoreTest.h>
 #include <Tests/Support/LogRecorder.h>
 
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Zelkor::Discovery;
 using Zelkor::Serialization::Json::JSONObject;
 using Zelkor::Serialization::Json::JSONStringer;

@@ -10,8 +10,6 @@ namespace Zelkor::Discovery
 {
 namespace
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
 using namespace Net;
 using namespace Net::Sockets;
 
