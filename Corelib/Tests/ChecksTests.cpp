@@ -6,24 +6,7 @@
 
 using namespace Tesmo::System::Collections::Generic;
 
-namespace
-{
 const String& noText = null;
-
-/// File and line that the failure of action names.
-std::pair<std::string, int> PlaceOf(const std::function<void()>& action)
-{
-    try
-    {
-        action();
-    }
-    catch (const Exception& failure)
-    {
-        return {failure.File().Utf8(), failure.Line()};
-    }
-    return {"no failure", 0};
-}
-} // namespace
 
 TEST(ChecksTests, AFailureNamesThePlaceOfTheCheck)
 {
@@ -45,8 +28,7 @@ TEST(ChecksTests, AFailureNamesThePlaceOfTheCheck)
     };
     for (const std::function<void()>& action : actions)
     {
-        EXPECT_EQ(std::pair(std::string(__FILE__), line), PlaceOf(action));
-        line++;
+        EXPECT_EQ(std::pair(String(__FILE__), line++), std::pair(FailureOf(action).File(), FailureOf(action).Line()));
     }
 }
 
@@ -63,6 +45,6 @@ TEST(ChecksTests, AFailureOfAnOperationNamesItsFile)
     };
     for (const auto& [file, action] : rows)
     {
-        EXPECT_TRUE(PlaceOf(action).first.ends_with(file)) << PlaceOf(action).first;
+        EXPECT_TRUE(FailureOf(action).File().EndsWith(file)) << FailureOf(action).File().Utf8();
     }
 }

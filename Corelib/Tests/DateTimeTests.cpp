@@ -1,11 +1,7 @@
 #include <Tests/Support/CoreTest.h>
 
-namespace
-{
 constexpr long long Epoch = 621355968000000000; // ticks at the start of 1970
 constexpr long long Last = 3155378975999999999; // of the year 9999
-} // namespace
-
 TEST(DateTimeTests, TicksHaveBounds)
 {
     EXPECT_EQ("01/01/0001 00:00:00", DateTime(0).ToString().Utf8());

@@ -46,8 +46,7 @@ TEST(IPAddressTests, ChecksWhatItIsMadeFrom)
     EXPECT_EQ("1.2.3.4", IPAddress(Array<Byte>(std::vector<Byte>{1, 2, 3, 4})).ToString().Utf8());
     IPAddress address(Array<Byte>(16), 4294967295);
     EXPECT_EQ(4294967295, address.GetScopeId());
-    EXPECT_THROW(IPAddress(Array<Byte>(5)), ArgumentException);
-    EXPECT_THROW(IPAddress(Array<Byte>(4), 1), ArgumentException);
+    ExpectEachThrows<ArgumentException>({[&] { IPAddress(Array<Byte>(5)); }, [&] { IPAddress(Array<Byte>(4), 1); }});
     ExpectEachThrows<ArgumentOutOfRangeException>({
         [] { IPAddress(std::int64_t{0x100000000}); },
         [] { IPAddress(std::int64_t{-1}); },

@@ -46,9 +46,8 @@ TEST(MonitorTests, ArgumentsAndNotTheLockDecideTheResultOfTheFormsWithLockTaken)
     EXPECT_FALSE(Monitor::TryEnter(target, static_cast<const TimeSpan&>(null), lockTaken));
     EXPECT_FALSE(Monitor::TryEnter(target, -2));
     EXPECT_FALSE(Monitor::TryEnter(null));
-    EXPECT_THROW(Monitor::Enter(null), ArgumentNullException);
-    EXPECT_THROW(Monitor::Exit(null), ArgumentNullException);
-    EXPECT_THROW(const Lock lock(static_cast<const Object&>(null)), ArgumentNullException);
+    ExpectEachThrows<ArgumentNullException>({[&] { Monitor::Enter(null); }, [&] { Monitor::Exit(null); },
+                                             [&] { const Lock lock(static_cast<const Object&>(null)); }});
 
     lockTaken = false;
     EXPECT_TRUE(Monitor::TryEnter(target, TimeSpan::FromMilliseconds(-1), lockTaken));

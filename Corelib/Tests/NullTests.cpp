@@ -64,8 +64,7 @@ template <class T>
 void ExpectNoCopyOfNull(T target)
 {
     SCOPED_TRACE(Type(typeid(T)).ToString().Utf8());
-    EXPECT_THROW(static_cast<void>(T(Nothing<T>)), ArgumentNullException);
-    EXPECT_THROW(target = Nothing<T>, ArgumentNullException);
+    ExpectEachThrows<ArgumentNullException>({[&] { static_cast<void>(T(Nothing<T>)); }, [&] { target = Nothing<T>; }});
 }
 
 template <class... Ts>

@@ -221,9 +221,8 @@ TEST(SocketTests, AUdpClientNeedsItsSocket)
     EXPECT_FALSE(client.Client()->IsConnected() || client.Client()->IsBound());
 
     client.Client(Sp<Socket>());
-    EXPECT_THROW(client.Send(Bytes(), 1, Loopback()), NullReferenceException);
-    EXPECT_THROW(client.Receive(Bytes(), Room, sender), NullReferenceException);
-    EXPECT_THROW(client.Close(), NullReferenceException);
+    ExpectEachThrows<NullReferenceException>({[&] { client.Send(Bytes(), 1, Loopback()); },
+                                              [&] { client.Receive(Bytes(), Room, sender); }, [&] { client.Close(); }});
 }
 
 TEST(SocketTests, AStreamConnectsAndIsSelected)

@@ -2,8 +2,6 @@
 
 #include <Core/System/Ref.h>
 
-namespace
-{
 template <int Value>
 struct Base
 {
@@ -24,8 +22,6 @@ struct Tracked : Base<1>, Base<2>
 /// Throws std::exception itself, which carries no text.
 const auto throwsPlainException = testing::Throws<std::exception>(
     testing::Truly([](const std::exception& failure) { return typeid(failure) == typeid(std::exception); }));
-} // namespace
-
 TEST(SpTests, EmptyPointersAndNullSourcesThrowPlainExceptions)
 {
     const auto& nothing = static_cast<const Sp<String>&>(null);

@@ -76,10 +76,8 @@ void StartAnotherAsLowest()
 TEST(ThreadLinuxTests, ControlByForceIsNotSupported)
 {
     Thread thread{ThreadStart(nothing)};
-    EXPECT_THROW(thread.Abort(), NotSupportedException);
-    EXPECT_THROW(thread.Interrupt(), NotSupportedException);
-    EXPECT_THROW(thread.Suspend(), NotSupportedException);
-    EXPECT_THROW(thread.Resume(), NotSupportedException);
+    ExpectEachThrows<NotSupportedException>(
+        {[&] { thread.Abort(); }, [&] { thread.Interrupt(); }, [&] { thread.Suspend(); }, [&] { thread.Resume(); }});
 }
 
 TEST(ThreadLinuxTests, EachFormTakesItsParameterAndTheStackItIsGivenButNoLessThan256KiB)

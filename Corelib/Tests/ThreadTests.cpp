@@ -43,8 +43,7 @@ TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
     EXPECT_FALSE(thread.IsAlive());
     EXPECT_EQ(0, thread.ManagedThreadId());
     EXPECT_TRUE(thread.Handle() == IntPtr::Zero);
-    EXPECT_THROW(thread.Join(0), ThreadStateException);
-    EXPECT_THROW(thread.Priority(), ThreadStateException);
+    ExpectEachThrows<ThreadStateException>({[&] { thread.Join(0); }, [&] { thread.Priority(); }});
     EXPECT_NO_THROW(thread.Priority(ThreadPriority::Normal));
 
     thread.Start();

@@ -11,16 +11,14 @@ using namespace Tesmo::System::Threading;
 
 TEST(SemaphoreTests, CountsAreCheckedAndReleaseGivesTheOneBefore)
 {
-    EXPECT_THROW(Semaphore(2, 1), ArgumentException);
-    EXPECT_THROW(Semaphore(0, 0), ArgumentException);
+    ExpectEachThrows<ArgumentException>({[&] { Semaphore(2, 1); }, [&] { Semaphore(0, 0); }});
     EXPECT_THROW(Semaphore(-1, 1), IO::IOException);
     EXPECT_NO_THROW(Semaphore(1, 1));
     Semaphore permits(0, 5);
     EXPECT_EQ(0, permits.Release());
     EXPECT_EQ(1, permits.Release(3));
     EXPECT_TRUE(permits.WaitOne(0));
-    EXPECT_THROW(permits.Release(3), SemaphoreFullException);
-    EXPECT_THROW(permits.Release(INT_MAX), SemaphoreFullException);
+    ExpectEachThrows<SemaphoreFullException>({[&] { permits.Release(3); }, [&] { permits.Release(INT_MAX); }});
     EXPECT_THROW(permits.Release(0), IO::IOException);
     EXPECT_EQ(3, permits.Release(2));
     EXPECT_THROW(permits.Release(), SemaphoreFullException);
@@ -125,8 +123,7 @@ TEST(WaitHandleTests, SignalAndWaitDoesBoth)
     EXPECT_FALSE(WaitHandle::SignalAndWait(first, second, 0));
     const auto signalAndWait = [&](double milliseconds)
     { WaitHandle::SignalAndWait(first, second, TimeSpan::FromMilliseconds(milliseconds)); };
-    EXPECT_THROW(signalAndWait(-1), ArgumentOutOfRangeException);
-    EXPECT_THROW(signalAndWait(INT_MAX + 1.0), ArgumentOutOfRangeException);
+    ExpectEachThrows<ArgumentOutOfRangeException>({[&] { signalAndWait(-1); }, [&] { signalAndWait(INT_MAX + 1.0); }});
 }
 
 TEST(WaitHandleTests, ObjectsAreSharedByACheckedNameAndTheirKind)
@@ -142,18 +139,15 @@ TEST(WaitHandleTests, ObjectsAreSharedByACheckedNameAndTheirKind)
         EXPECT_EQ(0, Semaphore::OpenExisting(name).Release(3));
         EXPECT_THROW(second.Release(), SemaphoreFullException);
     }
-    EXPECT_THROW(Mutex(false, name), IO::IOException);
-    EXPECT_THROW(EventWaitHandle::OpenExisting(name), IO::IOException);
+    ExpectEachThrows<IO::IOException>({[&] { Mutex(false, name); }, [&] { EventWaitHandle::OpenExisting(name); }});
     first.Close();
     EXPECT_THROW(Semaphore::OpenExisting(name), IO::IOException);
     EventWaitHandle unnamed(false, EventResetMode::AutoReset, "", createdNew);
     EXPECT_TRUE(createdNew);
 
-    EXPECT_THROW(Mutex(false, name + "n"), ArgumentException);
-    EXPECT_THROW(Mutex::OpenExisting(name + "n"), ArgumentException);
-    EXPECT_THROW(Mutex(false, static_cast<const String&>(null)), ArgumentNullException);
-    EXPECT_THROW(Mutex::OpenExisting(""), ArgumentNullException);
-    EXPECT_THROW(Semaphore::OpenExisting(null), ArgumentNullException);
+    ExpectEachThrows<ArgumentException>({[&] { Mutex(false, name + "n"); }, [&] { Mutex::OpenExisting(name + "n"); }});
+    ExpectEachThrows<ArgumentNullException>({[&] { Mutex(false, static_cast<const String&>(null)); },
+                                             [&] { Mutex::OpenExisting(""); }, [&] { Semaphore::OpenExisting(null); }});
 }
 
 TEST(WaitHandleTests, ANewNamedMutexIsOwnedBeforeOthersFindIt)

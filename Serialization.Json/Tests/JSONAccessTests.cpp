@@ -59,12 +59,9 @@ TEST(JSONAccessTests, FetchesByKindAndNeverConverts)
     EXPECT_EQ("two", object.GetJSONArray("a").GetString(1).Utf8());
     EXPECT_TRUE(object.GetEnum<LogStreamLevel>("e") == LogStreamLevel(LogStreamLevel::Debug));
 
-    EXPECT_THROW(object.GetString("n"), ArgumentException);
-    EXPECT_THROW(object.GetString("missing"), ArgumentException);
-    EXPECT_THROW(object.GetInt32("t"), ArgumentException);
-    EXPECT_THROW(object.GetBoolean("z"), ArgumentException);
-    EXPECT_THROW(object.GetJSONObject("a"), ArgumentException);
-    EXPECT_THROW(object.GetJSONArray("o"), ArgumentException);
+    ExpectEachThrows<ArgumentException>({[&] { object.GetString("n"); }, [&] { object.GetString("missing"); },
+                                         [&] { object.GetInt32("t"); }, [&] { object.GetBoolean("z"); },
+                                         [&] { object.GetJSONObject("a"); }, [&] { object.GetJSONArray("o"); }});
     EXPECT_THROW(object.GetString(static_cast<const String&>(null)), ArgumentNullException);
 
     EXPECT_EQ("text;-;-;-;-;", (Filled<String, Int32, Boolean, LogStreamLevel, JSONObject>("s")));
@@ -212,22 +209,12 @@ TEST(JSONAccessTests, AnArrayIsReadAndChangedByIndex)
     array = JSONArray(String("[2]"));
     EXPECT_EQ(2, array.GetInt32(0));
 
-    EXPECT_THROW(array.GetInt32(1), ArgumentOutOfRangeException);
-    EXPECT_THROW(array.GetInt32(-1), ArgumentOutOfRangeException);
-    EXPECT_THROW(array.GetString(0), ArgumentOutOfRangeException);
-    EXPECT_THROW(array.Put(-1, 0), ArgumentOutOfRangeException);
+    ExpectEachThrows<ArgumentOutOfRangeException>({[&] { array.GetInt32(1); }, [&] { array.GetInt32(-1); },
+                                                   [&] { array.GetString(0); }, [&] { array.Put(-1, 0); }});
     EXPECT_THROW(array = static_cast<const JSONArray&>(null), ArgumentNullException);
 }
 
 TEST(JSONAccessTests, AFailureNamesThePlaceOfTheCall)
 {
-    try
-    {
-        Sample().GetString("missing");
-        FAIL();
-    }
-    catch (const ArgumentException& failure)
-    {
-        EXPECT_EQ(String(__FILE__), failure.File());
-    }
+    EXPECT_EQ(String(__FILE__), FailureOf([] { Sample().GetString("missing"); }).File());
 }

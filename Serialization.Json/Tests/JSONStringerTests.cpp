@@ -71,19 +71,16 @@ TEST(JSONStringerTests, WritesEachTypeInItsForm)
 TEST(JSONStringerTests, CallsOutOfPlaceAreRefusedAndChangeNothing)
 {
     JSONStringer stringer;
-    EXPECT_THROW(stringer.Value(1), FormatException);
-    EXPECT_THROW(stringer.Key("a"), FormatException);
-    EXPECT_THROW(stringer.EndObject(), FormatException);
+    ExpectEachThrows<FormatException>(
+        {[&] { stringer.Value(1); }, [&] { stringer.Key("a"); }, [&] { stringer.EndObject(); }});
 
     stringer.BeginObject();
     EXPECT_THROW(stringer.Value(1), FormatException); // no key yet
-    EXPECT_THROW(stringer.BeginArray(), FormatException);
-    EXPECT_THROW(stringer.EndArray(), FormatException);
-    EXPECT_THROW(stringer.ToString(), FormatException);
+    ExpectEachThrows<FormatException>(
+        {[&] { stringer.BeginArray(); }, [&] { stringer.EndArray(); }, [&] { stringer.ToString(); }});
     EXPECT_THROW(stringer.Key(static_cast<const String&>(null)), ArgumentNullException);
     stringer.Key("a").BeginArray();
-    EXPECT_THROW(stringer.Key("b"), FormatException);
-    EXPECT_THROW(stringer.EndObject(), FormatException);
+    ExpectEachThrows<FormatException>({[&] { stringer.Key("b"); }, [&] { stringer.EndObject(); }});
     EXPECT_EQ(R"({"a":[1]})", stringer.Value(1).EndArray().EndObject().ToString().Utf8());
 
     for (int scope = 0; scope < 20; ++scope)

@@ -97,8 +97,7 @@ TEST(JSONTextTests, RefusesEverythingElse)
     {
         EXPECT_THROW(JSONObject{String(text)}, FormatException) << text;
     }
-    EXPECT_THROW(JSONArray(String("{}")), FormatException);
-    EXPECT_THROW(JSONArray(String("[[]")), FormatException);
+    ExpectEachThrows<FormatException>({[] { JSONArray(String("{}")); }, [] { JSONArray(String("[[]")); }});
     EXPECT_THROW(JSONObject(static_cast<const String&>(null)), ArgumentNullException);
     EXPECT_THROW(JSONArray(static_cast<const String&>(null)), ArgumentNullException);
 }

@@ -85,8 +85,6 @@ void WriteDebugText(const char* text)
 }
 } // namespace Zelkor::Discovery::Client::Platform
 
-namespace
-{
 const std::vector<std::uint32_t> Entry = {16, 2, 0, 0, 0, 0, 0};
 const std::vector<std::uint32_t> Started = {16, 4, 5, 0, 0, 0, 0};
 const std::vector<std::uint32_t> Stopping = {16, 3, 0, 0, 0, 4, 0};
@@ -113,8 +111,6 @@ protected:
 
     HostFolders folders;
 };
-} // namespace
-
 TEST_F(DiscoveryClientServiceTests, OnlyTheFirstStopOrShutdownOfARunningServiceCounts)
 {
     control.reportError = 6;

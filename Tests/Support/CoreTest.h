@@ -70,6 +70,20 @@ void ExpectEachThrows(std::initializer_list<std::function<void()>> operations)
     }
 }
 
+/// The failure of the action, or one that says so where there is none.
+inline Exception FailureOf(const std::function<void()>& action)
+{
+    try
+    {
+        action();
+    }
+    catch (const Exception& failure)
+    {
+        return failure;
+    }
+    return Exception("no failure", "", 0);
+}
+
 /// What the action gives on a thread of its own.
 template <class Action>
 auto OnAnotherThread(Action action)

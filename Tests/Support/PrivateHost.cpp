@@ -17,9 +17,6 @@
 #include <thread>
 #include <unistd.h>
 
-namespace
-{
-
 // What a test does must not reach the machine: the namespaces count as entered only when all of this worked.
 constexpr const char* Mounts = R"(set -e
 mount --make-rprivate /
@@ -31,8 +28,6 @@ do
     mount -t overlay overlay /$folder \
         -o lowerdir=/$folder,upperdir=/run/over/$folder/upper,workdir=/run/over/$folder/work
 done)";
-
-} // namespace
 
 PrivateHost::PrivateHost()
     : oldMounts(open("/proc/thread-self/ns/mnt", O_RDONLY | O_CLOEXEC)),

@@ -7,15 +7,10 @@
 
 using namespace std::chrono_literals;
 
-namespace
-{
-
 /// Managers that wait for a cable.
 using DaemonTests = AdapterSettingsTests;
 
 using NetworkdTests = AdapterSettingsTests;
-
-} // namespace
 
 TEST_P(AdapterSettingsTests, AddressesAndGatewayAreReplacedAndOutlastARestart)
 {

@@ -11,9 +11,6 @@
 
 using namespace Zelkor::Discovery::Client::Platform;
 
-namespace
-{
-
 class AdaptersTests : public IsolatedTest<PrivateNetwork>
 {
 protected:
@@ -37,8 +34,6 @@ protected:
         return std::string(adapter.ipAddressText) + "|" + adapter.ipMaskText + "|" + adapter.gatewayText;
     }
 };
-
-} // namespace
 
 TEST_F(AdaptersTests, EachAdapterButLoopbackShowsItsFirstAddressAlone)
 {

@@ -59,19 +59,6 @@ void AddAdapter(const char* name, std::uint32_t macLength, const char* address, 
     std::strcpy(adapter.gatewayText, gateway);
 }
 
-std::string MessageOf(const std::function<void()>& action)
-{
-    try
-    {
-        action();
-    }
-    catch (const Tesmo::System::Exception& failure)
-    {
-        return failure.Message().Utf8();
-    }
-    return "no failure";
-}
-
 NICConfig Request(const char* name, const std::string& macAddress, const char* address, const char* gateway)
 {
     return {name,
@@ -124,12 +111,12 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, WhatCannotBeReadFailsTheSnapshotOrOnl
     const std::string noAdapters = "W32Gateway::GetAdaptersInfos failed !";
     const std::string noName = "W32Gateway::GetHostName failed !";
     DiscoveryClientDataGatewayW32 gateway;
-    EXPECT_EQ(noAdapters, MessageOf([&] { gateway.GetMACAddress(); }));
-    EXPECT_EQ(noAdapters, MessageOf([&] { gateway.GetHost(); }));
-    EXPECT_EQ(noAdapters, MessageOf([&] { gateway.ChangeIPConfig(NICConfig()); }));
+    EXPECT_EQ(noAdapters, FailureOf([&] { gateway.GetMACAddress(); }).Message().Utf8());
+    EXPECT_EQ(noAdapters, FailureOf([&] { gateway.GetHost(); }).Message().Utf8());
+    EXPECT_EQ(noAdapters, FailureOf([&] { gateway.ChangeIPConfig(NICConfig()); }).Message().Utf8());
     host.hostName.reset();
-    EXPECT_EQ(noName, MessageOf([&] { gateway.GetHost(); }));
-    EXPECT_EQ(noName, MessageOf([&] { gateway.ChangeHostName("node-9"); }));
+    EXPECT_EQ(noName, FailureOf([&] { gateway.GetHost(); }).Message().Utf8());
+    EXPECT_EQ(noName, FailureOf([&] { gateway.ChangeHostName("node-9"); }).Message().Utf8());
 
     host.programRoot = std::string(3000, 'x'); // longer than any path
     DiscoveryClientDataGatewayW32 without;
@@ -237,7 +224,7 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesStopAtTheFirstAdapterThatRefus
     const std::string values = "10.1.2.4/255.255.0.0/10.1.0.1";
 
     EXPECT_EQ("W32Gateway::SetIPAddresses failed ! Args : second/" + values,
-              MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeIPConfig(requests); }));
+              FailureOf([&] { DiscoveryClientDataGatewayW32().ChangeIPConfig(requests); }).Message().Utf8());
 
     EXPECT_EQ(
         (Rows{"probes first", "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes first",
@@ -265,7 +252,8 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, ANewHostNameIsSetAndTheHostRestarted)
         host.nameResult = nameResult;
         host.rebootResult = rebootResult;
         const String newName(name);
-        EXPECT_EQ(message, MessageOf([&] { DiscoveryClientDataGatewayW32().ChangeHostName(newName); }));
+        EXPECT_EQ(message,
+                  FailureOf([&] { DiscoveryClientDataGatewayW32().ChangeHostName(newName); }).Message().Utf8());
         EXPECT_EQ(changes, host.changes);
     }
 }

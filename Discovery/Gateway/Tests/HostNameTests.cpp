@@ -9,9 +9,6 @@
 using namespace Zelkor::Discovery::Client::Platform;
 using namespace std::chrono_literals;
 
-namespace
-{
-
 class HostNameTests : public IsolatedTest<PrivateHost>
 {
 protected:
@@ -34,8 +31,6 @@ protected:
         return name;
     }
 };
-
-} // namespace
 
 TEST_F(HostNameTests, TheHostsOwnServiceStoresTheNameForACallerWithoutCapabilities)
 {

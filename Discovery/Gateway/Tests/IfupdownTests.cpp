@@ -1,8 +1,5 @@
 #include "AdapterSettingsTest.h"
 
-namespace
-{
-
 /// Programs that fail or hang halfway.
 class IfupdownTests : public AdapterSettingsTests
 {
@@ -14,8 +11,6 @@ protected:
               "\\n' >/etc/network/if-up.d/00test; chmod +x /etc/network/if-up.d/00test");
     }
 };
-
-} // namespace
 
 TEST_P(IfupdownTests, AChangeThatFailsOrHangsLeavesTheFormerFileAndTheFormerAddresses)
 {

@@ -1,8 +1,5 @@
 #include "AdapterSettingsTest.h"
 
-namespace
-{
-
 class NetworkManagerTests : public AdapterSettingsTests
 {
 protected:
@@ -34,8 +31,6 @@ protected:
         Shell("nmcli device show " + name + " | grep -q externally");
     }
 };
-
-} // namespace
 
 TEST_P(NetworkManagerTests, AFailedChangeIsTakenBackFromTheProfileAndTheAdapter)
 {

@@ -8,9 +8,6 @@
 using namespace Zelkor::Discovery::Client::Platform;
 using namespace std::chrono_literals;
 
-namespace
-{
-
 const std::string Message =
     "A remote Zelkor administration application has just changed some settings which need a restart. The restart will "
     "be initiated in 30 seconds, please save and close your applications properly.";
@@ -36,8 +33,6 @@ protected:
         Shell(add + "SetWallMessage sb '' ''; " + add + "ScheduleShutdown st '' '" + answer + "'");
     }
 };
-
-} // namespace
 
 TEST_F(RebootTests, TheLoginManagerIsToldTheMessageAndTheMoment)
 {
