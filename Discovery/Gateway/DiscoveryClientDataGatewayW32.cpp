@@ -180,14 +180,16 @@ void Apply(const DiscoveryChannel& channel, const NICConfig& item)
     const Platform::AdapterSettings settings = {
         item.FriendlyName.Utf8(), item.IPAddress.ToString().Utf8(), item.SubNetMask.ToString().Utf8(),
         item.HasDefaultGateway ? item.DefaultGateway.ToString().Utf8() : std::string()};
-    Platform::DisableAddressProbes(settings); // an adapter that keeps its probes only takes longer
-    std::string remark;
-    const int error = Platform::ApplyAdapterSettings(settings, remark);
-    if (!remark.empty())
+    const Platform::SettingsOutcome outcome = Platform::ChangeAdapterSettings(settings);
+    if (!outcome.remark.empty())
     {
-        channel.Critical("IP config of " + item.FriendlyName + " : " + String(remark));
+        channel.Critical("IP config of " + item.FriendlyName + " : " + String(outcome.remark));
     }
-    if (error != 0)
+    if (outcome.isUnseen)
+    {
+        Platform::NoteAddressChange(); // who asked for the change waits for a signature
+    }
+    if (outcome.error != 0)
     {
         throw Exception("W32Gateway::SetIPAddresses failed ! Args : " + item.FriendlyName + "/" + AddressTexts(item),
                         ThrowSite);

@@ -48,7 +48,7 @@ public:
     /// Applies each configuration to the adapter of this host with its hardware address, unless the adapter has that
     /// configuration already. Of several adapters with that address the one with the configuration's name is meant, else
     /// each that isn't stacked on another of them (VLANs have the address of the adapter below). An adapter without gateway, and an MTU other than the host's, always count as different.
-    /// Blocks for 30 s an adapter at most on Linux. There is no way back: what was applied before a failure stays.
+    /// Blocks for 25 s an adapter at most on Linux. There is no way back: what was applied before a failure stays.
     /// @throws Exception  "W32Gateway::SetIPAddresses failed ! Args : " and the first adapter that refused, with the
     ///                    wanted values; "W32Gateway::GetAdaptersInfos failed !"
     void ChangeIPConfig(Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> configs) override;

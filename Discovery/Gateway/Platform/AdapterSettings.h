@@ -14,19 +14,25 @@ struct AdapterSettings
     std::string gatewayText;
 };
 
-/// Turns the probes for duplicate addresses off, on one adapter and for the running system only. Blocks for 5 s at most
-/// on Linux. Task thread.
-/// @returns 0, or a failure: the platform's code where it gives one
-int DisableAddressProbes(const AdapterSettings& settings);
+/// How a change of an adapter ended.
+struct SettingsOutcome
+{
+    int error = 0; ///< 0, or a failure: the platform's code where it gives one
 
-/// Replaces the IPv4 addresses and the default gateway of one adapter. Task thread.
-/// Linux: through the manager that owns the adapter, so that it outlasts a reboot; blocks for 25 s at most, and the
-/// addresses are read back before success is told. The gateway 0.0.0.0 means none; any other that isn't a neighbour
-/// in the new subnet fails before anything is changed.
-/// An adapter without a cable may get its addresses only with one: then the manager has taken them.
-/// @param remark  receives what an operator should know, in one line of ASCII: on failure the reason, on success that the
-///                setting doesn't outlast a reboot or waits for a cable, or which VLANs did not come up again; else empty
-/// @returns 0, or a failure: the platform's code where it gives one
-int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark);
+    /// What an operator should know, in one line of ASCII: the reason of a failure; or that the change is lost at the
+    /// next restart, waits for a cable, or left VLANs down. Usually empty; always on Win32.
+    std::string remark;
+
+    /// The change has succeeded, but WaitForAddressChange does not see it: a new gateway, the same addresses once more, or
+    /// addresses that wait for a cable. Never on Win32, where every change is seen.
+    bool isUnseen = false;
+};
+
+/// Gives one adapter new IPv4 addresses and a new default gateway, with the probes for duplicate addresses turned off for
+/// the running system; probes that stay on don't count as a failure. Task thread.
+/// Linux: changes the adapter through the manager that owns it, so that the change outlasts a restart, and succeeds when
+/// the adapter shows the addresses or waits for a cable to do so; blocks for 25 s at most. The gateway 0.0.0.0 means none;
+/// any other that isn't a neighbour in the new subnet fails before anything is changed.
+SettingsOutcome ChangeAdapterSettings(const AdapterSettings& settings);
 
 } // namespace Zelkor::Discovery::Client::Platform

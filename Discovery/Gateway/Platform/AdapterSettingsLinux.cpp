@@ -1,7 +1,6 @@
 #include "AdapterSettings.h"
 
 #include "Adapters.h"
-#include "Linux/AddressNotice.h"
 #include "Linux/Ifupdown.h"
 #include "Linux/KernelAddresses.h"
 #include "Linux/NetworkManager.h"
@@ -26,13 +25,13 @@ namespace
 
 using namespace std::chrono_literals;
 
-// The time of a change: who owns the adapter, the change itself, reading it back, and the way back after a failure.
-constexpr auto OwnerLimit = 5s;
-constexpr auto ApplyLimit = 13s; // with the time for the owner
-constexpr auto ReadBackLimit = 5s;
-constexpr auto IdleLimit = 1s; // for an adapter without carrier, which may be getting one
+// Counted from the beginning of a change, but for the wait for the addresses.
+constexpr auto OwnerLimit = 5s; // to find the owner and to turn the probes off
+constexpr auto ApplyLimit = 13s;
+constexpr auto ShowLimit = 5s;
+constexpr auto IdleLimit = 1s; // likewise, for an adapter without a carrier, which may be getting one
 constexpr auto ChangeLimit = 24s;
-constexpr auto ReadBackPause = 20ms;
+constexpr auto ShowPause = 20ms;
 
 using Manager = std::unique_ptr<AddressManager>;
 
@@ -42,33 +41,24 @@ Manager Make()
     return std::make_unique<Kind>();
 }
 
-/// In the order in which they are asked; the last one takes what is left.
+/// In the order in which they are asked; the last one owns what is left.
 constexpr std::array<Manager (*)(), 4> Makers = {Make<NetworkManager>, Make<Networkd>, Make<Ifupdown>,
                                                  Make<KernelAddresses>};
 
-/// @param failure  receives the reason where the result is null
-Manager FindOwner(const std::string& adapter, Deadline deadline, Failure& failure)
+/// @param owner  receives the manager that owns the adapter, or the one that doesn't answer
+Failure FindOwner(const std::string& adapter, Deadline deadline, Manager& owner)
 {
     if (if_nametoindex(adapter.c_str()) == 0)
     {
-        failure = "no such adapter";
-        return nullptr;
+        return Failure("no such adapter");
     }
-    for (const auto make : Makers)
+    Answer isOwner = Answer::No;
+    for (std::size_t i = 0; i < Makers.size() && isOwner == Answer::No; ++i)
     {
-        Manager manager = make();
-        switch (manager->Owns(adapter, deadline))
-        {
-        case Ownership::Yes:
-            return manager;
-        case Ownership::No:
-            break;
-        case Ownership::Unknown:
-            failure = manager->Name() + " does not tell whether the adapter is in its hands";
-            return nullptr;
-        }
+        owner = Makers[i]();
+        isOwner = owner->Examine(adapter, deadline);
     }
-    return nullptr;
+    return isOwner == Answer::Yes ? Failure() : Failure(owner->Name() + " does not tell whether it owns the adapter");
 }
 
 /// The adapter as it stands now, empty if it is gone.
@@ -102,104 +92,87 @@ bool HasCarrier(const std::string& adapter)
     return !known || (request.ifr_flags & IFF_RUNNING) != 0;
 }
 
-/// True for an adapter that its manager leaves alone until a cable is plugged in.
+/// Whether the manager leaves the adapter alone until a cable is plugged in.
 bool IsIdle(const AddressManager& manager, const AddressPlan& plan)
 {
     return manager.NeedsCarrier() && !HasCarrier(plan.adapter);
 }
 
+/// @returns false at the limit
 bool WaitUntilShown(const AddressManager& manager, const AddressPlan& plan)
 {
     const Deadline begin = std::chrono::steady_clock::now();
     bool shown = Shows(plan);
-    while (!shown && std::chrono::steady_clock::now() < begin + (IsIdle(manager, plan) ? IdleLimit : ReadBackLimit))
+    while (!shown && std::chrono::steady_clock::now() < begin + (IsIdle(manager, plan) ? IdleLimit : ShowLimit))
     {
-        std::this_thread::sleep_for(ReadBackPause);
+        std::this_thread::sleep_for(ShowPause);
         shown = Shows(plan);
     }
     return shown;
 }
 
-/// @param remark  receives what an operator should know of the success
+/// @param remark  receives what an operator should know of a success
+Failure TryChange(AddressManager& manager, const AddressPlan& plan, Deadline begin, std::string& remark)
+{
+    if (Failure failure = manager.Apply(plan, begin + ApplyLimit))
+    {
+        return failure;
+    }
+    const bool shown = WaitUntilShown(manager, plan);
+    if (!shown && !IsIdle(manager, plan))
+    {
+        return Failure("the adapter does not show the new addresses");
+    }
+    remark = shown ? manager.Remark() : "the addresses take effect when the adapter is connected";
+    return manager.Keep(plan, begin + ChangeLimit);
+}
+
+/// Likewise; a failure leaves the former setting.
 Failure Change(AddressManager& manager, const AddressPlan& plan, Deadline begin, std::string& remark)
 {
-    Failure failure = manager.Apply(plan, begin + ApplyLimit);
-    if (failure.empty())
-    {
-        const bool shown = WaitUntilShown(manager, plan);
-        const bool idle = !shown && IsIdle(manager, plan);
-        failure = shown || idle ? "" : "the adapter does not show the new addresses";
-        remark = idle ? "the addresses take effect when the adapter is connected" : manager.Remark();
-    }
-    if (failure.empty())
-    {
-        failure = manager.Keep(plan, begin + ChangeLimit);
-    }
-    if (failure.empty())
+    Failure failure = TryChange(manager, plan, begin, remark);
+    if (!failure)
     {
         return {};
     }
-    const Failure remains = manager.Withdraw(plan, begin + ChangeLimit);
-    return remains.empty() ? failure : failure + "; the former setting is not restored: " + remains;
+    const Failure rest = manager.Withdraw(plan, begin + ChangeLimit);
+    return rest ? Failure(failure.Reason() + "; the former setting is not restored: " + rest.Reason()) : failure;
 }
 
-int Tell(int code, const std::string& text, std::string& remark)
+SettingsOutcome Refuse(int error, const Failure& failure)
 {
-    remark = OneLine(text);
-    return code;
+    return {error, failure.Reason(), false};
 }
 
 } // namespace
 
-int DisableAddressProbes(const AdapterSettings& settings)
-try
-{
-    const Deadline deadline = std::chrono::steady_clock::now() + OwnerLimit;
-    AddressPlan plan;
-    Failure failure = MakePlan(settings, plan);
-    if (!failure.empty())
-    {
-        return EINVAL;
-    }
-    const Manager manager = FindOwner(plan.adapter, deadline, failure);
-    return manager != nullptr && manager->DisableProbes(plan.adapter, deadline).empty() ? 0 : EIO;
-}
-catch (const std::exception&)
-{
-    return EIO;
-}
-
-int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark)
+SettingsOutcome ChangeAdapterSettings(const AdapterSettings& settings)
 try
 {
     const Deadline begin = std::chrono::steady_clock::now();
     AddressPlan plan;
-    Failure failure = MakePlan(settings, plan);
-    if (!failure.empty())
+    if (const Failure failure = MakePlan(settings, plan))
     {
-        return Tell(EINVAL, failure, remark);
+        return Refuse(EINVAL, failure);
     }
-    const Manager manager = FindOwner(plan.adapter, begin + OwnerLimit, failure);
-    if (manager == nullptr)
+    Manager owner;
+    if (const Failure failure = FindOwner(plan.adapter, begin + OwnerLimit, owner))
     {
-        return Tell(EIO, failure, remark);
+        return Refuse(EIO, failure);
     }
-    const bool isSilent = ShowsAddress(plan);
-    std::string hint;
-    failure = Change(*manager, plan, begin, hint);
-    if (!failure.empty())
+    owner->DisableProbes(plan.adapter, begin + OwnerLimit);
+    const bool showedAddress = ShowsAddress(plan);
+    SettingsOutcome outcome;
+    if (const Failure failure = Change(*owner, plan, begin, outcome.remark))
     {
-        return Tell(EIO, manager->Name() + ": " + failure, remark);
+        return Refuse(EIO, Failure(owner->Name() + ": " + failure.Reason()));
     }
-    if (isSilent || !ShowsAddress(plan))
-    {
-        NoteAddressChange(); // whoever asked for it waits for the new signature
-    }
-    return Tell(0, hint, remark);
+    outcome.isUnseen = showedAddress || !ShowsAddress(plan);
+    return outcome;
 }
 catch (const std::exception& failure) // a folder that can't be read to its end, no memory
 {
-    return Tell(EIO, failure.what(), remark);
+    return Refuse(EIO, Failure(failure.what()));
 }
 
 } // namespace Zelkor::Discovery::Client::Platform

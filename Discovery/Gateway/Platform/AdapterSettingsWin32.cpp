@@ -12,10 +12,10 @@ namespace
 
 constexpr int CommandSize = 256; ///< bytes of a command with its closing zero
 
-/// Runs a command by the command interpreter and waits for its end. The adapter's name goes in as it is: one with a
-/// double quote in it breaks the quoting.
+/// Has the command interpreter run a command and waits for its end. The adapter's name goes in as it is: a double quote
+/// in it breaks the quoting.
 /// @returns its exit code, or -1 for a command that is too long
-[[gnu::format(printf, 1, 2)]] int Run(const char* format, ...)
+[[gnu::format(printf, 1, 2)]] int RunByInterpreter(const char* format, ...)
 {
     char command[CommandSize];
     std::va_list arguments;
@@ -27,16 +27,15 @@ constexpr int CommandSize = 256; ///< bytes of a command with its closing zero
 
 } // namespace
 
-int DisableAddressProbes(const AdapterSettings& settings)
+SettingsOutcome ChangeAdapterSettings(const AdapterSettings& settings)
 {
-    return Run("netsh interface ip set interface \"%s\" dadtransmits=0 store=active", settings.adapterName.c_str());
-}
-
-int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark)
-{
-    remark.clear();
-    return Run("netsh interface ip set address \"%s\" static %s %s %s", settings.adapterName.c_str(),
-               settings.ipAddressText.c_str(), settings.ipMaskText.c_str(), settings.gatewayText.c_str());
+    const char* const name = settings.adapterName.c_str();
+    RunByInterpreter("netsh interface ip set interface \"%s\" dadtransmits=0 store=active", name);
+    SettingsOutcome outcome;
+    outcome.error =
+        RunByInterpreter("netsh interface ip set address \"%s\" static %s %s %s", name, settings.ipAddressText.c_str(),
+                         settings.ipMaskText.c_str(), settings.gatewayText.c_str());
+    return outcome;
 }
 
 } // namespace Zelkor::Discovery::Client::Platform

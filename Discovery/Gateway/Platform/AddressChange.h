@@ -15,6 +15,10 @@ bool WaitForAddressChange();
 /// @returns what the platform says: on Linux 0 or errno, on Win32 1 if a pending notification was cancelled, else 0
 int CancelAddressChangeWait();
 
+/// Ends the wait, or the next one, as a change does. For what isUnseen of a SettingsOutcome tells. Any thread.
+/// Win32: does nothing, because every change is seen there.
+void NoteAddressChange();
+
 /// Ends the watch that the first wait began and forgets cancels and changes that no wait has met; the next wait is a
 /// first one. Not while a wait is under way.
 void EndAddressChangeWatch();

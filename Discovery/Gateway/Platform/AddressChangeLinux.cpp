@@ -1,7 +1,5 @@
 #include "AddressChange.h"
 
-#include "Linux/AddressNotice.h"
-
 #include <algorithm>
 #include <atomic>
 #include <cerrno>

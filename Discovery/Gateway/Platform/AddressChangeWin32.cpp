@@ -67,6 +67,8 @@ int CancelAddressChangeWait()
     return result;
 }
 
+void NoteAddressChange() {}
+
 void EndAddressChangeWatch()
 {
     if (const HANDLE event = changeEvent; event != nullptr)

@@ -1,4 +1,4 @@
-#include "AdapterSettingsTest.h"
+#include "AdapterSettingsFixture.h"
 
 #include <chrono>
 #include <sys/socket.h>
@@ -7,10 +7,12 @@
 
 using namespace std::chrono_literals;
 
-/// Managers that wait for a cable.
-using DaemonTests = AdapterSettingsTests;
+using AdapterSettingsTests = AdapterSettingsFixture;
 
-using NetworkdTests = AdapterSettingsTests;
+/// Managers that wait for a cable.
+using DaemonTests = AdapterSettingsFixture;
+
+using NetworkdTests = AdapterSettingsFixture;
 
 TEST_P(AdapterSettingsTests, AddressesAndGatewayAreReplacedAndOutlastARestart)
 {

@@ -1,5 +1,4 @@
 #include <Discovery/Gateway/Platform/AddressChange.h>
-#include <Discovery/Gateway/Platform/Linux/AddressNotice.h>
 #include <Tests/Support/IsolatedTest.h>
 #include <chrono>
 #include <future>

@@ -17,26 +17,26 @@ TEST(AddressPlanTests, WhatAHostInItsSubnetCanHaveIsAPlanAndAllElseIsRefusedWith
           Row{"eth0", "10.1.2.2", "255.255.255.254", "10.1.2.3", "10.1.2.3", 31},
           Row{"eth0", "223.1.2.3", "128.0.0.0", "192.0.0.1", "192.0.0.1", 1}})
     {
-        EXPECT_EQ("", MakePlan({name, address, mask, gateway}, plan)) << address;
+        EXPECT_FALSE(MakePlan({name, address, mask, gateway}, plan)) << address;
         EXPECT_EQ((Texts{name, address, mask, planned}), (Texts{plan.adapter, plan.address, plan.mask, plan.gateway}));
         EXPECT_EQ(prefixLength, plan.prefixLength);
     }
     for (const char* const name : {"", "-x"})
     {
-        EXPECT_NE("", MakePlan({name, "10.1.2.3", "255.255.255.0", "10.1.2.1"}, plan)) << name;
+        EXPECT_TRUE(MakePlan({name, "10.1.2.3", "255.255.255.0", "10.1.2.1"}, plan)) << name;
     }
     for (const char* const address : {"0.0.0.0", "127.0.0.1", "224.0.0.1", "255.255.255.255", "10.1.2.0", "10.1.2.255",
                                       "10.1.2.3;reboot", "fd00::1", ""})
     {
-        EXPECT_NE("", MakePlan({"eth0", address, "255.255.255.0", ""}, plan)) << address;
+        EXPECT_TRUE(MakePlan({"eth0", address, "255.255.255.0", ""}, plan)) << address;
     }
     for (const char* const mask : {"0.0.0.0", "255.255.255.255", "255.255.0.255", "0.255.255.0", "--help"})
     {
-        EXPECT_NE("", MakePlan({"eth0", "10.1.2.3", mask, ""}, plan)) << mask;
+        EXPECT_TRUE(MakePlan({"eth0", "10.1.2.3", mask, ""}, plan)) << mask;
     }
     // The first one is the value of a gateway that is unset.
     for (const char* const gateway : {"255.255.255.255", "10.1.3.1", "10.1.2.3", "10.1.2.0", "10.1.2.255", "none"})
     {
-        EXPECT_NE("", MakePlan({"eth0", "10.1.2.3", "255.255.255.0", gateway}, plan)) << gateway;
+        EXPECT_TRUE(MakePlan({"eth0", "10.1.2.3", "255.255.255.0", gateway}, plan)) << gateway;
     }
 }

@@ -193,7 +193,6 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, OnlyADifferentConfigurationOfTheAdapt
         Rows changes;
         for (const std::string& adapter : changed)
         {
-            changes.push_back("probes " + adapter);
             changes.push_back("set " + adapter + " " + address + " 255.255.0.0 " + gateway);
         }
         host.changes.clear();
@@ -217,22 +216,19 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, ChangesStopAtTheFirstAdapterThatRefus
         requests->Add(Sp<NICConfig>(new NICConfig(Request(name, macAddress, "10.1.2.4", "10.1.0.1"))));
     }
     requests->Insert(0, (*requests)[0]); // named twice, it is changed twice
-    host.probesResult = 1;               // without any effect
-    host.settingsResult = 1;
-    host.refusingAdapter = "second";
-    host.remark = "a reason";
+    host.outcomes["first"] = {0, "a hint", true};
+    host.outcomes["second"] = {1, "a reason", false};
     const std::string values = "10.1.2.4/255.255.0.0/10.1.0.1";
 
     EXPECT_EQ("W32Gateway::SetIPAddresses failed ! Args : second/" + values,
               FailureOf([&] { DiscoveryClientDataGatewayW32().ChangeIPConfig(requests); }).Message().Utf8());
 
-    EXPECT_EQ(
-        (Rows{"probes first", "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes first",
-              "set first 10.1.2.4 255.255.0.0 10.1.0.1", "probes second", "set second 10.1.2.4 255.255.0.0 10.1.0.1"}),
-        host.changes);
+    EXPECT_EQ((Rows{"set first 10.1.2.4 255.255.0.0 10.1.0.1", "notice", "set first 10.1.2.4 255.255.0.0 10.1.0.1",
+                    "notice", "set second 10.1.2.4 255.255.0.0 10.1.0.1"}),
+              host.changes);
     const std::string row = "S ClientDataGateway: Updating IP config of ";
     const std::string first = row + "first (01:A1:A2:A3:A4:A5). New IP config : " + values;
-    const std::string remark = "C ClientDataGateway: IP config of first : a reason";
+    const std::string remark = "C ClientDataGateway: IP config of first : a hint";
     EXPECT_EQ((Rows{first, remark, first, remark, row + "second (02:A1:A2:A3:A4:A5). New IP config : " + values,
                     "C ClientDataGateway: IP config of second : a reason"}),
               log.Take());

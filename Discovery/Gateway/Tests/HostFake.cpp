@@ -1,6 +1,5 @@
 #include "HostFake.h"
 
-#include <Discovery/Gateway/Platform/AdapterSettings.h>
 #include <Discovery/Gateway/Platform/AddressChange.h>
 #include <Discovery/Gateway/Platform/DeviceType.h>
 #include <Discovery/Gateway/Platform/HostName.h>
@@ -33,19 +32,16 @@ void EndAddressChangeWatch()
     ++host.endedWatches;
 }
 
-int DisableAddressProbes(const AdapterSettings& settings)
-{
-    host.changes.push_back("probes " + settings.adapterName);
-    return host.probesResult;
-}
-
-int ApplyAdapterSettings(const AdapterSettings& settings, std::string& remark)
+SettingsOutcome ChangeAdapterSettings(const AdapterSettings& settings)
 {
     host.changes.push_back("set " + settings.adapterName + " " + settings.ipAddressText + " " + settings.ipMaskText +
                            " " + settings.gatewayText);
-    remark = host.remark;
-    const bool refuses = host.refusingAdapter.empty() || host.refusingAdapter == settings.adapterName;
-    return refuses ? host.settingsResult : 0;
+    return host.outcomes[settings.adapterName];
+}
+
+void NoteAddressChange()
+{
+    host.changes.push_back("notice");
 }
 
 int WriteHostName(const std::string& name)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <Discovery/Gateway/Platform/AdapterSettings.h>
 #include <Discovery/Gateway/Platform/Adapters.h>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,10 +19,7 @@ struct HostFake
     int cancelResult = 0;
     int endedWatches = 0; ///< over addresses
 
-    int probesResult = 0;
-    int settingsResult = 0; ///< of the adapter that refuses, or of all while refusingAdapter is empty
-    std::string refusingAdapter;
-    std::string remark; ///< told of every setting
+    std::map<std::string, Zelkor::Discovery::Client::Platform::SettingsOutcome> outcomes; ///< by adapter; else success
     int nameResult = 0;
     int rebootResult = 0;
     std::vector<std::string> changes; ///< what was asked of the host, in order

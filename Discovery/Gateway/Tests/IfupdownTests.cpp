@@ -1,7 +1,7 @@
-#include "AdapterSettingsTest.h"
+#include "AdapterSettingsFixture.h"
 
 /// Programs that fail or hang halfway.
-class IfupdownTests : public AdapterSettingsTests
+class IfupdownTests : public AdapterSettingsFixture
 {
 protected:
     /// A hook for the new address alone.

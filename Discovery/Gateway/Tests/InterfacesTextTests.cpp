@@ -82,7 +82,7 @@ TEST(InterfacesTextTests, FilesPulledInAreToldWithTheirKind)
 
 TEST(InterfacesTextTests, WhatCannotBeRewrittenSafelyIsAnObstacle)
 {
-    EXPECT_EQ("", InterfacesText("iface eth0 inet dhcp\niface ppp0 inet ppp\n").Obstacle("eth0"));
-    EXPECT_NE("", InterfacesText("iface ppp0 inet ppp\n").Obstacle("ppp0"));
-    EXPECT_NE("", InterfacesText("iface eth0 inherits base\n").Obstacle("eth0"));
+    EXPECT_FALSE(InterfacesText("iface eth0 inet dhcp\niface ppp0 inet ppp\n").Obstacle("eth0"));
+    EXPECT_TRUE(InterfacesText("iface ppp0 inet ppp\n").Obstacle("ppp0"));
+    EXPECT_TRUE(InterfacesText("iface eth0 inherits base\n").Obstacle("eth0"));
 }

@@ -1,6 +1,6 @@
-#include "AdapterSettingsTest.h"
+#include "AdapterSettingsFixture.h"
 
-class NetworkManagerTests : public AdapterSettingsTests
+class NetworkManagerTests : public AdapterSettingsFixture
 {
 protected:
     /// Another address for an adapter.

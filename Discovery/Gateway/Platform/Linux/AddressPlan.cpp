@@ -55,27 +55,27 @@ bool IsNeighbour(std::uint32_t gateway, std::uint32_t address, std::uint32_t mas
 
 } // namespace
 
-std::string MakePlan(const AdapterSettings& settings, AddressPlan& plan)
+Failure MakePlan(const AdapterSettings& settings, AddressPlan& plan)
 {
     std::uint32_t address = 0;
     std::uint32_t mask = 0;
     std::uint32_t gateway = 0;
     if (settings.adapterName.empty() || settings.adapterName.front() == '-')
     {
-        return "the adapter's name would be taken for an option";
+        return Failure("the adapter's name would be taken for an option");
     }
     if (!Parse(settings.ipMaskText, mask) || !IsMask(mask))
     {
-        return "not a mask with neighbours: " + settings.ipMaskText;
+        return Failure("not a mask with neighbours: " + settings.ipMaskText);
     }
     if (!Parse(settings.ipAddressText, address) || !IsUnicast(address) || !IsHostIn(address, mask))
     {
-        return "not the address of a host in its subnet: " + settings.ipAddressText;
+        return Failure("not the address of a host in its subnet: " + settings.ipAddressText);
     }
     const bool hasText = !settings.gatewayText.empty();
     if (hasText && (!Parse(settings.gatewayText, gateway) || (gateway != 0 && !IsNeighbour(gateway, address, mask))))
     {
-        return "the gateway is no neighbour in the subnet: " + settings.gatewayText;
+        return Failure("the gateway is no neighbour in the subnet: " + settings.gatewayText);
     }
     plan = {settings.adapterName, Text(address), Text(mask), gateway == 0 ? "" : Text(gateway), std::countl_one(mask)};
     return {};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "../AdapterSettings.h"
+#include "Failure.h"
 
 #include <string>
 
@@ -20,7 +21,7 @@ struct AddressPlan
 /// Checks what is asked for, by the texts alone. The address must be one that a host in its subnet can have, the gateway
 /// a neighbour there, 0.0.0.0 or empty for none.
 /// @param plan  receives the configuration, defined only on success
-/// @returns what is wrong with it, empty if nothing is
-std::string MakePlan(const AdapterSettings& settings, AddressPlan& plan);
+/// @returns what is wrong with it
+Failure MakePlan(const AdapterSettings& settings, AddressPlan& plan);
 
 } // namespace Zelkor::Discovery::Client::Platform

@@ -1,7 +1,7 @@
 #include "Ifupdown.h"
 
 #include "../Adapters.h"
-#include "Command.h"
+#include "HostCommand.h"
 #include "KernelAddresses.h"
 
 #include <algorithm>
@@ -134,16 +134,19 @@ bool IsStarted(const std::string& adapter, Deadline deadline)
 /// gone then, to be made again by ifup.
 Failure TakeDown(const std::string& adapter, Deadline deadline)
 {
-    RunOnHost({"ifdown", "--force", adapter}, deadline);
-    return if_nametoindex(adapter.c_str()) == 0 ? "" : DropAddresses(adapter, deadline);
+    RunHostCommand({"ifdown", "--force", adapter}, deadline);
+    return if_nametoindex(adapter.c_str()) == 0 ? Failure() : DropAddresses(adapter, deadline);
 }
 
 /// @param entry  an adapter's name, or an entry of the state
 Failure BringUp(const std::string& entry, Deadline deadline)
 {
-    const Failure failure = RunOnHost({"ifup", entry}, deadline);
+    if (Failure failure = ProgramFailure("ifup", RunHostCommand({"ifup", entry}, deadline)))
+    {
+        return failure;
+    }
     const bool isUp = !ReadLogicalName(entry.substr(0, entry.find('='))).empty();
-    return failure.empty() && !isUp ? "ifup leaves it down" : failure; // with exit code 0, if it can't make it
+    return isUp ? Failure() : Failure("ifup leaves it down"); // with exit code 0, if it can't make it
 }
 
 } // namespace
@@ -153,18 +156,18 @@ std::string Ifupdown::Name() const
     return "ifupdown";
 }
 
-Ownership Ifupdown::Owns(const std::string& adapter, Deadline)
+Answer Ifupdown::Examine(const std::string& adapter, Deadline)
 {
     if (access(Program, X_OK) != 0)
     {
-        return Ownership::No;
+        return Answer::No;
     }
     Load(Interfaces);
     const bool named =
         std::any_of(files.begin(), files.end(), [&](const File& file) { return file.text.HasStanza(adapter); });
     logicalName = ReadLogicalName(adapter);
     const bool mapped = !logicalName.empty() && logicalName != adapter;
-    return named || mapped ? Ownership::Yes : Ownership::No;
+    return named || mapped ? Answer::Yes : Answer::No;
 }
 
 void Ifupdown::Load(const std::string& path)
@@ -189,17 +192,17 @@ Failure Ifupdown::Obstacle(const std::string& adapter) const
 {
     if (!IsPlainName(adapter))
     {
-        return "ifup would read more than a name in the adapter's name";
+        return Failure("ifup would read more than a name in the adapter's name");
     }
     if (logicalName != adapter && !logicalName.empty())
     {
-        return "the adapter is configured by the shared name " + logicalName;
+        return Failure("the adapter is configured by the shared name " + logicalName);
     }
     for (const File& file : files)
     {
-        if (const std::string obstacle = file.text.Obstacle(adapter); !obstacle.empty())
+        if (const Failure obstacle = file.text.Obstacle(adapter))
         {
-            return file.path + ": " + obstacle;
+            return Failure(file.path + ": " + obstacle.Reason());
         }
     }
     return TemplateObstacle(adapter);
@@ -215,7 +218,7 @@ Failure Ifupdown::TemplateObstacle(const std::string& adapter) const
         const auto file = std::find_if(files.begin(), files.end(), has);
         if (file != files.end() && depth > 0 && file->text.HasAddresses(name))
         {
-            return file->path + ": the template " + name + " says addresses";
+            return Failure(file->path + ": the template " + name + " says addresses");
         }
         name = file == files.end() ? "" : file->text.Template(name);
     }
@@ -250,28 +253,29 @@ Failure Ifupdown::Prepare(const AddressPlan& plan, Deadline deadline)
     {
         target->text.WriteAuto(plan.adapter);
     }
-    Failure failure;
-    for (auto file = changed.begin(); file != changed.end() && failure.empty(); ++file)
-    {
-        failure = Stage(**file);
-    }
-    return failure;
+    return Stage(changed);
 }
 
-Failure Ifupdown::Stage(const File& file)
+Failure Ifupdown::Stage(const std::vector<const File*>& changed)
 {
-    staged.push_back(std::make_unique<StagedFile>(file.path));
-    const int error = staged.back()->Prepare(file.text.Text());
-    return error == 0 ? "" : file.path + ": " + std::strerror(error);
+    for (const File* const file : changed)
+    {
+        staged.push_back(std::make_unique<StagedFile>(file->path));
+        if (Failure failure = SystemFailure(file->path, staged.back()->Prepare(file->text.Text())))
+        {
+            return failure;
+        }
+    }
+    return {};
 }
 
 Failure Ifupdown::Commit()
 {
     for (const auto& file : staged)
     {
-        if (const int error = file->Commit(); error != 0)
+        if (Failure failure = SystemFailure("can't replace the file", file->Commit()))
         {
-            return std::string("can't replace the file: ") + std::strerror(error);
+            return failure;
         }
     }
     return {};
@@ -279,40 +283,45 @@ Failure Ifupdown::Commit()
 
 Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
 {
-    Failure failure = Obstacle(plan.adapter);
-    if (failure.empty())
+    if (Failure failure = Obstacle(plan.adapter))
     {
-        failure = Prepare(plan, deadline);
+        return failure;
     }
-    if (!failure.empty())
+    if (Failure failure = Prepare(plan, deadline))
     {
         return failure;
     }
     wentDown = true;
     vlans = ReadVlans(plan.adapter);
-    failure = TakeDown(plan.adapter, deadline);
-    if (failure.empty())
+    if (Failure failure = TakeDown(plan.adapter, deadline))
     {
-        failure = Commit();
+        return failure;
     }
-    failure = failure.empty() ? BringUp(plan.adapter, deadline) : failure;
-    remark = failure.empty() ? BringUpVlans(deadline) : "";
-    return failure;
+    if (Failure failure = Commit())
+    {
+        return failure;
+    }
+    if (Failure failure = BringUp(plan.adapter, deadline))
+    {
+        return failure;
+    }
+    remark = BringUpVlans(deadline).Reason();
+    return {};
 }
 
 /// ifdown took them down with the adapter, ifup leaves that to whoever calls it.
 Failure Ifupdown::BringUpVlans(Deadline deadline) const
 {
-    Failure failures;
+    std::string failures;
     for (const std::string& vlan : vlans)
     {
-        if (const Failure failure = BringUp(vlan, deadline); !failure.empty())
+        if (const Failure failure = BringUp(vlan, deadline))
         {
-            failures +=
-                (failures.empty() ? "" : "; ") + vlan.substr(0, vlan.find('=')) + " did not come up again: " + failure;
+            failures += (failures.empty() ? "" : "; ") + vlan.substr(0, vlan.find('=')) +
+                        " did not come up again: " + failure.Reason();
         }
     }
-    return failures;
+    return failures.empty() ? Failure() : Failure(failures);
 }
 
 Failure Ifupdown::Keep(const AddressPlan&, Deadline)
@@ -329,19 +338,17 @@ Failure Ifupdown::Withdraw(const AddressPlan& plan, Deadline deadline)
     Failure failure;
     for (const auto& file : staged)
     {
-        const int error = file->Restore();
-        failure = error == 0 ? failure : std::strerror(error);
+        const Failure latest = SystemFailure("can't put the file back", file->Restore());
+        failure = latest ? latest : failure;
     }
     if (!wentDown)
     {
         return failure;
     }
-    TakeDown(plan.adapter, deadline);
-    for (const Failure& later : {BringUp(plan.adapter, deadline), BringUpVlans(deadline)})
-    {
-        failure = failure.empty() ? later : failure;
-    }
-    return failure;
+    static_cast<void>(TakeDown(plan.adapter, deadline)); // what stays is for ifup to tell
+    const Failure upFailure = BringUp(plan.adapter, deadline);
+    const Failure vlanFailure = BringUpVlans(deadline);
+    return failure ? failure : upFailure ? upFailure : vlanFailure;
 }
 
 std::string Ifupdown::Remark() const

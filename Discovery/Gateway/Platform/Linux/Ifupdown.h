@@ -15,7 +15,7 @@ class Ifupdown : public AddressManager
 {
 public:
     std::string Name() const override;
-    Ownership Owns(const std::string& adapter, Deadline deadline) override;
+    Answer Examine(const std::string& adapter, Deadline deadline) override;
     Failure Apply(const AddressPlan& plan, Deadline deadline) override;
     Failure Keep(const AddressPlan& plan, Deadline deadline) override;
     Failure Withdraw(const AddressPlan& plan, Deadline deadline) override;
@@ -32,7 +32,7 @@ private:
     Failure Obstacle(const std::string& adapter) const;
     Failure TemplateObstacle(const std::string& adapter) const;
     Failure Prepare(const AddressPlan& plan, Deadline deadline);
-    Failure Stage(const File& file);
+    Failure Stage(const std::vector<const File*>& changed);
     Failure Commit();
     Failure BringUpVlans(Deadline deadline) const;
 

@@ -149,18 +149,18 @@ bool InterfacesText::HasStanza(const std::string& adapter, const std::string& fa
     return !Stanzas(adapter, family).empty();
 }
 
-std::string InterfacesText::Obstacle(const std::string& adapter) const
+Failure InterfacesText::Obstacle(const std::string& adapter) const
 {
     if (HasStanza(adapter, "inherits"))
     {
-        return "a stanza inherits its address family";
+        return Failure("a stanza inherits its address family");
     }
     for (const Stanza& stanza : Stanzas(adapter, "inet"))
     {
         const std::vector<std::string> words = SplitWords(lines[stanza.begin].text);
         if (words.size() < 4 || !IsPlainMethod(words[3]))
         {
-            return "a stanza has another method than static, dhcp or manual";
+            return Failure("a stanza has another method than static, dhcp or manual");
         }
     }
     return {};

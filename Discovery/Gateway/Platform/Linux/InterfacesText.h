@@ -30,8 +30,8 @@ public:
     /// @param family  inet, inet6 or another; empty for any
     bool HasStanza(const std::string& adapter, const std::string& family = "") const;
 
-    /// Why the IPv4 part of the adapter can't be rewritten, empty if it can.
-    std::string Obstacle(const std::string& adapter) const;
+    /// Why the IPv4 part of the adapter can't be rewritten.
+    Failure Obstacle(const std::string& adapter) const;
 
     /// The stanza that the adapter's first IPv4 stanza inherits from, empty if there is none.
     std::string Template(const std::string& adapter) const;

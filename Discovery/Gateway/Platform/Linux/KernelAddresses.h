@@ -5,12 +5,12 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// The way without a manager: iproute2 tells the kernel, until the next restart.
+/// For adapters that nobody manages: iproute2 tells the kernel, which forgets it at the next restart.
 class KernelAddresses : public AddressManager
 {
 public:
     std::string Name() const override;
-    Ownership Owns(const std::string& adapter, Deadline deadline) override;
+    Answer Examine(const std::string& adapter, Deadline deadline) override;
     Failure Apply(const AddressPlan& plan, Deadline deadline) override;
     std::string Remark() const override;
 };

@@ -30,12 +30,45 @@ constexpr int NotFoundCode = 10; // nmcli(1): no such profile, or it is not in u
 
 using Words = std::vector<std::string>;
 
-/// A call of nmcli that answers with the bare values.
-Words Nmcli(Words arguments, const Words& more = {})
+struct Property
+{
+    const char* name; // for nmcli
+    std::string NetworkManager::Settings::*value;
+};
+constexpr std::array<Property, 6> Properties = {{{"ipv4.routes", &NetworkManager::Settings::routes},
+                                                 {"ipv4.method", &NetworkManager::Settings::method},
+                                                 {"ipv4.addresses", &NetworkManager::Settings::addresses},
+                                                 {"ipv4.gateway", &NetworkManager::Settings::gateway},
+                                                 {"ipv4.never-default", &NetworkManager::Settings::neverDefault},
+                                                 {"ipv4.dad-timeout", &NetworkManager::Settings::probeTime}}};
+
+/// Has nmcli answer with bare values.
+CommandResult RunNmcli(Words arguments, Deadline deadline)
 {
     arguments.insert(arguments.begin(), {"nmcli", "--escape", "no"});
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    return arguments;
+    return RunCommand(arguments, deadline);
+}
+
+Failure Nmcli(const Words& arguments, Deadline deadline)
+{
+    return ProgramFailure("nmcli", RunNmcli(arguments, deadline));
+}
+
+/// Takes a profile away, or off its adapter; a success as well where it was not there.
+Failure Drop(const Words& arguments, Deadline deadline)
+{
+    const CommandResult result = RunNmcli(arguments, deadline);
+    return result.code == NotFoundCode ? Failure() : ProgramFailure("nmcli", result);
+}
+
+/// Has nmcli give a profile new settings.
+Failure Write(Words arguments, const NetworkManager::Settings& settings, Deadline deadline)
+{
+    for (const Property& property : Properties)
+    {
+        arguments.insert(arguments.end(), {property.name, settings.*property.value});
+    }
+    return Nmcli(arguments, deadline);
 }
 
 /// In the main table; those of other tables serve rules.
@@ -47,7 +80,7 @@ bool IsDefaultRoute(const std::string& route)
                         [](const std::string& word) { return word.starts_with("table=") && word != "table=254"; });
 }
 
-/// @param routes  parted by commas, as nmcli tells and takes them
+/// @param routes  separated by commas
 std::string WithoutDefaultRoutes(const std::string& routes)
 {
     std::istringstream stream(routes);
@@ -59,16 +92,15 @@ std::string WithoutDefaultRoutes(const std::string& routes)
     return kept;
 }
 
-/// What the profile says of IPv4 while the system runs. Its former addresses and gateways are replaced.
-/// @param routes  the former ones
-Words Settings(const AddressPlan& plan, const std::string& routes)
+/// What the profile says while the system runs. Its former addresses and gateways are replaced.
+NetworkManager::Settings MakeSettings(const AddressPlan& plan, const std::string& formerRoutes)
 {
-    return {"ipv4.routes",        WithoutDefaultRoutes(routes),
-            "ipv4.method",        "manual",
-            "ipv4.addresses",     plan.address + "/" + std::to_string(plan.prefixLength),
-            "ipv4.gateway",       plan.gateway,
-            "ipv4.never-default", "no",
-            "ipv4.dad-timeout",   "0"};
+    return {WithoutDefaultRoutes(formerRoutes),
+            "manual",
+            plan.address + "/" + std::to_string(plan.prefixLength),
+            plan.gateway,
+            "no",
+            "0"};
 }
 
 bool IsUuid(const std::string& line)
@@ -97,15 +129,6 @@ Words SplitOutput(const std::string& output)
     return lines;
 }
 
-/// Takes a profile away, or off its adapter; done as well where it was not there.
-Failure Drop(const Words& request, Deadline deadline)
-{
-    const CommandResult result = RunCommand(Nmcli(request), deadline);
-    return result.code == 0 || result.code == NotFoundCode
-               ? ""
-               : "nmcli does not take the profile away: " + OneLine(result.output);
-}
-
 } // namespace
 
 std::string NetworkManager::Name() const
@@ -118,12 +141,12 @@ bool NetworkManager::NeedsCarrier() const
     return true;
 }
 
-Ownership NetworkManager::Owns(const std::string& adapter, Deadline deadline)
+Answer NetworkManager::Examine(const std::string& adapter, Deadline deadline)
 {
     SystemBus bus(deadline);
-    if (const Ownership runs = Runs(bus, Service); runs != Ownership::Yes)
+    if (const Answer isRunning = bus.IsRunning(Service); isRunning != Answer::Yes)
     {
-        return runs;
+        return isRunning;
     }
     BusMessage reply;
     BusMessage property;
@@ -132,16 +155,16 @@ Ownership NetworkManager::Owns(const std::string& adapter, Deadline deadline)
     if (bus.Call(Service, ServicePath, Service, "GetDeviceByIpIface", reply, "s", adapter.c_str()) != 0)
     {
         const bool isStranger = bus.LastErrorName() == "org.freedesktop.NetworkManager.UnknownDevice";
-        return isStranger ? Ownership::No : Ownership::Unknown;
+        return isStranger ? Answer::No : Answer::Unknown;
     }
     if (sd_bus_message_read(reply.get(), "o", &path) < 0 ||
         bus.ReadProperty(Service, path, DeviceInterface, "Managed", "b", property) != 0 ||
         sd_bus_message_read(property.get(), "b", &isManaged) < 0)
     {
-        return Ownership::Unknown;
+        return Answer::Unknown;
     }
     ReadDevice(bus, path);
-    return isManaged != 0 ? Ownership::Yes : Ownership::No;
+    return isManaged != 0 ? Answer::Yes : Answer::No;
 }
 
 void NetworkManager::ReadDevice(SystemBus& bus, const char* path)
@@ -168,17 +191,19 @@ void NetworkManager::ReadDevice(SystemBus& bus, const char* path)
     }
 }
 
-Failure NetworkManager::DisableProbes(const std::string& adapter, Deadline deadline)
+void NetworkManager::DisableProbes(const std::string& adapter, Deadline deadline)
 {
-    return isActive ? Run(Nmcli({"device", "modify", adapter, "ipv4.dad-timeout", "0"}), deadline) : "";
+    if (isActive)
+    {
+        RunNmcli({"device", "modify", adapter, "ipv4.dad-timeout", "0"}, deadline);
+    }
 }
 
 /// The first profile that names the adapter.
 Failure NetworkManager::FindProfile(const std::string& adapter, Deadline deadline)
 {
-    Words request = Nmcli({"-g", "connection.uuid,connection.interface-name", "connection", "show"});
-    for (const std::string& line :
-         SplitOutput(RunCommand(Nmcli({"-g", "UUID", "connection", "show"}), deadline).output))
+    Words request = {"-g", "connection.uuid,connection.interface-name", "connection", "show"};
+    for (const std::string& line : SplitOutput(RunNmcli({"-g", "UUID", "connection", "show"}, deadline).output))
     {
         if (IsUuid(line))
         {
@@ -189,100 +214,120 @@ Failure NetworkManager::FindProfile(const std::string& adapter, Deadline deadlin
     {
         return {};
     }
-    const CommandResult profiles = RunCommand(request, deadline);
+    const CommandResult profiles = RunNmcli(request, deadline);
     const Words lines = SplitOutput(profiles.output);
     for (std::size_t i = 1; i < lines.size() && profile.empty(); ++i)
     {
         profile = lines[i] == adapter && IsUuid(lines[i - 1]) ? lines[i - 1] : "";
     }
-    return profiles.code == 0 ? "" : "nmcli does not list the profiles: " + OneLine(profiles.output);
+    return ProgramFailure("nmcli", profiles);
 }
 
 Failure NetworkManager::AddProfile(const AddressPlan& plan, Deadline deadline)
 {
     if (type != EthernetType && type != VethType)
     {
-        return "the adapter has no profile and is no Ethernet adapter";
+        return Failure("the adapter has no profile and is no Ethernet adapter");
     }
     profile = MakeUuid();
-    isAdded = true;   // may be so even if nmcli fails or takes too long
-    probeTime = "-1"; // the default
-    return Run(Nmcli({"connection", "add", "save", "no", "type", "ethernet", "ifname", plan.adapter, "con-name",
-                      "Zelkor " + plan.adapter, "connection.uuid", profile},
-                     Settings(plan, "")),
-               deadline);
+    isAdded = true; // may be so even if nmcli fails or takes too long
+    return Write({"connection", "add", "save", "no", "type", "ethernet", "ifname", plan.adapter, "con-name",
+                  "Zelkor " + plan.adapter, "connection.uuid", profile},
+                 MakeSettings(plan, ""), deadline);
 }
 
-/// What the profile says before the change, as nmcli takes it back.
-Failure NetworkManager::ReadProfile(const AddressPlan& plan, Deadline deadline)
+/// What the profile says before the change.
+Failure NetworkManager::ReadProfile(Deadline deadline)
 {
-    const Words settings = Settings(plan, "");
-    std::string properties;
-    for (std::size_t i = 0; i < settings.size(); i += 2)
+    std::string names;
+    for (const Property& property : Properties)
     {
-        properties += (i == 0 ? "" : ",") + settings[i];
+        names += (names.empty() ? "" : ",") + std::string(property.name);
     }
-    const CommandResult shown = RunCommand(Nmcli({"-g", properties, "connection", "show", "uuid", profile}), deadline);
+    const CommandResult shown = RunNmcli({"-g", names, "connection", "show", "uuid", profile}, deadline);
+    if (Failure failure = ProgramFailure("nmcli", shown))
+    {
+        return failure;
+    }
     Words values = SplitOutput(shown.output);
     std::erase_if(values, [](const std::string& line) { return line.starts_with("Warning"); });
-    if (shown.code != 0 || values.size() * 2 != settings.size())
+    if (values.size() != Properties.size())
     {
-        return "nmcli does not show the profile: " + OneLine(shown.output);
+        return Failure("nmcli does not show the profile: " + shown.output);
     }
+    Settings settings;
     for (std::size_t i = 0; i < values.size(); ++i)
     {
-        former.insert(former.end(), {settings[2 * i], values[i]});
+        settings.*Properties[i].value = values[i];
     }
-    former.back() = former.back().substr(0, former.back().find(' ')); // "-1 (default)"
-    probeTime = former.back();
-    const CommandResult files = RunCommand(Nmcli({"-g", "UUID,FILENAME", "connection", "show"}), deadline);
+    settings.probeTime = settings.probeTime.substr(0, settings.probeTime.find(' ')); // "-1 (default)"
+    former = settings;
+    const CommandResult files = RunNmcli({"-g", "UUID,FILENAME", "connection", "show"}, deadline);
     isStored = files.output.find(profile + ":/etc/") != std::string::npos;
     return {};
 }
 
 Failure NetworkManager::ChangeProfile(const AddressPlan& plan, Deadline deadline)
 {
-    const Failure failure = ReadProfile(plan, deadline);
-    return failure.empty() ? Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile},
-                                       Settings(plan, former[1])), // the routes
-                                 deadline)
-                           : failure;
+    if (Failure failure = ReadProfile(deadline))
+    {
+        return failure;
+    }
+    return Write({"connection", "modify", "--temporary", "uuid", profile}, MakeSettings(plan, former->routes),
+                 deadline);
 }
 
 Failure NetworkManager::Apply(const AddressPlan& plan, Deadline deadline)
 {
-    Failure failure = isActive ? "" : FindProfile(plan.adapter, deadline);
-    if (failure.empty())
+    if (!isActive)
     {
-        failure = profile.empty() ? AddProfile(plan, deadline) : ChangeProfile(plan, deadline);
+        if (Failure failure = FindProfile(plan.adapter, deadline))
+        {
+            return failure;
+        }
     }
-    if (!failure.empty() || (!isActive && state == UnavailableState))
+    if (Failure failure = profile.empty() ? AddProfile(plan, deadline) : ChangeProfile(plan, deadline))
     {
         return failure;
     }
-    isBroughtUp = !isActive;
-    return isActive ? Run(Nmcli({"device", "reapply", plan.adapter}), deadline)
-                    : Run(Nmcli({"connection", "up", "uuid", profile, "ifname", plan.adapter}), deadline);
+    if (isActive)
+    {
+        return Nmcli({"device", "reapply", plan.adapter}, deadline);
+    }
+    if (state == UnavailableState)
+    {
+        return {};
+    }
+    isBroughtUp = true;
+    return Nmcli({"connection", "up", "uuid", profile, "ifname", plan.adapter}, deadline);
 }
 
 /// Probes come back with the next restart: they are to be off for the running system only.
 Failure NetworkManager::Keep(const AddressPlan& plan, Deadline deadline)
 {
     isStored = true; // from here on, even if nmcli fails or takes too long
-    return Run(
-        Nmcli({"connection", "modify", "uuid", profile}, {"connection.autoconnect", "yes", "connection.interface-name",
-                                                          plan.adapter, "ipv4.dad-timeout", probeTime}),
-        deadline);
+    return Nmcli({"connection", "modify", "uuid", profile, "connection.autoconnect", "yes", "connection.interface-name",
+                  plan.adapter, "ipv4.dad-timeout", former ? former->probeTime : "-1"},
+                 deadline);
 }
 
 /// On disk too, if it was there: a profile that is changed in memory alone hides its file from the administrator.
 Failure NetworkManager::RestoreProfile(Deadline deadline)
 {
-    if (isStored && Run(Nmcli({"connection", "modify", "uuid", profile}, former), deadline).empty())
+    if (isStored && !Write({"connection", "modify", "uuid", profile}, *former, deadline))
     {
         return {};
     }
-    return Run(Nmcli({"connection", "modify", "--temporary", "uuid", profile}, former), deadline);
+    return Write({"connection", "modify", "--temporary", "uuid", profile}, *former, deadline);
+}
+
+Failure NetworkManager::RestoreAdapter(const std::string& adapter, Deadline deadline)
+{
+    if (isActive)
+    {
+        return Nmcli({"device", "reapply", adapter}, deadline);
+    }
+    return isBroughtUp ? Drop({"connection", "down", "uuid", profile}, deadline) : Failure();
 }
 
 Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
@@ -291,21 +336,13 @@ Failure NetworkManager::Withdraw(const AddressPlan& plan, Deadline deadline)
     {
         return Drop({"connection", "delete", "uuid", profile}, deadline);
     }
-    if (former.empty())
+    if (!former)
     {
         return {};
     }
-    const Failure failure = RestoreProfile(deadline);
-    Failure adapterFailure;
-    if (isActive)
-    {
-        adapterFailure = Run(Nmcli({"device", "reapply", plan.adapter}), deadline);
-    }
-    else if (isBroughtUp)
-    {
-        adapterFailure = Drop({"connection", "down", "uuid", profile}, deadline);
-    }
-    return failure.empty() ? adapterFailure : failure;
+    const Failure profileFailure = RestoreProfile(deadline);
+    const Failure adapterFailure = RestoreAdapter(plan.adapter, deadline);
+    return profileFailure ? profileFailure : adapterFailure;
 }
 
 } // namespace Zelkor::Discovery::Client::Platform

@@ -1,9 +1,9 @@
 #include "Networkd.h"
 
 #include "NetworkText.h"
+#include "SystemBus.h"
 
 #include <cjson/cJSON.h>
-#include <cstring>
 #include <filesystem>
 #include <map>
 
@@ -63,12 +63,12 @@ bool Networkd::NeedsCarrier() const
     return true;
 }
 
-Ownership Networkd::Owns(const std::string& adapter, Deadline deadline)
+Answer Networkd::Examine(const std::string& adapter, Deadline deadline)
 {
     SystemBus bus(deadline);
-    if (const Ownership runs = Runs(bus, Service); runs != Ownership::Yes)
+    if (const Answer isRunning = bus.IsRunning(Service); isRunning != Answer::Yes)
     {
-        return runs;
+        return isRunning;
     }
     BusMessage reply;
     int index = 0;
@@ -80,11 +80,11 @@ Ownership Networkd::Owns(const std::string& adapter, Deadline deadline)
         bus.ReadProperty(Service, path, LinkInterface, "AdministrativeState", "s", property) != 0 ||
         sd_bus_message_read(property.get(), "s", &stateText) < 0)
     {
-        return Ownership::Unknown;
+        return Answer::Unknown;
     }
     linkPath = path;
     state = stateText;
-    return state == "unmanaged" ? Ownership::No : Ownership::Yes;
+    return state == "unmanaged" ? Answer::No : Answer::Yes;
 }
 
 Failure Networkd::FindFile(Deadline deadline)
@@ -95,17 +95,17 @@ Failure Networkd::FindFile(Deadline deadline)
     if (bus.Call(Service, linkPath.c_str(), LinkInterface, "Describe", reply, "") != 0 ||
         sd_bus_message_read(reply.get(), "s", &description) < 0)
     {
-        return "does not describe the adapter: " + bus.LastError();
+        return Failure("does not describe the adapter: " + bus.LastError());
     }
     const std::unique_ptr<cJSON, decltype(&cJSON_Delete)> json(cJSON_Parse(description), cJSON_Delete);
     if (json == nullptr)
     {
-        return "does not describe the adapter in JSON";
+        return Failure("does not describe the adapter in JSON");
     }
     const char* const file = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(json.get(), "NetworkFile"));
-    usedFile = file == nullptr ? "" : file;
-    const bool isUndecided = usedFile.empty() && (state == "pending" || state == "initialized");
-    return isUndecided ? "has not chosen a file for the adapter yet" : "";
+    currentFile = file == nullptr ? "" : file;
+    const bool isUndecided = currentFile.empty() && (state == "pending" || state == "initialized");
+    return isUndecided ? Failure("has not chosen a file for the adapter yet") : Failure();
 }
 
 Failure Networkd::Reload(Deadline deadline)
@@ -113,7 +113,8 @@ Failure Networkd::Reload(Deadline deadline)
     SystemBus bus(deadline);
     BusMessage reply;
     const int error = bus.Call(Service, ManagerPath, ManagerInterface, "Reload", reply, "");
-    return error == 0 ? "" : "does not reload: " + (bus.LastError().empty() ? std::strerror(error) : bus.LastError());
+    return bus.LastError().empty() ? SystemFailure("does not reload", error)
+                                   : Failure("does not reload: " + bus.LastError());
 }
 
 Failure Networkd::Apply(const AddressPlan& plan, Deadline deadline)
@@ -121,28 +122,43 @@ Failure Networkd::Apply(const AddressPlan& plan, Deadline deadline)
     const std::string match = MatchOf(plan.adapter);
     if (match.empty())
     {
-        return "no pattern matches the adapter's name alone";
+        return Failure("no pattern matches the adapter's name alone");
     }
-    if (Failure failure = FindFile(deadline); !failure.empty())
+    if (Failure failure = FindFile(deadline))
     {
         return failure;
     }
-    const std::string usedName = usedFile.substr(usedFile.rfind('/') + 1);
+    const std::string currentName = currentFile.substr(currentFile.rfind('/') + 1);
     const std::string ownName = OwnName(plan.adapter);
-    if (!usedName.empty() && usedName < ownName)
+    if (!currentName.empty() && currentName < ownName)
     {
-        return usedFile + " comes before every file of ours";
+        return Failure(currentFile + " comes before every file of ours");
     }
-    const std::string used = usedFile.empty() ? "" : ReadConfiguration(usedFile);
-    if (used.empty() && !usedFile.empty())
+    std::string text;
+    if (!currentFile.empty())
     {
-        return usedFile + " can't be read"; // what else it says would be lost
+        text = ReadConfiguration(currentFile);
+        if (text.empty())
+        {
+            return Failure(currentFile + " can't be read"); // what else it says would be lost
+        }
+        text += ReadDropIns(currentName);
     }
-    const std::string text = used.empty() ? "" : used + ReadDropIns(usedName);
-    staged = std::make_unique<StagedFile>(OwnFolder + ownName);
-    int error = staged->Prepare(MakeNetworkText(text, match, plan));
-    error = error == 0 ? staged->Commit() : error;
-    return error == 0 ? Reload(deadline) : OwnFolder + ownName + ": " + std::strerror(error);
+    if (Failure failure = Write(OwnFolder + ownName, MakeNetworkText(text, match, plan)))
+    {
+        return failure;
+    }
+    return Reload(deadline);
+}
+
+Failure Networkd::Write(const std::string& path, const std::string& text)
+{
+    staged = std::make_unique<StagedFile>(path);
+    if (Failure failure = SystemFailure(path, staged->Prepare(text)))
+    {
+        return failure;
+    }
+    return SystemFailure(path, staged->Commit());
 }
 
 Failure Networkd::Keep(const AddressPlan&, Deadline)
@@ -153,10 +169,14 @@ Failure Networkd::Keep(const AddressPlan&, Deadline)
 
 Failure Networkd::Withdraw(const AddressPlan&, Deadline deadline)
 {
-    const int error = staged == nullptr ? 0 : staged->Restore();
-    const Failure failure = staged == nullptr ? "" : Reload(deadline);
+    if (staged == nullptr)
+    {
+        return {};
+    }
+    Failure failure = SystemFailure("can't put the file back", staged->Restore());
+    Failure reloadFailure = Reload(deadline);
     staged.reset();
-    return error != 0 ? std::strerror(error) : failure;
+    return failure ? failure : reloadFailure;
 }
 
 } // namespace Zelkor::Discovery::Client::Platform

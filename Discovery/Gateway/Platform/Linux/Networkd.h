@@ -14,7 +14,7 @@ class Networkd : public AddressManager
 {
 public:
     std::string Name() const override;
-    Ownership Owns(const std::string& adapter, Deadline deadline) override;
+    Answer Examine(const std::string& adapter, Deadline deadline) override;
     Failure Apply(const AddressPlan& plan, Deadline deadline) override;
     Failure Keep(const AddressPlan& plan, Deadline deadline) override;
     Failure Withdraw(const AddressPlan& plan, Deadline deadline) override;
@@ -22,11 +22,12 @@ public:
 
 private:
     Failure FindFile(Deadline deadline);
+    Failure Write(const std::string& path, const std::string& text);
     static Failure Reload(Deadline deadline);
 
-    std::string linkPath; ///< the adapter's object on the bus
-    std::string state;    ///< its AdministrativeState
-    std::string usedFile; ///< the .network file that configures the adapter now, may be empty
+    std::string linkPath;    ///< the adapter's object on the bus
+    std::string state;       ///< its AdministrativeState
+    std::string currentFile; ///< the .network file that configures the adapter now, empty for none
     std::unique_ptr<StagedFile> staged;
 };
 

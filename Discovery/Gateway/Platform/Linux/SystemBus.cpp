@@ -43,20 +43,27 @@ SystemBus::SystemBus(Deadline end) : deadline(end)
     sd_bus* opened = nullptr;
     const int result = sd_bus_open_system(&opened);
     connection.reset(opened);
-    lastCode = result < 0 ? -result : WaitUntilReady(opened, deadline);
     isAbsent = result == -ENOENT || result == -ECONNREFUSED;
-    if (lastCode != 0)
+    if (result >= 0 && WaitUntilReady(opened, deadline) != 0)
     {
         connection.reset();
     }
 }
 
-bool SystemBus::HasOwner(const char* name)
+Answer SystemBus::IsRunning(const char* service)
 {
     BusMessage reply;
-    int owned = 0;
-    return Call(BusService, BusPath, BusService, "NameHasOwner", reply, "s", name) == 0 &&
-           sd_bus_message_read(reply.get(), "b", &owned) >= 0 && owned != 0;
+    int isOwned = 0;
+    if (isAbsent)
+    {
+        return Answer::No;
+    }
+    if (Call(BusService, BusPath, BusService, "NameHasOwner", reply, "s", service) != 0 ||
+        sd_bus_message_read(reply.get(), "b", &isOwned) < 0)
+    {
+        return Answer::Unknown;
+    }
+    return isOwned != 0 ? Answer::Yes : Answer::No;
 }
 
 int SystemBus::ReadProperty(const char* service, const char* path, const char* interface, const char* property,
@@ -67,25 +74,16 @@ int SystemBus::ReadProperty(const char* service, const char* path, const char* i
     return entered < 0 ? -entered : error;
 }
 
-int SystemBus::Note(int code)
-{
-    lastCode = code;
-    lastError.clear();
-    lastErrorName.clear();
-    return code;
-}
-
 int SystemBus::Send(sd_bus_message* call, BusMessage& reply)
 {
     sd_bus_error error = {};
     sd_bus_message* answer = nullptr;
     const int result = sd_bus_call(connection.get(), call, MicrosecondsUntil(deadline), &error, &answer);
     reply.reset(answer);
-    Note(result < 0 ? -result : 0);
     lastError = error.message != nullptr ? error.message : "";
     lastErrorName = error.name != nullptr ? error.name : "";
     sd_bus_error_free(&error);
-    return lastCode;
+    return result < 0 ? -result : 0;
 }
 
 } // namespace Zelkor::Discovery::Client::Platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Answer.h"
 #include "Command.h"
 
 #include <cerrno>
@@ -28,20 +29,9 @@ public:
     /// Connects; where that fails or takes too long, the connection counts as closed.
     explicit SystemBus(Deadline deadline);
 
-    bool IsOpen() const
-    {
-        return connection != nullptr;
-    }
-
-    /// True if this host has no bus now, as opposed to one that does not answer.
-    bool IsAbsent() const
-    {
-        return isAbsent;
-    }
-
-    /// Whether a process stands behind name now. Asked before a call that must not start a service.
-    /// False as well where the bus did not tell: then LastCode is not 0.
-    bool HasOwner(const char* name);
+    /// Whether a service runs now, by its name on the bus; No where this host has no bus. Asked before a call that must not
+    /// start the service.
+    Answer IsRunning(const char* service);
 
     /// Calls a method.
     /// @param types      the D-Bus signature of the arguments that follow, as sd_bus_call_method takes them
@@ -51,8 +41,10 @@ public:
     int Call(const char* service, const char* path, const char* interface, const char* method, BusMessage& reply,
              const char* types, Arguments... arguments)
     {
+        lastError.clear();
+        lastErrorName.clear();
         sd_bus_message* made = nullptr;
-        int result = IsOpen()
+        int result = connection != nullptr
                          ? sd_bus_message_new_method_call(connection.get(), &made, service, path, interface, method)
                          : -ENOTCONN;
         const BusMessage call(made);
@@ -60,7 +52,7 @@ public:
         {
             result = sd_bus_message_append(call.get(), types, arguments...);
         }
-        return result < 0 ? Note(-result) : Send(call.get(), reply);
+        return result < 0 ? -result : Send(call.get(), reply);
     }
 
     /// Fetches a property.
@@ -69,12 +61,6 @@ public:
     /// @returns 0, or errno; the reason is in LastError
     int ReadProperty(const char* service, const char* path, const char* interface, const char* property,
                      const char* type, BusMessage& reply);
-
-    /// 0, or errno of the last operation, that of connecting if there was none since.
-    int LastCode() const
-    {
-        return lastCode;
-    }
 
     /// Why the last call failed, as the service told it; empty if it told nothing.
     const std::string& LastError() const
@@ -97,13 +83,11 @@ private:
         }
     };
 
-    int Note(int code);
     int Send(sd_bus_message* call, BusMessage& reply);
 
     std::unique_ptr<sd_bus, Close> connection;
     Deadline deadline;
-    bool isAbsent = false;
-    int lastCode = 0;
+    bool isAbsent = false; ///< the bus, as opposed to one that doesn't answer
     std::string lastError;
     std::string lastErrorName;
 };
