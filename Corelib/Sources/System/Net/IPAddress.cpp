@@ -207,6 +207,11 @@ void IPAddress::Address(std::uint32_t value)
     address = value;
 }
 
+std::uint32_t IPAddress::HostOrder() const
+{
+    return Number(address >> 24, address >> 16 & 0xFF, address >> 8 & 0xFF, address & 0xFF);
+}
+
 Array<Byte> IPAddress::GetAddressBytes() const
 {
     unsigned char bytes[IPv6Size];

@@ -67,6 +67,10 @@ public:
     /// @throws Sockets::SocketException  the address is IPv6
     void Address(std::uint32_t value);
 
+    /// IPv4: the address as a number that is fit to reckon with, first octet in the high byte: 10.0.0.1 is 0x0A000001;
+    /// 0 for IPv6.
+    std::uint32_t HostOrder() const;
+
     /// IPv6: the groups, the first one at the left of the text; all zero for IPv4.
     std::span<const std::uint16_t, 8> Numbers() const
     {
