@@ -4,8 +4,8 @@
 #include "ChangeYourHostNameAction.h"
 #include "ChangeYourIPConfigAction.h"
 #include "ClientActionArgs.h"
-#include <Discovery/Pipeline/Required.h>
 
+#include <Discovery/Pipeline/Required.h>
 #include <Discovery/Protocol/ChangeYourHostNameMessage.h>
 #include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
 #include <Discovery/Protocol/DiscoveryMessageDeserializer.h>
@@ -13,24 +13,95 @@
 #include <Discovery/Protocol/SendYourSignatureMessage.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::Exception;
-using Tesmo::System::String;
-using Tesmo::System::Net::IPAddress;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::String, Tesmo::System::Net::IPAddress;
 
-DiscoveryClientMessageParser::DiscoveryClientMessageParser(const Sp<IDiscoveryClientDataGateway>& givenGateway)
-    : gateway(Required(givenGateway))
+namespace
+{
+/// The hardware addresses of the hosts that a message is for; none at all where it is for every host that gets it.
+using Addressees = std::optional<std::vector<MACAddress>>;
+
+Addressees Everybody(const DiscoveryMessage&)
+{
+    return {};
+}
+
+template <class Message>
+Addressees Target(const DiscoveryMessage& message)
+{
+    return message.Broadcast ? Addressees({dynamic_cast<const Message&>(message).TargetedMACAddress}) : Addressees();
+}
+
+Addressees OwnersOfAdapters(const DiscoveryMessage& message)
+{
+    std::vector<MACAddress> owners;
+    for (const Sp<NICConfig>& config : *dynamic_cast<const ChangeYourIPConfigMessage&>(message).NewNICConfigs)
+    {
+        owners.push_back(config->MACAddress);
+    }
+    return owners;
+}
+
+Sp<ClientAction> SendSignature(const DiscoveryMessage&)
+{
+    return Sp<ClientAction>(new BroadcastSignatureAction());
+}
+
+Sp<ClientAction> ChangeIPConfig(const DiscoveryMessage& message)
+{
+    return Sp<ClientAction>(
+        new ChangeYourIPConfigAction(dynamic_cast<const ChangeYourIPConfigMessage&>(message).NewNICConfigs));
+}
+
+Sp<ClientAction> ChangeHostName(const DiscoveryMessage& message)
+{
+    return Sp<ClientAction>(
+        new ChangeYourHostNameAction(dynamic_cast<const ChangeYourHostNameMessage&>(message).NewHostName));
+}
+
+/// What is done with the messages of one type.
+struct Rule
+{
+    DiscoveryMessageType type;
+    Addressees (*addressees)(const DiscoveryMessage& message);       ///< a null pointer: nobody
+    Sp<ClientAction> (*makeAction)(const DiscoveryMessage& message); ///< a null pointer: there is nothing to do
+    const char* text;                                                ///< of the row for a message that is for me
+    void (DiscoveryChannel::*log)(const String& text) const = &DiscoveryChannel::Standard; ///< its level
+};
+
+/// Types without a rule are for nobody, as is SignatureBroadcast, whose rule gives its rows alone.
+constexpr Rule Rules[] = {
+    {DiscoveryMessageType::SignatureBroadcast, nullptr, nullptr, "Message type : SignatureBroadcast",
+     &DiscoveryChannel::Debug},
+    {DiscoveryMessageType::ChangeYourIPConfig, OwnersOfAdapters, ChangeIPConfig, "Message type : ChangeYourIPConfig"},
+    {DiscoveryMessageType::SendYourSignature, Target<SendYourSignatureMessage>, SendSignature,
+     "Message type : SendYourSignature"},
+    {DiscoveryMessageType::AllSendYourSignature, Everybody, SendSignature, "Message type : SendYourSignature"},
+    {DiscoveryMessageType::ChangeYourHostName, Target<ChangeYourHostNameMessage>, ChangeHostName,
+     "Message type : ChangeYourHostName"},
+};
+
+/// A null pointer where there is none.
+const Rule* Find(DiscoveryMessageType type)
+{
+    const auto* const found =
+        std::find_if(std::begin(Rules), std::end(Rules), [type](const Rule& rule) { return rule.type == type; });
+    return found == std::end(Rules) ? nullptr : found;
+}
+} // namespace
+
+DiscoveryClientMessageParser::DiscoveryClientMessageParser(const Sp<IDiscoveryClientDataGateway>& host)
+    : gateway(Required(host))
 {
 }
 
-DiscoveryClientMessageParser::DiscoveryClientMessageParser(const Sp<IDiscoveryClientDataGateway>& givenGateway,
+DiscoveryClientMessageParser::DiscoveryClientMessageParser(const Sp<IDiscoveryClientDataGateway>& host,
                                                            const String& channelName)
     : DiscoveryMessageParser(channelName),
-      gateway(Required(givenGateway))
+      gateway(Required(host))
 {
 }
 
@@ -42,17 +113,20 @@ void DiscoveryClientMessageParser::ProcessMessage(const String& text, const IPAd
         return;
     }
     LogVersionMismatch(*message);
-    const IPAddress replyAddress = message->Broadcast ? IPAddress::Broadcast : sender;
-    if (!IsMessageForMe(*message))
+    const Rule* const rule = Find(message->GetMessageType());
+    if (rule == nullptr || rule->addressees == nullptr || !IsMessageForMe(rule->addressees(*message)))
     {
         channel.Debug("Message not for me : ignoring");
         return;
     }
-    const Sp<ClientAction> action = MakeAction(*message);
-    if (!(action == null))
+    (channel.*rule->log)(rule->text);
+    if (rule->makeAction == nullptr)
     {
-        ActionRequested.Invoke(*this, ClientActionArgs(action, replyAddress));
+        channel.Standard("Message ignored");
+        return;
     }
+    const IPAddress replyAddress = message->Broadcast ? IPAddress::Broadcast : sender;
+    ActionRequested.Invoke(*this, ClientActionArgs(rule->makeAction(*message), replyAddress));
 }
 
 /// Empty for a text that is no message.
@@ -71,7 +145,7 @@ Sp<DiscoveryMessage> DiscoveryClientMessageParser::Deserialize(const String& tex
 
 void DiscoveryClientMessageParser::LogVersionMismatch(const DiscoveryMessage& message)
 {
-    if (!(message.Version == DiscoveryVersion()))
+    if (message.Version != DiscoveryVersion())
     {
         channel.Standard(String::Format(
             "Version mismatch with received message ! [{0}] <> [{1}] -> Received data maybe inconsistent.",
@@ -79,44 +153,17 @@ void DiscoveryClientMessageParser::LogVersionMismatch(const DiscoveryMessage& me
     }
 }
 
-bool DiscoveryClientMessageParser::IsMessageForMe(const DiscoveryMessage& message)
+bool DiscoveryClientMessageParser::IsMessageForMe(const Addressees& addressees)
 {
-    switch (message.GetMessageType())
-    {
-    case DiscoveryMessageType::AllSendYourSignature:
-        return true;
-    case DiscoveryMessageType::SendYourSignature:
-        return !message.Broadcast ||
-               HasMACAddress(dynamic_cast<const SendYourSignatureMessage&>(message).TargetedMACAddress);
-    case DiscoveryMessageType::ChangeYourHostName:
-        return !message.Broadcast ||
-               HasMACAddress(dynamic_cast<const ChangeYourHostNameMessage&>(message).TargetedMACAddress);
-    case DiscoveryMessageType::ChangeYourIPConfig:
-        return HasMACAddressOf(*dynamic_cast<const ChangeYourIPConfigMessage&>(message).NewNICConfigs);
-    default:
-        return false;
-    }
+    return !addressees || HasMACAddress(*addressees);
 }
 
-bool DiscoveryClientMessageParser::HasMACAddress(const MACAddress& address)
+/// True where the host has one of the addresses.
+bool DiscoveryClientMessageParser::HasMACAddress(const std::vector<MACAddress>& addresses)
 {
     const Sp<MACList> own = GetOwnAddresses();
-    return !(own == null) && std::find(own->begin(), own->end(), address) != own->end();
-}
-
-bool DiscoveryClientMessageParser::HasMACAddressOf(const NICList& configs)
-{
-    const Sp<MACList> own = GetOwnAddresses();
-    if (own == null)
-    {
-        return false;
-    }
-    const auto isNamed = [&configs](const MACAddress& address)
-    {
-        return std::any_of(configs.begin(), configs.end(),
-                           [&address](const Sp<NICConfig>& config) { return config->MACAddress == address; });
-    };
-    return std::any_of(own->begin(), own->end(), isNamed);
+    return own != null &&
+           std::find_first_of(own->begin(), own->end(), addresses.begin(), addresses.end()) != own->end();
 }
 
 /// Empty where the gateway fails.
@@ -130,32 +177,6 @@ Sp<DiscoveryClientMessageParser::MACList> DiscoveryClientMessageParser::GetOwnAd
     {
         channel.Critical(
             "Message ignored : exception caught during call to IDiscoveryClientDataGateway::GetMACAddress !", failure);
-        return {};
-    }
-}
-
-/// Empty for the messages that ask for nothing.
-Sp<ClientAction> DiscoveryClientMessageParser::MakeAction(const DiscoveryMessage& message)
-{
-    switch (message.GetMessageType())
-    {
-    case DiscoveryMessageType::SignatureBroadcast:
-        channel.Debug("Message type : SignatureBroadcast");
-        channel.Standard("Message ignored");
-        return {};
-    case DiscoveryMessageType::ChangeYourIPConfig:
-        channel.Standard("Message type : ChangeYourIPConfig");
-        return Sp<ClientAction>(
-            new ChangeYourIPConfigAction(dynamic_cast<const ChangeYourIPConfigMessage&>(message).NewNICConfigs));
-    case DiscoveryMessageType::SendYourSignature:
-    case DiscoveryMessageType::AllSendYourSignature: // the same text for both
-        channel.Standard("Message type : SendYourSignature");
-        return Sp<ClientAction>(new BroadcastSignatureAction());
-    case DiscoveryMessageType::ChangeYourHostName:
-        channel.Standard("Message type : ChangeYourHostName");
-        return Sp<ClientAction>(
-            new ChangeYourHostNameAction(dynamic_cast<const ChangeYourHostNameMessage&>(message).NewHostName));
-    default: // Hello, Bye
         return {};
     }
 }

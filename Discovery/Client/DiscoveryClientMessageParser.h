@@ -1,10 +1,12 @@
 #pragma once
 
 #include <Core/System/Collections/Generic/List.h>
-#include <Discovery/Client/ClientAction.h>
 #include <Discovery/Client/IDiscoveryClientDataGateway.h>
 #include <Discovery/Pipeline/DiscoveryMessageParser.h>
 #include <Discovery/Protocol/DiscoveryMessage.h>
+
+#include <optional>
+#include <vector>
 
 namespace Zelkor::Discovery::Client
 {
@@ -13,9 +15,9 @@ namespace Zelkor::Discovery::Client
 class DiscoveryClientMessageParser : public DiscoveryMessageParser
 {
 public:
-    /// @throws std::exception  gateway is empty
-    explicit DiscoveryClientMessageParser(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway);
-    DiscoveryClientMessageParser(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway,
+    /// @throws std::exception  host is empty
+    explicit DiscoveryClientMessageParser(const Tesmo::Sp<IDiscoveryClientDataGateway>& host);
+    DiscoveryClientMessageParser(const Tesmo::Sp<IDiscoveryClientDataGateway>& host,
                                  const Tesmo::System::String& channelName);
 
     /// Raised on the parser's thread, once for each accepted request, with a ClientActionArgs.
@@ -26,15 +28,12 @@ protected:
 
 private:
     using MACList = Tesmo::System::Collections::Generic::List<MACAddress>;
-    using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
 
     Tesmo::Sp<DiscoveryMessage> Deserialize(const Tesmo::System::String& text);
     void LogVersionMismatch(const DiscoveryMessage& message);
-    bool IsMessageForMe(const DiscoveryMessage& message);
-    bool HasMACAddress(const MACAddress& address);
-    bool HasMACAddressOf(const NICList& configs);
+    bool IsMessageForMe(const std::optional<std::vector<MACAddress>>& addressees);
+    bool HasMACAddress(const std::vector<MACAddress>& addresses);
     Tesmo::Sp<MACList> GetOwnAddresses();
-    Tesmo::Sp<ClientAction> MakeAction(const DiscoveryMessage& message);
 
     Tesmo::Sp<IDiscoveryClientDataGateway> gateway;
 };

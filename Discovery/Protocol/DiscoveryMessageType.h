@@ -1,10 +1,13 @@
 #pragma once
 
 #include <Core/System/String.h>
+#include <Core/System/Up.h>
 
 namespace Zelkor::Discovery
 {
-/// The seven messages. The number stays in memory; on the wire stands the name.
+class DiscoveryMessage;
+
+/// The messages. The number stays in memory; on the wire stands the name.
 enum class DiscoveryMessageType
 {
     SignatureBroadcast = 0,
@@ -16,10 +19,14 @@ enum class DiscoveryMessageType
     ChangeYourHostName = 6,
 };
 
-/// @throws ArgumentException  type is none of the seven
+/// @throws ArgumentException  there is no such type
 const Tesmo::System::String& ToWireName(DiscoveryMessageType type);
 
 /// The names are compared exactly.
-/// @throws ArgumentException  name is none of the seven
+/// @throws ArgumentException  there is no such name
 DiscoveryMessageType FromWireName(const Tesmo::System::String& name);
+
+/// A message of the class that the type stands for, as its default constructor makes it.
+/// @throws FormatException  there is no such type; logged on the deserializer's channel
+Tesmo::Up<DiscoveryMessage> MakeMessage(DiscoveryMessageType type);
 } // namespace Zelkor::Discovery

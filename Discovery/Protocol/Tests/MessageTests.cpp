@@ -94,8 +94,13 @@ TEST(MessageTests, AMessageIsSerializedOnlyIntoAnOpenObjectAndNeedsAType)
     deserializer.Serialize(*sample, stringer);
     EXPECT_EQ(text, stringer.EndObject().ToString().Utf8());
     EXPECT_THROW(deserializer.Serialize(*sample), FormatException); // it opens no object of its own
-    EXPECT_THROW(ToWireName(static_cast<DiscoveryMessageType>(7)), ArgumentException);
-    EXPECT_THROW(ToWireName(static_cast<DiscoveryMessageType>(-1)), ArgumentException);
+    LogRecorder log;
+    for (const int number : {-1, 7})
+    {
+        EXPECT_THROW(ToWireName(static_cast<DiscoveryMessageType>(number)), ArgumentException);
+        EXPECT_THROW(MakeMessage(static_cast<DiscoveryMessageType>(number)), FormatException);
+    }
+    EXPECT_EQ(Rows(2, "C DiscoveryMessageDeserializer: Message type not supported !!!"), log.Take());
 }
 
 TEST(MessageTests, TheBroadcastKeyIsAStringThatDecidesAboutTheAddress)
