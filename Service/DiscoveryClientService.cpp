@@ -13,10 +13,7 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::Sp;
-using Tesmo::System::String;
-using Tesmo::System::IO::Path;
-using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::Sp, Tesmo::System::String, Tesmo::System::IO::Path, Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {

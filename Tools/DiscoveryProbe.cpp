@@ -16,14 +16,15 @@
 #include <string>
 #include <vector>
 
+namespace Zelkor::Discovery::Tools
+{
+using Tesmo::Sp, Tesmo::Up, Tesmo::System::Array, Tesmo::System::Exception, Tesmo::System::Object,
+    Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Net::IPEndPoint,
+    Tesmo::System::Net::Sockets::SocketException, Tesmo::System::Text::Encoding, Tesmo::System::Threading::Thread,
+    Tesmo::System::Threading::ThreadStart;
+
 namespace
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
-using namespace Tesmo::System::Net;
-using namespace Zelkor::Discovery;
-using namespace Zelkor::Discovery::Tools;
-
 constexpr int largestDatagram = 65507; ///< bytes; 65535 less the headers of RFC 791 and RFC 768
 
 /// The probe sits at the other end of the client's two ports.
@@ -51,7 +52,7 @@ void Send(const DiscoveryMessage& message, const ProbeOptions& options, IDiscove
 /// The client sends code page 437.
 String Decode(const unsigned char* bytes, int count)
 {
-    return Text::Encoding::GetEncoding(437)->GetString(Array<unsigned char>(bytes, count));
+    return Encoding::GetEncoding(437)->GetString(Array<unsigned char>(bytes, count));
 }
 
 /// Prints each datagram that comes in, for a number of seconds or for ever.
@@ -62,7 +63,7 @@ public:
 
     void Run(bool json)
     {
-        Threading::Thread clock(Threading::ThreadStart(*this, &TimedListener::ShutDownInTime));
+        Thread clock(ThreadStart(*this, &TimedListener::ShutDownInTime));
         if (seconds > 0)
         {
             clock.Start();
@@ -87,7 +88,7 @@ private:
                 std::fflush(stdout);
             }
         }
-        catch (const Sockets::SocketException&)
+        catch (const SocketException&)
         {
             if (!isOver)
             {
@@ -98,7 +99,7 @@ private:
 
     void ShutDownInTime()
     {
-        Threading::Thread::Sleep(seconds * 1000);
+        Thread::Sleep(seconds * 1000);
         isOver = true; // first: the listener wakes before the socket says that it is shut down
         socket->Shutdown();
     }
@@ -117,13 +118,12 @@ void Run(const ProbeOptions& options)
     }
     TimedListener(socket, options.seconds).Run(options.json);
 }
-} // namespace
 
-int main(int count, char** arguments)
+int RunProbe(const std::vector<std::string>& words)
 {
     try
     {
-        const ProbeOptions options = ProbeOptions::Parse({arguments + 1, arguments + count});
+        const ProbeOptions options = ProbeOptions::Parse(words);
         if (options.help)
         {
             std::fputs(ProbeOptions::Usage(), stdout);
@@ -132,7 +132,7 @@ int main(int count, char** arguments)
         Run(options);
         return 0;
     }
-    catch (const Sockets::SocketException& failure)
+    catch (const SocketException& failure)
     {
         std::fprintf(stderr, "DiscoveryProbe: %s %s\n", failure.Message().Utf8().c_str(),
                      failure.SocketErrorCode().ToString().Utf8().c_str());
@@ -143,4 +143,11 @@ int main(int count, char** arguments)
         std::fprintf(stderr, "DiscoveryProbe: %s (--help tells the usage)\n", failure.Message().Utf8().c_str());
         return 1;
     }
+}
+} // namespace
+} // namespace Zelkor::Discovery::Tools
+
+int main(int count, char** arguments)
+{
+    return Zelkor::Discovery::Tools::RunProbe({arguments + 1, arguments + count});
 }

@@ -5,8 +5,7 @@
 
 namespace Zelkor::Discovery::Tools
 {
-using namespace Tesmo::System;
-using namespace Tesmo::System::Net;
+using Tesmo::System::ArgumentException, Tesmo::System::Int32, Tesmo::System::String, Tesmo::System::Net::IPAddress;
 
 const char* ProbeOptions::Usage()
 {

@@ -11,10 +11,9 @@
 
 namespace Zelkor::Discovery::Tools
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
-using namespace Tesmo::System::Net;
 using Serialization::Json::JSONObject;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::DateTime, Tesmo::System::Exception, Tesmo::System::FormatException,
+    Tesmo::System::String, Tesmo::System::Net::IPEndPoint;
 
 namespace
 {

@@ -9,10 +9,7 @@
 
 namespace Zelkor::Discovery::Tools
 {
-using namespace Tesmo;
-using namespace Tesmo::System;
-using namespace Tesmo::System::Collections::Generic;
-using namespace Tesmo::System::Net;
+using Tesmo::Sp, Tesmo::System::ArgumentException, Tesmo::System::String, Tesmo::System::Net::IPAddress;
 
 namespace
 {
@@ -24,14 +21,14 @@ void Require(bool condition, const char* message)
     }
 }
 
-bool ToEverybody(const ProbeOptions& options)
+bool IsForEverybody(const ProbeOptions& options)
 {
     return options.to.Equals(IPAddress::Broadcast);
 }
 
 Sp<DiscoveryMessage> MakeSignatureRequest(const ProbeOptions& options)
 {
-    if (ToEverybody(options))
+    if (IsForEverybody(options))
     {
         Require(options.arguments.size() == 1, "signature needs a hardware address, or --to");
         return Sp<DiscoveryMessage>(new SendYourSignatureMessage(DiscoveryVersion(), MACAddress(options.arguments[0])));
@@ -51,7 +48,7 @@ Sp<DiscoveryMessage> MakeIPConfigRequest(const ProbeOptions& options)
         config->DefaultGateway = IPAddress::Parse(words[3]);
         config->HasDefaultGateway = true;
     }
-    Sp<List<Sp<NICConfig>>> configs(new List<Sp<NICConfig>>());
+    Sp<NICList> configs(new NICList());
     configs->Add(config);
     return Sp<DiscoveryMessage>(new ChangeYourIPConfigMessage(DiscoveryVersion(), configs));
 }
@@ -59,7 +56,7 @@ Sp<DiscoveryMessage> MakeIPConfigRequest(const ProbeOptions& options)
 Sp<DiscoveryMessage> MakeHostNameRequest(const ProbeOptions& options)
 {
     const std::vector<String>& words = options.arguments;
-    if (ToEverybody(options))
+    if (IsForEverybody(options))
     {
         Require(words.size() == 2, "hostname needs a name and a hardware address, or --to");
         return Sp<DiscoveryMessage>(new ChangeYourHostNameMessage(DiscoveryVersion(), words[0], MACAddress(words[1])));
@@ -91,7 +88,7 @@ Sp<DiscoveryMessage> MakeByName(const ProbeOptions& options)
 Sp<DiscoveryMessage> MakeRequest(const ProbeOptions& options)
 {
     const Sp<DiscoveryMessage> message = MakeByName(options);
-    message->Broadcast = ToEverybody(options);
+    message->Broadcast = IsForEverybody(options);
     return message;
 }
 } // namespace Zelkor::Discovery::Tools

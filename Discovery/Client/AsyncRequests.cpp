@@ -1,26 +1,21 @@
 #include "AsyncRequests.h"
 
-#include <Discovery/Pipeline/Required.h>
-
 #include <Core/System/Threading/Lock.h>
+#include <Discovery/Pipeline/Required.h>
 
 #include <utility>
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::Object;
-using Tesmo::System::Threading::EventResetMode;
-using Tesmo::System::Threading::Lock;
-using Tesmo::System::Threading::ParameterizedThreadStart;
-using Tesmo::System::Threading::Thread;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::Object, Tesmo::System::Threading::EventResetMode,
+    Tesmo::System::Threading::Lock, Tesmo::System::Threading::ParameterizedThreadStart,
+    Tesmo::System::Threading::Thread;
 
-AsyncRequests::AsyncRequests(const DiscoveryChannel& clientChannel, const Sp<RestartSpacing>& givenSpacing,
-                             Work givenWork)
+AsyncRequests::AsyncRequests(const DiscoveryChannel& clientChannel, const Sp<RestartSpacing>& restartSpacing,
+                             Work requestWork)
     : channel(clientChannel),
-      work(std::move(givenWork)),
-      spacing(Required(givenSpacing)),
+      work(std::move(requestWork)),
+      spacing(Required(restartSpacing)),
       changed(false, EventResetMode::AutoReset)
 {
 }
@@ -83,7 +78,7 @@ void AsyncRequests::End()
         next = AsyncRequest::None;
         changed.Set();
     }
-    if (!(asyncThread == null)) // nobody makes another one any more
+    if (asyncThread != null) // nobody makes another one any more
     {
         asyncThread->Join();
     }
@@ -116,7 +111,7 @@ void AsyncRequests::Schedule(AsyncRequest request, std::chrono::steady_clock::du
 
 void AsyncRequests::StartThread()
 {
-    if (!(asyncThread == null))
+    if (asyncThread != null)
     {
         asyncThread->Join(); // it is about to end, and takes no lock any more
     }

@@ -29,7 +29,8 @@ public:
     using Work = std::function<void(AsyncRequest request)>;
 
     /// @param clientChannel  where accepted requests are logged; it must outlive this object
-    AsyncRequests(const DiscoveryChannel& clientChannel, const Tesmo::Sp<RestartSpacing>& givenSpacing, Work givenWork);
+    AsyncRequests(const DiscoveryChannel& clientChannel, const Tesmo::Sp<RestartSpacing>& restartSpacing,
+                  Work requestWork);
 
     /// Accepts the request, unless one is accepted already and no start has come after it: then it is dropped. During a
     /// start the first one is kept and accepted at its end.

@@ -5,10 +5,11 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// Send a signature.
+/// The task to send a signature.
 class BroadcastSignatureAction : public ClientAction
 {
 public:
+    /// A host is not needed: what is sent is read anew.
     BroadcastSignatureAction() : ClientAction(ClientActionType::BroadcastSignature) {}
     explicit BroadcastSignatureAction(const DiscoveryHost& host)
         : ClientAction(ClientActionType::BroadcastSignature),
@@ -16,6 +17,6 @@ public:
     {
     }
 
-    DiscoveryHost Host; ///< as it stood when the task was made; what is sent is read anew
+    DiscoveryHost Host; ///< as it stood when the task was made
 };
 } // namespace Zelkor::Discovery::Client

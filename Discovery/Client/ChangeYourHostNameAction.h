@@ -5,7 +5,7 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// Take another host name.
+/// The task to take another host name.
 class ChangeYourHostNameAction : public ClientAction
 {
 public:

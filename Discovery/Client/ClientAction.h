@@ -4,7 +4,7 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// A task. Its class is told by Type; a plain one of type BroadcastSignature is complete.
+/// A task. Type tells its class; for BroadcastSignature this base is enough.
 class ClientAction
 {
 public:

@@ -7,7 +7,7 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// A task with the address that its answer goes to. A copy shares the task.
+/// A task with the address that its answer goes to: 255.255.255.255 for everybody. A copy shares the task.
 class ClientActionArgs : public Tesmo::System::EventArgs
 {
 public:

@@ -1,39 +1,31 @@
 #include "DiscoveryClient.h"
 
-#include "BroadcastSignatureAction.h"
-#include "ClientActionArgs.h"
-#include "HelloAction.h"
+#include <Core/System/Threading/Lock.h>
+#include <Discovery/Client/BroadcastSignatureAction.h>
+#include <Discovery/Client/ClientActionArgs.h>
+#include <Discovery/Client/HelloAction.h>
 #include <Discovery/Pipeline/CompleteWorker.h>
 #include <Discovery/Pipeline/Required.h>
-
-#include <Core/System/Threading/Lock.h>
 #include <Discovery/Protocol/DiscoveryVersion.h>
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 #include <Discovery/Transport/DiscoverySocketUdpClientFactory.h>
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
-using Tesmo::System::EventHandler;
-using Tesmo::System::Exception;
-using Tesmo::System::Object;
-using Tesmo::System::String;
-using Tesmo::System::Net::IPAddress;
-using Tesmo::System::Threading::Lock;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::EventHandler, Tesmo::System::Exception,
+    Tesmo::System::Object, Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Threading::Lock;
 
-DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGateway)
-    : DiscoveryClient(givenGateway, DiscoveryPorts::Default())
+DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& host)
+    : DiscoveryClient(host, DiscoveryPorts::Default())
 {
 }
 
-DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGateway,
-                                 const Sp<DiscoveryPorts>& givenPorts, const Sp<RestartSpacing>& givenSpacing)
-    : ports(Required(givenPorts)),
-      gateway(Required(givenGateway)),
+DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& host, const Sp<DiscoveryPorts>& clientPorts,
+                                 const Sp<RestartSpacing>& restartSpacing)
+    : ports(Required(clientPorts)),
+      gateway(Required(host)),
       channel("Discovery Client"),
-      async(channel, givenSpacing, [this](AsyncRequest request) { Perform(request); })
+      async(channel, restartSpacing, [this](AsyncRequest request) { Perform(request); })
 {
     CreateSocket();
     socketFactory.Reset(new DiscoverySocketUdpClientFactory(ports->GetLocalPort(), ports->GetRemotePort()));
@@ -41,9 +33,8 @@ DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGat
     HookEvents();
 }
 
-DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& givenGateway,
-                                 const Sp<IBroadcastProvider>& provider)
-    : DiscoveryClient(givenGateway)
+DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& host, const Sp<IBroadcastProvider>& provider)
+    : DiscoveryClient(host)
 {
     SetBroadcastProvider(provider);
 }
@@ -209,7 +200,7 @@ bool DiscoveryClient::TryGetHost(const char* operation, DiscoveryHost& host)
 
 void DiscoveryClient::EnqueueBroadcast(const Sp<ClientAction>& action)
 {
-    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); !(processor == null))
+    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); processor != null)
     {
         processor->EnqueueTask(*this, ClientActionArgs(action, IPAddress::Broadcast));
     }
@@ -218,7 +209,7 @@ void DiscoveryClient::EnqueueBroadcast(const Sp<ClientAction>& action)
 void DiscoveryClient::SendByeMessage()
 {
     const Lock lock(lifecycleLock); // a send that fails raises an event that Start and Stop change
-    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); !(processor == null))
+    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); processor != null)
     {
         processor->SendByeMessage();
     }
@@ -226,7 +217,7 @@ void DiscoveryClient::SendByeMessage()
 
 void DiscoveryClient::SetBroadcastProvider(const Sp<IBroadcastProvider>& provider)
 {
-    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); !(processor == null))
+    if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); processor != null)
     {
         processor->SetBroadcastProvider(provider);
     }

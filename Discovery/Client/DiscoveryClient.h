@@ -28,17 +28,17 @@ namespace Zelkor::Discovery::Client
 class DiscoveryClient : public Tesmo::System::Object
 {
 public:
-    /// With the default ports.
+    /// Binds the local port of clientPorts, 12000 by default, and starts nothing.
+    /// @param host  the only way to the machine that the client stands for
     /// @throws std::exception   an argument is empty
     /// @throws SocketException  the local port can't be bound
-    explicit DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway);
-    DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway, const Tesmo::Sp<DiscoveryPorts>& ports,
-                    const Tesmo::Sp<RestartSpacing>& spacing = Tesmo::Sp<RestartSpacing>(new RestartSpacing));
+    explicit DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& host);
+    DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& host, const Tesmo::Sp<DiscoveryPorts>& clientPorts,
+                    const Tesmo::Sp<RestartSpacing>& restartSpacing = Tesmo::Sp<RestartSpacing>(new RestartSpacing));
     /// With the default ports and SetBroadcastProvider.
-    DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway,
-                    const Tesmo::Sp<IBroadcastProvider>& provider);
+    DiscoveryClient(const Tesmo::Sp<IDiscoveryClientDataGateway>& host, const Tesmo::Sp<IBroadcastProvider>& provider);
     /// Waits for a restart that is under way and drops one that is to come, then stops a running client. What runs in any
-    /// other state, or after a stop that fails, is ended without a word, producers first.
+    /// other state, or after a stop that fails, is ended without a log row, producers first.
     ~DiscoveryClient() override;
 
     /// Starts the stages, consumers first, and queues a hello. Only logs when the client runs already.
@@ -71,6 +71,7 @@ public:
     void AsyncRestart(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args);
     void AsyncStop(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args);
 
+    /// As it stands now; another thread may change it at any time.
     ClientState State() const
     {
         return state;

@@ -4,16 +4,12 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
-using Tesmo::System::Exception;
-using Tesmo::System::Object;
-using Tesmo::System::Threading::ParameterizedThreadStart;
-using Tesmo::System::Threading::Thread;
+using Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::Exception, Tesmo::System::Object,
+    Tesmo::System::Threading::ParameterizedThreadStart, Tesmo::System::Threading::Thread;
 
-DiscoveryClientIPChangeWatcher::DiscoveryClientIPChangeWatcher(const Sp<IDiscoveryClientDataGateway>& givenGateway)
+DiscoveryClientIPChangeWatcher::DiscoveryClientIPChangeWatcher(const Sp<IDiscoveryClientDataGateway>& host)
     : thread(new Thread(ParameterizedThreadStart(ThreadMain))),
-      gateway(Required(givenGateway)),
+      gateway(Required(host)),
       channel("IPChangeWatcher")
 {
     thread->Name(channel.ToString());
@@ -67,7 +63,7 @@ void DiscoveryClientIPChangeWatcher::Run()
 {
     channel.Critical("---Waiting for IP changes...");
     bool hasChanged = false;
-    while (!stopRequested && WaitForChange(hasChanged))
+    while (!stopRequested && TryWaitForChange(hasChanged))
     {
         if (hasChanged && !stopRequested) // a cancelled wait looks like a change
         {
@@ -78,7 +74,7 @@ void DiscoveryClientIPChangeWatcher::Run()
 }
 
 /// False where the gateway fails, which ends the watcher until the client's next restart.
-bool DiscoveryClientIPChangeWatcher::WaitForChange(bool& hasChanged)
+bool DiscoveryClientIPChangeWatcher::TryWaitForChange(bool& hasChanged)
 {
     try
     {

@@ -15,8 +15,8 @@ namespace Zelkor::Discovery::Client
 class DiscoveryClientIPChangeWatcher final : public Tesmo::System::Object
 {
 public:
-    /// @throws std::exception  gateway is empty
-    explicit DiscoveryClientIPChangeWatcher(const Tesmo::Sp<IDiscoveryClientDataGateway>& gateway);
+    /// @throws std::exception  host is empty
+    explicit DiscoveryClientIPChangeWatcher(const Tesmo::Sp<IDiscoveryClientDataGateway>& host);
     /// Ends a thread that still runs.
     ~DiscoveryClientIPChangeWatcher() override;
 
@@ -33,7 +33,7 @@ public:
 private:
     static void ThreadMain(Tesmo::System::Object& watcher);
     void Run();
-    bool WaitForChange(bool& hasChanged);
+    bool TryWaitForChange(bool& hasChanged);
 
     Tesmo::Sp<Tesmo::System::Threading::Thread> thread;
     std::atomic<bool> stopRequested = false;

@@ -1,10 +1,9 @@
 #include "DiscoveryClientMessageParser.h"
 
-#include "BroadcastSignatureAction.h"
-#include "ChangeYourHostNameAction.h"
-#include "ChangeYourIPConfigAction.h"
-#include "ClientActionArgs.h"
-
+#include <Discovery/Client/BroadcastSignatureAction.h>
+#include <Discovery/Client/ChangeYourHostNameAction.h>
+#include <Discovery/Client/ChangeYourIPConfigAction.h>
+#include <Discovery/Client/ClientActionArgs.h>
 #include <Discovery/Pipeline/Required.h>
 #include <Discovery/Protocol/ChangeYourHostNameMessage.h>
 #include <Discovery/Protocol/ChangeYourIPConfigMessage.h>

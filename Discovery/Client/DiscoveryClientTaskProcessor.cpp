@@ -1,10 +1,9 @@
 #include "DiscoveryClientTaskProcessor.h"
 
-#include "ChangeYourHostNameAction.h"
-#include "ChangeYourIPConfigAction.h"
-#include "IPConfigRules.h"
-
 #include <Core/System/Threading/Thread.h>
+#include <Discovery/Client/ChangeYourHostNameAction.h>
+#include <Discovery/Client/ChangeYourIPConfigAction.h>
+#include <Discovery/Client/IPConfigRules.h>
 #include <Discovery/Pipeline/Required.h>
 
 #include <algorithm>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <Core/System/Collections/Generic/List.h>
 #include <Core/System/Random.h>
 #include <Discovery/Client/ClientActionArgs.h>
 #include <Discovery/Client/HostAnnouncer.h>
@@ -15,8 +14,6 @@ namespace Zelkor::Discovery::Client
 class DiscoveryClientTaskProcessor : public DiscoveryTaskProcessor
 {
 public:
-    using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
-
     /// @param sharedSocket  what a host with one adapter sends from; its failures ask for a restart
     /// @throws std::exception  factory or host is empty
     DiscoveryClientTaskProcessor(const Tesmo::Sp<IDiscoverySocket>& sharedSocket,

@@ -5,7 +5,7 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// Say hello.
+/// The task to say hello.
 class HelloAction : public ClientAction
 {
 public:

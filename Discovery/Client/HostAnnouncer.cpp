@@ -11,9 +11,8 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null, Tesmo::Sp, Tesmo::Up;
-using Tesmo::System::Exception, Tesmo::System::ObjectClosedException, Tesmo::System::String;
-using Tesmo::System::Net::IPAddress, Tesmo::System::Net::Sockets::SocketError,
+using Tesmo::null, Tesmo::Sp, Tesmo::Up, Tesmo::System::Exception, Tesmo::System::ObjectClosedException,
+    Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Net::Sockets::SocketError,
     Tesmo::System::Net::Sockets::SocketException;
 
 namespace
@@ -22,7 +21,7 @@ struct SendFailure
 {
     int code;
     const char* text;
-    bool isFatal; ///< the socket is of no more use
+    bool isFatal; ///< the socket is dead
 };
 
 constexpr SendFailure SendFailures[] = {

@@ -15,7 +15,7 @@
 namespace Zelkor::Discovery::Client
 {
 /// Says hello, goodbye and who the host is: one datagram by each of its adapters. A send that fails is logged and never
-/// tried again. Any thread, as far as the functions allow it that it is given.
+/// tried again. Any thread may use it if the functions of its links allow that.
 class HostAnnouncer
 {
 public:
@@ -25,16 +25,16 @@ public:
         Tesmo::Sp<IDiscoverySocket> socket;                               ///< of all adapters; the goodbye does without
         Tesmo::Sp<IDiscoverySocketFactory> socketFactory;                 ///< for sockets that are bound to one address
         std::function<Tesmo::Sp<IBroadcastProvider>()> broadcastProvider; ///< asked before each send; may give none
-        std::function<void()> reportDeadSocket; ///< called for each send that failed in such a way
+        std::function<void()> reportDeadSocket; ///< called after a send that shows that the socket is dead
     };
 
     /// @param ownersChannel  where it logs; it must outlive this object
     /// @throws std::exception  the socket factory is empty
     HostAnnouncer(const DiscoveryChannel& ownersChannel, const Links& ownersLinks);
 
-    /// Sends a message about the host: by the shared socket, or one of its own for a goodbye, where the host has one
-    /// adapter; else from a socket for each of its adapters that can have one. Where none can, one message goes out that
-    /// names no adapter.
+    /// Sends a message about the host. One adapter: from the shared socket, a goodbye from a socket of its own. Several:
+    /// from a socket bound to the address of each, those left out that can't be bound. None, or none that can be bound:
+    /// one message that names no adapter, as from one.
     /// @param type  SignatureBroadcast, Hello or Bye
     void SendHostMessage(const DiscoveryHost& host, const Tesmo::System::Net::IPAddress& address,
                          DiscoveryMessageType type) const;

@@ -25,7 +25,7 @@ public:
 
     /// One record for every adapter whose hardware address has 6 bytes, in the host's order.
     /// @throws Exception  the host has no adapter, or they can't be read
-    virtual Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> GetNICConfigs() = 0;
+    virtual Tesmo::Sp<NICList> GetNICConfigs() = 0;
 
     /// The installed products; never fails.
     virtual Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() = 0;
@@ -36,6 +36,7 @@ public:
     /// @throws Exception  the name can't be read
     virtual Tesmo::System::String GetHostName() = 0;
 
+    /// What kind of device the host is ("Linux PC", "Windows PC") and of which family; never fail.
     virtual Tesmo::System::String GetDeviceType() = 0;
     virtual Tesmo::System::String GetDeviceFamily() = 0;
 
@@ -53,6 +54,7 @@ public:
     /// @throws Exception  the change or the restart was refused
     virtual void ChangeHostName(const Tesmo::System::String& newName) = 0;
 
+    /// What the host tells others about changes of its name and addresses; never fail.
     virtual bool IsHostNameReadOnly() = 0;
     virtual bool RebootRequiredForIPConfigChange() = 0;
     virtual bool RebootRequiredForHostNameChange() = 0;
@@ -60,7 +62,7 @@ public:
     /// Applies each configuration to the adapter with its hardware address, of several to those that it means (see the
     /// implementation); configurations of other machines' adapters, and those that change nothing, are passed over.
     /// @throws Exception  an adapter refused its configuration; those before it stay changed
-    virtual void ChangeIPConfig(Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> configs) = 0;
+    virtual void ChangeIPConfig(Tesmo::Sp<NICList> configs) = 0;
 
     /// Blocks without limit until an address of the host changes or CancelWaitForIPChange ends the wait. One watcher
     /// at a time in the process.

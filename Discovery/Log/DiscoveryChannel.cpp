@@ -1,12 +1,10 @@
-#include <Discovery/Log/DiscoveryChannel.h>
+#include "DiscoveryChannel.h"
 
 #include <Discovery/Log/DiscoveryLogger.h>
 
 namespace Zelkor::Discovery
 {
-using Tesmo::System::Exception;
-using Tesmo::System::String;
-using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::System::Exception, Tesmo::System::String, Tesmo::System::LogStreams::LogStreamLevel;
 
 void DiscoveryChannel::Critical(const String& message) const
 {

@@ -1,4 +1,4 @@
-#include <Discovery/Log/DiscoveryLogger.h>
+#include "DiscoveryLogger.h"
 
 #include <Core/LogStream/LogStream.h>
 #include <Core/System/IO/Directory.h>
@@ -7,17 +7,10 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::Exception;
-using Tesmo::System::InvalidOperationException;
-using Tesmo::System::String;
-using Tesmo::System::IO::Directory;
-using Tesmo::System::IO::Path;
-using Tesmo::System::LogStreams::ILogStream;
-using Tesmo::System::LogStreams::LogStream;
-using Tesmo::System::LogStreams::LogStreamChannel;
-using Tesmo::System::LogStreams::LogStreamLevel;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::InvalidOperationException, Tesmo::System::String,
+    Tesmo::System::IO::Directory, Tesmo::System::IO::Path, Tesmo::System::LogStreams::ILogStream,
+    Tesmo::System::LogStreams::LogStream, Tesmo::System::LogStreams::LogStreamChannel,
+    Tesmo::System::LogStreams::LogStreamLevel;
 
 namespace
 {
@@ -68,7 +61,7 @@ void DiscoveryLogger::SetStream(const Sp<ILogStream>& newStream)
 
 bool DiscoveryLogger::IsOpen() const
 {
-    return !(stream == null);
+    return stream != null;
 }
 
 void DiscoveryLogger::Write(const LogStreamChannel& channel, const String& message, LogStreamLevel rowLevel)

@@ -38,7 +38,7 @@ public:
     void Write(const Tesmo::System::LogStreams::LogStreamChannel& channel, const Tesmo::System::String& message,
                Tesmo::System::LogStreams::LogStreamLevel level);
 
-    /// Two rows at Critical about a caught exception, or nothing while no stream is installed.
+    /// Two rows at Critical about an exception that was caught, or nothing while no stream is installed.
     void Write(const Tesmo::System::LogStreams::LogStreamChannel& channel, const Tesmo::System::String& message,
                const Tesmo::System::Exception& exception);
 

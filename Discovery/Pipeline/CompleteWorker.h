@@ -2,8 +2,8 @@
 
 namespace Zelkor::Discovery
 {
-/// A worker as a complete object, the one form in which a worker can be made: its thread has ended before any class that
-/// the thread uses is taken apart.
+/// The one form in which a worker can be made: its destructor ends the thread before anything that the thread uses is
+/// destroyed.
 template <class T>
 class CompleteWorker final : public T
 {

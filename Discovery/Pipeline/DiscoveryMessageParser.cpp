@@ -4,12 +4,8 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp;
-using Tesmo::System::Exception;
-using Tesmo::System::FormatException;
-using Tesmo::System::Object;
-using Tesmo::System::String;
-using Tesmo::System::Threading::ThreadPriority;
+using Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::FormatException, Tesmo::System::Object, Tesmo::System::String,
+    Tesmo::System::Threading::ThreadPriority;
 
 DiscoveryMessageParser::DiscoveryMessageParser() : DiscoveryMessageParser("MessageParser") {}
 

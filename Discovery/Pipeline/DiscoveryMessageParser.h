@@ -11,6 +11,7 @@ namespace Zelkor::Discovery
 class DiscoveryMessageParser : public DiscoveryWorker
 {
 public:
+    /// The name is that of the log channel and of the thread, "MessageParser" where none is given.
     DiscoveryMessageParser();
     explicit DiscoveryMessageParser(const Tesmo::System::String& channelName);
 
@@ -25,7 +26,7 @@ public:
 protected:
     void RequestEnd() override;
 
-    /// What is to be done with a message, on the parser's thread.
+    /// Called on the parser's thread for each datagram. What it throws is logged, and the next datagram comes.
     virtual void ProcessMessage(const Tesmo::System::String& text, const Tesmo::System::Net::IPAddress& sender) = 0;
 
 private:

@@ -4,29 +4,21 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp;
-using Tesmo::Up;
-using Tesmo::System::Exception;
-using Tesmo::System::Object;
-using Tesmo::System::ObjectClosedException;
-using Tesmo::System::String;
-using Tesmo::System::Net::IPAddress;
-using Tesmo::System::Net::IPEndPoint;
-using Tesmo::System::Net::Sockets::SocketError;
-using Tesmo::System::Net::Sockets::SocketException;
+using Tesmo::Sp, Tesmo::Up, Tesmo::System::Exception, Tesmo::System::Object, Tesmo::System::ObjectClosedException,
+    Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Net::IPEndPoint,
+    Tesmo::System::Net::Sockets::SocketError, Tesmo::System::Net::Sockets::SocketException;
 
 std::atomic<int> DiscoveryReceiver::MessageSize = 2048;
 
-DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& givenSocket,
-                                     const Sp<DiscoveryMessageParser>& givenParser)
-    : DiscoveryReceiver(givenSocket, givenParser, "Receiver")
+DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& sharedSocket, const Sp<DiscoveryMessageParser>& parser)
+    : DiscoveryReceiver(sharedSocket, parser, "Receiver")
 {
 }
 
-DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& givenSocket,
-                                     const Sp<DiscoveryMessageParser>& givenParser, const String& channelName)
-    : DiscoveryWorker(ThreadMain, givenSocket, channelName),
-      messageParser(givenParser)
+DiscoveryReceiver::DiscoveryReceiver(const Sp<IDiscoverySocket>& sharedSocket, const Sp<DiscoveryMessageParser>& parser,
+                                     const String& channelName)
+    : DiscoveryWorker(ThreadMain, sharedSocket, channelName),
+      messageParser(parser)
 {
 }
 
@@ -68,10 +60,10 @@ bool DiscoveryReceiver::ReceiveOne(IPEndPoint& sender)
     }
     catch (const SocketException& failure)
     {
-        return Survives(failure);
+        return HandleFailure(failure);
     }
     const Sp<String> text(new String(String::FromLatin1(buffer.Get(), size)));
-    if (stopRequested && text->IsEmpty()) // the text has size characters always; the check stays
+    if (stopRequested && text->IsEmpty()) // the text always has size characters; required all the same
     {
         return false;
     }
@@ -81,9 +73,9 @@ bool DiscoveryReceiver::ReceiveOne(IPEndPoint& sender)
     return true;
 }
 
-/// Logs the failure and asks for a restart where the socket is of no more use.
+/// Logs the failure, and asks for a restart where the socket can no longer be used.
 /// @returns whether listening goes on
-bool DiscoveryReceiver::Survives(const SocketException& failure)
+bool DiscoveryReceiver::HandleFailure(const SocketException& failure)
 {
     switch (failure.SocketErrorCode().Value())
     {

@@ -14,10 +14,11 @@ namespace Zelkor::Discovery
 class DiscoveryReceiver : public DiscoveryWorker
 {
 public:
-    DiscoveryReceiver(const Tesmo::Sp<IDiscoverySocket>& givenSocket,
-                      const Tesmo::Sp<DiscoveryMessageParser>& messageParser);
-    DiscoveryReceiver(const Tesmo::Sp<IDiscoverySocket>& givenSocket,
-                      const Tesmo::Sp<DiscoveryMessageParser>& messageParser, const Tesmo::System::String& channelName);
+    /// @param sharedSocket  what is listened on; the stop of the worker closes it
+    /// @param parser        takes what comes in; it must be started first
+    DiscoveryReceiver(const Tesmo::Sp<IDiscoverySocket>& sharedSocket, const Tesmo::Sp<DiscoveryMessageParser>& parser);
+    DiscoveryReceiver(const Tesmo::Sp<IDiscoverySocket>& sharedSocket, const Tesmo::Sp<DiscoveryMessageParser>& parser,
+                      const Tesmo::System::String& channelName);
 
     /// Closes the socket under the thread and joins it.
     void Stop() override;
@@ -31,7 +32,7 @@ private:
     static void ThreadMain(Tesmo::System::Object& worker);
     void Run();
     bool ReceiveOne(Tesmo::System::Net::IPEndPoint& sender);
-    bool Survives(const Tesmo::System::Net::Sockets::SocketException& failure);
+    bool HandleFailure(const Tesmo::System::Net::Sockets::SocketException& failure);
     void EndWith(const Tesmo::System::String& text, const Tesmo::System::Exception& failure);
 
     Tesmo::Sp<DiscoveryMessageParser> messageParser;

@@ -1,23 +1,20 @@
-#include <Discovery/Pipeline/DiscoveryTaskProcessor.h>
+#include "DiscoveryTaskProcessor.h"
 
 #include <Core/System/Threading/Lock.h>
 #include <Discovery/Pipeline/Required.h>
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp;
-using Tesmo::System::Object;
-using Tesmo::System::String;
-using Tesmo::System::Threading::Lock;
-using Tesmo::System::Threading::ThreadPriority;
+using Tesmo::Sp, Tesmo::System::Object, Tesmo::System::String, Tesmo::System::Threading::Lock,
+    Tesmo::System::Threading::ThreadPriority;
 
-DiscoveryTaskProcessor::DiscoveryTaskProcessor(const Sp<IDiscoverySocket>& givenSocket)
-    : DiscoveryTaskProcessor(givenSocket, "TaskProcessor")
+DiscoveryTaskProcessor::DiscoveryTaskProcessor(const Sp<IDiscoverySocket>& sharedSocket)
+    : DiscoveryTaskProcessor(sharedSocket, "TaskProcessor")
 {
 }
 
-DiscoveryTaskProcessor::DiscoveryTaskProcessor(const Sp<IDiscoverySocket>& givenSocket, const String& channelName)
-    : DiscoveryWorker(ThreadMain, givenSocket, channelName),
+DiscoveryTaskProcessor::DiscoveryTaskProcessor(const Sp<IDiscoverySocket>& sharedSocket, const String& channelName)
+    : DiscoveryWorker(ThreadMain, sharedSocket, channelName),
       tasks(channel, "task")
 {
     SetPriority(ThreadPriority::Normal);

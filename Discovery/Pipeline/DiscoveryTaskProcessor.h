@@ -6,13 +6,13 @@
 
 namespace Zelkor::Discovery
 {
-/// A thread that runs one task after the other from its bounded queue. What a task is, is the business of the class that
-/// derives from it.
+/// A thread that runs one task after the other from its bounded queue. The derived class says what a task is.
 class DiscoveryTaskProcessor : public DiscoveryWorker
 {
 public:
-    explicit DiscoveryTaskProcessor(const Tesmo::Sp<IDiscoverySocket>& givenSocket);
-    DiscoveryTaskProcessor(const Tesmo::Sp<IDiscoverySocket>& givenSocket, const Tesmo::System::String& channelName);
+    /// @param sharedSocket  what the tasks send from; the stop of the worker closes it
+    explicit DiscoveryTaskProcessor(const Tesmo::Sp<IDiscoverySocket>& sharedSocket);
+    DiscoveryTaskProcessor(const Tesmo::Sp<IDiscoverySocket>& sharedSocket, const Tesmo::System::String& channelName);
 
     /// An event handler: queues a task from any thread.
     virtual void EnqueueTask(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args) = 0;
@@ -28,7 +28,7 @@ public:
 protected:
     void RequestEnd() override;
 
-    /// Runs the next task, if there is one, on the thread of this worker. What it lets out ends the process.
+    /// Runs the next task, if there is one, on the thread of this worker. An exception that leaves it ends the process.
     virtual void ProcessTask() = 0;
 
     /// Empty unless one was set.

@@ -5,25 +5,19 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::EventArgs;
-using Tesmo::System::EventHandler;
-using Tesmo::System::ObjectClosedException;
-using Tesmo::System::String;
-using Tesmo::System::Threading::Lock;
-using Tesmo::System::Threading::ParameterizedThreadStart;
-using Tesmo::System::Threading::Thread;
-using Tesmo::System::Threading::ThreadPriority;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::EventHandler,
+    Tesmo::System::ObjectClosedException, Tesmo::System::String, Tesmo::System::Threading::Lock,
+    Tesmo::System::Threading::ParameterizedThreadStart, Tesmo::System::Threading::Thread,
+    Tesmo::System::Threading::ThreadPriority;
 
-DiscoveryWorker::DiscoveryWorker(ThreadRoutine threadMain, const Sp<IDiscoverySocket>& givenSocket)
-    : DiscoveryWorker(threadMain, givenSocket, "Worker")
+DiscoveryWorker::DiscoveryWorker(ThreadRoutine threadMain, const Sp<IDiscoverySocket>& sharedSocket)
+    : DiscoveryWorker(threadMain, sharedSocket, "Worker")
 {
 }
 
-DiscoveryWorker::DiscoveryWorker(ThreadRoutine threadMain, const Sp<IDiscoverySocket>& givenSocket,
+DiscoveryWorker::DiscoveryWorker(ThreadRoutine threadMain, const Sp<IDiscoverySocket>& sharedSocket,
                                  const String& channelName)
-    : socket(givenSocket),
+    : socket(sharedSocket),
       channel(channelName),
       thread(new Thread(ParameterizedThreadStart(threadMain)))
 {
@@ -44,7 +38,7 @@ void DiscoveryWorker::Start()
 void DiscoveryWorker::Stop()
 {
     channel.Critical("Stopping worker");
-    if (!(socket == null))
+    if (socket != null)
     {
         CloseSocket();
     }
@@ -79,7 +73,7 @@ void DiscoveryWorker::EndThread() noexcept
         return;
     }
     RequestEnd();
-    if (!(socket == null))
+    if (socket != null)
     {
         const Lock lock(*socket);
         try

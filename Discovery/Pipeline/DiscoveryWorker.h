@@ -41,9 +41,9 @@ protected:
     /// What the thread runs; it is given the worker.
     using ThreadRoutine = void (*)(Tesmo::System::Object& worker);
 
-    /// @param givenSocket  may be empty
-    DiscoveryWorker(ThreadRoutine threadMain, const Tesmo::Sp<IDiscoverySocket>& givenSocket);
-    DiscoveryWorker(ThreadRoutine threadMain, const Tesmo::Sp<IDiscoverySocket>& givenSocket,
+    /// @param sharedSocket  may be empty
+    DiscoveryWorker(ThreadRoutine threadMain, const Tesmo::Sp<IDiscoverySocket>& sharedSocket);
+    DiscoveryWorker(ThreadRoutine threadMain, const Tesmo::Sp<IDiscoverySocket>& sharedSocket,
                     const Tesmo::System::String& channelName);
 
     /// Tells the thread to end, before its socket is closed: sets stopRequested. A stage that waits elsewhere adds what
@@ -58,7 +58,7 @@ protected:
     std::atomic<bool> stopRequested = false;
 
 private:
-    /// Only CompleteWorker has it: so no class can leave out the end of the thread.
+    /// CompleteWorker alone has it, so that no other class can be made and none forgets the end of its thread.
     virtual void BeComplete() const = 0;
 
     void CloseSocket();

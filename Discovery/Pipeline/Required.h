@@ -4,7 +4,7 @@
 
 namespace Zelkor::Discovery
 {
-/// The argument itself, for constructors that do nothing without it.
+/// The argument, once it is known that there is one: for constructors that can't do without.
 /// @throws std::exception  argument is empty or the null reference
 template <class T>
 const Tesmo::Sp<T>& Required(const Tesmo::Sp<T>& argument)

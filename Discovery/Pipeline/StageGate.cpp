@@ -5,9 +5,7 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::System::Exception;
-using Tesmo::System::String;
-using Tesmo::System::Threading::SemaphoreFullException;
+using Tesmo::System::Exception, Tesmo::System::String, Tesmo::System::Threading::SemaphoreFullException;
 
 namespace
 {
@@ -32,7 +30,7 @@ bool StageGate::TryAdmit()
     return false;
 }
 
-/// False, from then on for ever, where the count of a WakeUp has taken the last place.
+/// False where the count of a WakeUp has taken the last place; from then on nothing is admitted.
 bool StageGate::TryCount()
 {
     try

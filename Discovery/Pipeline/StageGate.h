@@ -6,7 +6,7 @@
 
 namespace Zelkor::Discovery
 {
-/// Counts the records before a stage. Once 512 were outstanding at a time, it refuses every later one.
+/// Counts the records that wait for a stage. Once 512 were outstanding at a time, it refuses every later one.
 class StageGate
 {
 public:

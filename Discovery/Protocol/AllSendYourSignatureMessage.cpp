@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/AllSendYourSignatureMessage.h>
+#include "AllSendYourSignatureMessage.h"
 
 namespace Zelkor::Discovery
 {

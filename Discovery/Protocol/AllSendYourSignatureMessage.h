@@ -9,6 +9,7 @@ class AllSendYourSignatureMessage : public DiscoveryMessage
 {
 public:
     AllSendYourSignatureMessage() = default;
+    /// By broadcast.
     explicit AllSendYourSignatureMessage(const Tesmo::System::Version& version);
 
     DiscoveryMessageType GetMessageType() const override;

@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/ByeMessage.h>
+#include "ByeMessage.h"
 
 namespace Zelkor::Discovery
 {

@@ -4,14 +4,13 @@
 
 namespace Zelkor::Discovery
 {
-/// A host goes down. It goes to all.
+/// Tells everybody that a host goes down.
 class ByeMessage : public SignatureBroadcastMessage
 {
 public:
     ByeMessage() = default;
-    /// Copies the host.
+    /// Copy the host; the second shares the adapter that the message leaves by.
     ByeMessage(const Tesmo::System::Version& version, const DiscoveryHost& host);
-    /// Copies the host and shares the interface.
     ByeMessage(const Tesmo::System::Version& version, const DiscoveryHost& host, const Tesmo::Sp<NICConfig>& sourceNIC);
 
     DiscoveryMessageType GetMessageType() const override;

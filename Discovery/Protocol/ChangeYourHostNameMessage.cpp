@@ -1,11 +1,10 @@
-#include <Discovery/Protocol/ChangeYourHostNameMessage.h>
+#include "ChangeYourHostNameMessage.h"
 
 #include <Discovery/Protocol/MessageKey.h>
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
+using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
 using Tesmo::System::String;
 
 ChangeYourHostNameMessage::ChangeYourHostNameMessage(const Tesmo::System::Version& version, const String& newHostName)
@@ -33,7 +32,7 @@ void ChangeYourHostNameMessage::WriteJSON(JSONStringer& stringer) const
     stringer.Key(NewHostNameKey.name).Value(NewHostName);
     if (Broadcast)
     {
-        stringer.Key(HostNameOfKey.name).Value(TargetedMACAddress.ToString());
+        stringer.Key(HostNameTargetKey.name).Value(TargetedMACAddress.ToString());
     }
 }
 
@@ -47,7 +46,7 @@ void ChangeYourHostNameMessage::ReadJSON(const String& text)
         return;
     }
     String address;
-    HostNameOfKey.Read(object, address);
+    HostNameTargetKey.Read(object, address);
     TargetedMACAddress = MACAddress(address);
 }
 } // namespace Zelkor::Discovery

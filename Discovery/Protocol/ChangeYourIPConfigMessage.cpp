@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/ChangeYourIPConfigMessage.h>
+#include "ChangeYourIPConfigMessage.h"
 
 #include <Core/System/Exception.h>
 #include <Discovery/Protocol/MessageKey.h>
@@ -6,20 +6,16 @@
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONArray;
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
-using Tesmo::Sp;
-using Tesmo::System::Exception;
-using Tesmo::System::String;
+using Serialization::Json::JSONArray, Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
+using Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::String;
 
 namespace
 {
-/// So many bad elements of a message have a row of their own: a datagram can hold some 32,000.
+/// Bad elements of one message that have a log row each; a datagram can hold some 32,000.
 constexpr int MostElementRows = 100;
 
 /// @returns false where the element is no object or can't be read
-bool ReadElement(const JSONArray& elements, int index, NICConfig& config)
+bool TryReadElement(const JSONArray& elements, int index, NICConfig& config)
 {
     try
     {
@@ -38,14 +34,14 @@ bool ReadElement(const JSONArray& elements, int index, NICConfig& config)
 }
 
 /// @returns how many elements are bad
-int ReadElements(const JSONArray& elements, ChangeYourIPConfigMessage::NICList& configs)
+int ReadElements(const JSONArray& elements, NICList& configs)
 {
     int bad = 0;
     const int count = elements.GetLength();
     for (int i = 0; i < count; ++i)
     {
         const Sp<NICConfig> config(new NICConfig());
-        if (ReadElement(elements, i, *config))
+        if (TryReadElement(elements, i, *config))
         {
             configs.Add(config);
         }
@@ -89,11 +85,11 @@ void ChangeYourIPConfigMessage::ReadJSON(const String& text)
     JSONArray elements;
     NewNICConfigsKey.Read(JSONObject(text), elements);
     NewNICConfigs->Clear();
-    const int untold = ReadElements(elements, *NewNICConfigs) - MostElementRows;
-    if (untold > 0)
+    const int unlogged = ReadElements(elements, *NewNICConfigs) - MostElementRows;
+    if (unlogged > 0)
     {
         DiscoveryChannel(NewNICConfigsKey.channel)
-            .Critical(String::Format("Failed to parse NIC config !!! Ignoring {0} more...", untold));
+            .Critical(String::Format("Failed to parse NIC config !!! Ignoring {0} more...", unlogged));
     }
 }
 } // namespace Zelkor::Discovery

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <Core/System/Collections/Generic/List.h>
 #include <Core/System/Sp.h>
 #include <Discovery/Protocol/DiscoveryMessage.h>
 #include <Discovery/Protocol/NICConfig.h>
 
 namespace Zelkor::Discovery
 {
-/// Asks the hosts that own the interfaces to configure them anew.
+/// Asks the hosts that own the adapters to configure them anew.
 class ChangeYourIPConfigMessage : public DiscoveryMessage
 {
 public:
-    using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
-
     /// With a new empty list.
     ChangeYourIPConfigMessage();
     /// Shares the list.
@@ -20,7 +17,7 @@ public:
 
     DiscoveryMessageType GetMessageType() const override;
     void WriteJSON(Serialization::Json::JSONStringer& stringer) const override;
-    /// Skips the elements that can't be read: a log line for each of the first 100, one for the number of the others.
+    /// Skips the elements that can't be read: the first 100 have a log row each, the others one with their number.
     void ReadJSON(const Tesmo::System::String& text) override;
 
     Tesmo::Sp<NICList> NewNICConfigs;

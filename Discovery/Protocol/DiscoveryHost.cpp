@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/DiscoveryHost.h>
+#include "DiscoveryHost.h"
 
 #include <Core/System/Checks.h>
 #include <Core/System/Exception.h>
@@ -10,15 +10,9 @@
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONArray;
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::Exception;
-using Tesmo::System::NotNull;
-using Tesmo::System::String;
-using Tesmo::System::Collections::Generic::List;
+using Serialization::Json::JSONArray, Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::NotNull, Tesmo::System::String,
+    Tesmo::System::Collections::Generic::List;
 
 namespace
 {
@@ -109,7 +103,7 @@ void WriteInfos(JSONStringer& stringer, const Sp<FileTransferInfos>& infos)
 }
 
 /// @returns false where the infos are missing or can't be read
-bool ReadInfos(const JSONObject& object, FileTransferInfos& infos)
+bool TryReadInfos(const JSONObject& object, FileTransferInfos& infos)
 {
     try
     {
@@ -220,7 +214,7 @@ void DiscoveryHost::ReadJSON(const String& text)
     {
         FileTransferInfos.Reset(new Discovery::FileTransferInfos());
     }
-    if (!ReadInfos(object, *FileTransferInfos))
+    if (!TryReadInfos(object, *FileTransferInfos))
     {
         DiscoveryChannel(channelName).Standard("No FileTransfer infos or failed to parse JSON data");
     }

@@ -14,9 +14,9 @@ namespace Zelkor::Discovery
 class DiscoveryHost
 {
 public:
-    using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
     using ProductList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>;
 
+    /// Without adapters and products, and with empty file-transfer infos.
     DiscoveryHost();
     DiscoveryHost(const Tesmo::System::String& hostName, bool isHostNameReadOnly, bool rebootRequiredForIPConfigChange,
                   bool rebootRequiredForHostNameChange, const Tesmo::System::String& deviceType,
@@ -26,9 +26,11 @@ public:
     DiscoveryHost& operator=(const DiscoveryHost& other);
     virtual ~DiscoveryHost() = default;
 
+    /// A new host that equals this one and shares nothing with it.
     virtual Tesmo::Sp<DiscoveryHost> Clone() const;
 
-    /// Writes the record as an object. "FileTransferInfos" is left out when it is empty; a failure in it is logged.
+    /// Writes the record as an object. "FileTransferInfos" is left out when it is empty and ends at a pair that can't
+    /// be written, which is logged.
     virtual Serialization::Json::JSONStringer& WriteJSON(Serialization::Json::JSONStringer& stringer) const;
 
     /// Reads the record from the text of an object. What was read before a failure stays. A missing or bad
@@ -42,7 +44,7 @@ public:
     void AddNIC(const Tesmo::Sp<NICConfig>& nic);
     void AddProduct(const Tesmo::Sp<DiscoveryHostProduct>& product);
 
-    /// Hosts that differ only in RebootRequiredForHostNameChange are equal, and FileTransferInfos compares one way.
+    /// Hosts that differ only in RebootRequiredForHostNameChange are equal, and FileTransferInfos are compared one way only (see there).
     bool operator==(const DiscoveryHost& other) const;
 
     Tesmo::System::String HostName;

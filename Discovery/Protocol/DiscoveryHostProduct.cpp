@@ -1,11 +1,10 @@
-#include <Discovery/Protocol/DiscoveryHostProduct.h>
+#include "DiscoveryHostProduct.h"
 
 #include <Serialization.Json/JSONObject.h>
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
+using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
 using Tesmo::System::String;
 
 namespace

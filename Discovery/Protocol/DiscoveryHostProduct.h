@@ -10,6 +10,7 @@ class DiscoveryHostProduct
 {
 public:
     DiscoveryHostProduct() = default;
+    /// All four are told as they stand; none is interpreted.
     DiscoveryHostProduct(const Tesmo::System::String& productType, const Tesmo::System::String& productSerialNumber,
                          const Tesmo::System::String& productVersion, const Tesmo::System::String& productName);
     DiscoveryHostProduct(const DiscoveryHostProduct&) = default;

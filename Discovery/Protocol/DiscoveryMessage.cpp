@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/DiscoveryMessage.h>
+#include "DiscoveryMessage.h"
 
 #include <Core/System/Boolean.h>
 #include <Discovery/Protocol/DiscoveryVersion.h>
@@ -6,10 +6,8 @@
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
-using Tesmo::System::Boolean;
-using Tesmo::System::String;
+using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
+using Tesmo::System::Boolean, Tesmo::System::String;
 
 namespace
 {

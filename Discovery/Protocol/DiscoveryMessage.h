@@ -10,12 +10,13 @@ namespace Zelkor::Discovery
 /// Root of the messages: one JSON object a datagram, whose first keys are common to all. A message is made, written
 /// once and dropped, or made, read once and dropped, by one thread at a time.
 ///
-/// Readers don't mind the order of the keys, the case of their letters, or keys that they don't know.
+/// A reader ignores the order of the keys, the case of their letters, and keys that it doesn't know.
 class DiscoveryMessage
 {
 public:
     virtual ~DiscoveryMessage() = default;
 
+    /// The type that the class stands for.
     virtual DiscoveryMessageType GetMessageType() const = 0;
 
     /// The whole text of the message, without a blank between the tokens.

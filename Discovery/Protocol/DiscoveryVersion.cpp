@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/DiscoveryVersion.h>
+#include "DiscoveryVersion.h"
 
 namespace Zelkor::Discovery
 {

@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/FileTransferInfos.h>
+#include "FileTransferInfos.h"
 
 #include <Core/System/Checks.h>
 #include <Serialization.Json/JSONObject.h>
@@ -7,11 +7,8 @@
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
-using Tesmo::Sp;
-using Tesmo::System::NotNull;
-using Tesmo::System::String;
+using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
+using Tesmo::Sp, Tesmo::System::NotNull, Tesmo::System::String;
 
 FileTransferInfos::FileTransferInfos() : Infos(new Dictionary()) {}
 

@@ -13,6 +13,7 @@ class FileTransferInfos
 public:
     using Dictionary = Tesmo::System::Collections::Generic::Dictionary<Tesmo::System::String, Tesmo::System::String>;
 
+    /// Without pairs.
     FileTransferInfos();
     /// @throws ArgumentNullException  other is null
     FileTransferInfos(const FileTransferInfos& other);

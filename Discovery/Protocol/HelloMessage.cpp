@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/HelloMessage.h>
+#include "HelloMessage.h"
 
 namespace Zelkor::Discovery
 {

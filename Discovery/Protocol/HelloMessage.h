@@ -4,14 +4,13 @@
 
 namespace Zelkor::Discovery
 {
-/// A host has come up. It goes to all.
+/// Tells everybody that a host has come up.
 class HelloMessage : public SignatureBroadcastMessage
 {
 public:
     HelloMessage() = default;
-    /// Copies the host.
+    /// Copy the host; the second shares the adapter that the message leaves by.
     HelloMessage(const Tesmo::System::Version& version, const DiscoveryHost& host);
-    /// Copies the host and shares the interface.
     HelloMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
                  const Tesmo::Sp<NICConfig>& sourceNIC);
 

@@ -1,4 +1,4 @@
-#include <Discovery/Protocol/MACAddress.h>
+#include "MACAddress.h"
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Checks.h>
@@ -12,14 +12,8 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::IsNull;
-using Tesmo::Sp;
-using Tesmo::System::ArgumentException;
-using Tesmo::System::Array;
-using Tesmo::System::Byte;
-using Tesmo::System::FormatException;
-using Tesmo::System::NotNull;
-using Tesmo::System::String;
+using Tesmo::IsNull, Tesmo::Sp, Tesmo::System::ArgumentException, Tesmo::System::Array, Tesmo::System::Byte,
+    Tesmo::System::FormatException, Tesmo::System::NotNull, Tesmo::System::String;
 
 MACAddress::MACAddress(const Array<Byte>& source)
 {

@@ -21,7 +21,7 @@ public:
     /// @throws ArgumentException      source hasn't exactly six elements
     explicit MACAddress(const Tesmo::System::Array<Tesmo::System::Byte>& source);
 
-    /// Reads hexadecimal groups parted by ':', of any number of digits; where there are fewer than six, the last bytes
+    /// Reads hexadecimal groups separated by ':', of any number of digits; where there are fewer than six, the last bytes
     /// stay zero.
     /// @throws ArgumentNullException  text is null
     /// @throws FormatException        a group is no number, or there are more than six
@@ -36,6 +36,7 @@ public:
     /// Six pairs of upper-case digits: "00:1A:2B:3C:4D:5E".
     Tesmo::System::String ToString() const;
 
+    /// False for null.
     bool operator==(const MACAddress& other) const;
 
 private:

@@ -35,16 +35,16 @@ struct MessageKey
     }
 };
 
-/// The keys that make a message bad where they are missing; "Broadcast", where its text is no boolean. The texts name
-/// some keys in another way than they are written.
+/// The keys without which a message is bad; "Broadcast" may be missing, but not be a text that is no boolean. Some of the
+/// complaints spell a key differently from the wire.
 // clang-format off
-inline const MessageKey MessageTypeKey   = {"DiscoveryMessageType", "DiscoveryMessage",          "No message type key !!! => BAD MESSAGE FORMAT !"};
-inline const MessageKey VersionKey       = {"DiscoveryVersion",     "DiscoveryMessage",          "No version key !!! => BAD MESSAGE FORMAT !"};
-inline const MessageKey BroadcastKey     = {"Broadcast",            "DiscoveryMessage",          "No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !"};
-inline const MessageKey HostKey          = {"Host",                 "SignatureBroadcastMessage", "No Host key !!! => BAD MESSAGE FORMAT !"};
-inline const MessageKey SignatureOfKey   = {"TargetedMACAddress",   "SendYourSignatureMessage",  "No targeted MAC address !!! => BAD MESSAGE FORMAT !"};
-inline const MessageKey NewNICConfigsKey = {"NewNICConfigs",        "ChangeYourIPConfigMessage", "No \"New NIC Configs\" key !!! => BAD MESSAGE FORMAT !"};
-inline const MessageKey NewHostNameKey   = {"NewHostName",          "ChangeYourHostNameMessage", "No \"New HostName\" key !!! => BAD MESSAGE FORMAT !"};
-inline const MessageKey HostNameOfKey    = {"TargetedMACAddress",   "ChangeYourHostNameMessage", "No \"Targeted MACAddress\" key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey MessageTypeKey     = {"DiscoveryMessageType", "DiscoveryMessage",          "No message type key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey VersionKey         = {"DiscoveryVersion",     "DiscoveryMessage",          "No version key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey BroadcastKey       = {"Broadcast",            "DiscoveryMessage",          "No valid value for Broadcast key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey HostKey            = {"Host",                 "SignatureBroadcastMessage", "No Host key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey SignatureTargetKey = {"TargetedMACAddress",   "SendYourSignatureMessage",  "No targeted MAC address !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey NewNICConfigsKey   = {"NewNICConfigs",        "ChangeYourIPConfigMessage", "No \"New NIC Configs\" key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey NewHostNameKey     = {"NewHostName",          "ChangeYourHostNameMessage", "No \"New HostName\" key !!! => BAD MESSAGE FORMAT !"};
+inline const MessageKey HostNameTargetKey  = {"TargetedMACAddress",   "ChangeYourHostNameMessage", "No \"Targeted MACAddress\" key !!! => BAD MESSAGE FORMAT !"};
 // clang-format on
 } // namespace Zelkor::Discovery

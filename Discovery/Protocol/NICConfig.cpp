@@ -1,11 +1,10 @@
-#include <Discovery/Protocol/NICConfig.h>
+#include "NICConfig.h"
 
 #include <Serialization.Json/JSONObject.h>
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
+using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
 using Tesmo::System::String;
 using Address = Tesmo::System::Net::IPAddress;
 

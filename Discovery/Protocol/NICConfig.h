@@ -1,23 +1,24 @@
 #pragma once
 
+#include <Core/System/Collections/Generic/List.h>
 #include <Core/System/Net/IPAddress.h>
+#include <Core/System/Sp.h>
 #include <Core/System/String.h>
 #include <Discovery/Protocol/MACAddress.h>
 #include <Serialization.Json/JSONStringer.h>
 
 namespace Zelkor::Discovery
 {
-/// One network interface of a host, or the wanted state of one. A plain value; nothing but the forms of the addresses
-/// is checked.
+/// One adapter of a host, or the wanted state of one. A plain value; nothing but the forms of the addresses is checked.
 class NICConfig
 {
 public:
     NICConfig() = default;
-    /// An interface without a gateway.
+    /// An adapter without a gateway.
     NICConfig(const Tesmo::System::String& friendlyName, const Discovery::MACAddress& macAddress,
               const Tesmo::System::Net::IPAddress& ipAddress, const Tesmo::System::Net::IPAddress& subNetMask,
               const Tesmo::System::String& mtu);
-    /// An interface with a gateway.
+    /// An adapter with a gateway.
     NICConfig(const Tesmo::System::String& friendlyName, const Discovery::MACAddress& macAddress,
               const Tesmo::System::Net::IPAddress& ipAddress, const Tesmo::System::Net::IPAddress& subNetMask,
               const Tesmo::System::Net::IPAddress& defaultGateway, const Tesmo::System::String& mtu);
@@ -34,6 +35,7 @@ public:
     /// @throws Exception          an address can't be read: the failure of its own reading
     void ReadJSON(const Tesmo::System::String& text);
 
+    /// All fields count, DefaultGateway even where it is without meaning.
     bool operator==(const NICConfig& other) const;
 
     Tesmo::System::String FriendlyName; ///< display name
@@ -44,4 +46,6 @@ public:
     bool HasDefaultGateway = false;
     Tesmo::System::String MTU = "Unknown"; ///< free text
 };
+
+using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
 } // namespace Zelkor::Discovery

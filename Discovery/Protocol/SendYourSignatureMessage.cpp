@@ -1,11 +1,10 @@
-#include <Discovery/Protocol/SendYourSignatureMessage.h>
+#include "SendYourSignatureMessage.h"
 
 #include <Discovery/Protocol/MessageKey.h>
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
+using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
 using Tesmo::System::String;
 
 SendYourSignatureMessage::SendYourSignatureMessage(const Tesmo::System::Version& version)
@@ -30,7 +29,7 @@ void SendYourSignatureMessage::WriteJSON(JSONStringer& stringer) const
     DiscoveryMessage::WriteJSON(stringer);
     if (Broadcast)
     {
-        stringer.Key(SignatureOfKey.name).Value(TargetedMACAddress.ToString());
+        stringer.Key(SignatureTargetKey.name).Value(TargetedMACAddress.ToString());
     }
 }
 
@@ -42,7 +41,7 @@ void SendYourSignatureMessage::ReadJSON(const String& text)
         return;
     }
     String address;
-    SignatureOfKey.Read(JSONObject(text), address);
+    SignatureTargetKey.Read(JSONObject(text), address);
     TargetedMACAddress = MACAddress(address);
 }
 } // namespace Zelkor::Discovery

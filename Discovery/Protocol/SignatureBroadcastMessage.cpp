@@ -1,14 +1,11 @@
-#include <Discovery/Protocol/SignatureBroadcastMessage.h>
+#include "SignatureBroadcastMessage.h"
 
 #include <Discovery/Protocol/MessageKey.h>
 
 namespace Zelkor::Discovery
 {
-using Serialization::Json::JSONObject;
-using Serialization::Json::JSONStringer;
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::String;
+using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::String;
 
 namespace
 {
@@ -44,7 +41,7 @@ void SignatureBroadcastMessage::WriteJSON(JSONStringer& stringer) const
     DiscoveryMessage::WriteJSON(stringer);
     stringer.Key(HostKey.name);
     Host.WriteJSON(stringer);
-    if (!(SourceNIC == null))
+    if (SourceNIC != null)
     {
         stringer.Key(sourceNICKey);
         SourceNIC->WriteJSON(stringer);

@@ -7,15 +7,15 @@
 
 namespace Zelkor::Discovery
 {
-/// A host tells about itself, unasked or when it was asked to.
+/// Tells about a host, on its own account or as the answer to a request.
 class SignatureBroadcastMessage : public DiscoveryMessage
 {
 public:
     SignatureBroadcastMessage() = default;
+    /// By broadcast.
     explicit SignatureBroadcastMessage(const Tesmo::System::Version& version);
-    /// Copies the host.
+    /// Copy the host; the second shares the adapter that the message leaves by.
     SignatureBroadcastMessage(const Tesmo::System::Version& version, const DiscoveryHost& host, bool broadcast);
-    /// Copies the host and shares the interface.
     SignatureBroadcastMessage(const Tesmo::System::Version& version, const DiscoveryHost& host,
                               const Tesmo::Sp<NICConfig>& sourceNIC, bool broadcast);
 
@@ -30,6 +30,6 @@ public:
     void SetFileTransferInfos(const FileTransferInfos& infos);
 
     DiscoveryHost Host;             ///< the sender
-    Tesmo::Sp<NICConfig> SourceNIC; ///< the interface that the message leaves by; may be empty
+    Tesmo::Sp<NICConfig> SourceNIC; ///< the adapter that the message leaves by; may be empty
 };
 } // namespace Zelkor::Discovery

@@ -1,4 +1,4 @@
-#include <Discovery/Transport/DiscoveryPorts.h>
+#include "DiscoveryPorts.h"
 
 namespace Zelkor::Discovery
 {

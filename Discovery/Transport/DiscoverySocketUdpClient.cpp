@@ -1,26 +1,16 @@
-#include <Discovery/Transport/DiscoverySocketUdpClient.h>
-
-#include <Core/System/ObjectClosedException.h>
+#include "DiscoverySocketUdpClient.h"
 
 #include <Core/System/Net/Sockets/SocketException.h>
+#include <Core/System/ObjectClosedException.h>
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp;
-using Tesmo::Up;
-using Tesmo::System::ObjectClosedException;
-using Tesmo::System::Net::EndPoint;
-using Tesmo::System::Net::IPAddress;
-using Tesmo::System::Net::IPEndPoint;
-using Tesmo::System::Net::Sockets::AddressFamily;
-using Tesmo::System::Net::Sockets::ProtocolType;
-using Tesmo::System::Net::Sockets::Socket;
-using Tesmo::System::Net::Sockets::SocketException;
-using Tesmo::System::Net::Sockets::SocketOptionLevel;
-using Tesmo::System::Net::Sockets::SocketOptionName;
-using Tesmo::System::Net::Sockets::SocketShutdown;
-using Tesmo::System::Net::Sockets::SocketType;
-using Tesmo::System::Net::Sockets::UdpClient;
+using Tesmo::Sp, Tesmo::Up, Tesmo::System::ObjectClosedException, Tesmo::System::Net::EndPoint,
+    Tesmo::System::Net::IPAddress, Tesmo::System::Net::IPEndPoint, Tesmo::System::Net::Sockets::AddressFamily,
+    Tesmo::System::Net::Sockets::ProtocolType, Tesmo::System::Net::Sockets::Socket,
+    Tesmo::System::Net::Sockets::SocketException, Tesmo::System::Net::Sockets::SocketOptionLevel,
+    Tesmo::System::Net::Sockets::SocketOptionName, Tesmo::System::Net::Sockets::SocketShutdown,
+    Tesmo::System::Net::Sockets::SocketType, Tesmo::System::Net::Sockets::UdpClient;
 
 namespace
 {
@@ -74,7 +64,7 @@ DiscoverySocketUdpClient::~DiscoverySocketUdpClient()
     }
     catch (const ObjectClosedException&)
     {
-        // closed under our hands, by whoever asked for the socket: nothing is left to shut down
+        // closed meanwhile by a caller of GetSocket: nothing is left to shut down
     }
     catch (const SocketException&)
     {
@@ -110,7 +100,7 @@ void DiscoverySocketUdpClient::Shutdown()
         return;
     }
     const Sp<Socket> socket = client->Client();
-    if (!(socket == Tesmo::null))
+    if (socket != Tesmo::null)
     {
         socket->Shutdown(SocketShutdown::Both);
         shutDown = true;

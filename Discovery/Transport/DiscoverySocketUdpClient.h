@@ -8,12 +8,12 @@
 namespace Zelkor::Discovery
 {
 /// The client's socket over UDP and IPv4. It shares its port with other sockets of the same kind, so that a
-/// short-lived one can be bound to an interface while the shared one is bound to all.
+/// short-lived one can be bound to an adapter's address while the shared one is bound to all.
 class DiscoverySocketUdpClient : public IDiscoverySocket
 {
 public:
-    /// Bound to all interfaces (0.0.0.0).
-    /// @param boundPort  port to bind, 1 to 65535, or 0 for one that the system chooses and GetLocalPort tells
+    /// Bound to all adapters (0.0.0.0).
+    /// @param boundPort   port to bind, 1 to 65535, or 0 for one that the system chooses and GetLocalPort tells
     /// @param targetPort port that every datagram is sent to, 0 to 65535
     /// @throws ArgumentOutOfRangeException  boundPort is above 65535
     /// @throws SocketException              a step failed, in most cases the bind; no socket stays behind
@@ -23,7 +23,7 @@ public:
     /// @throws ArgumentNullException  address is null
     DiscoverySocketUdpClient(int boundPort, int targetPort, const Tesmo::System::Net::IPAddress& address);
 
-    /// A socket that sends from one local address, by the interface that has it, and never takes what arrives for it.
+    /// A socket that sends from one local address, by the adapter that has it, and never takes what arrives for it.
     /// @throws ArgumentNullException  address is null
     static Tesmo::Sp<DiscoverySocketUdpClient> ForSending(int boundPort, int targetPort,
                                                           const Tesmo::System::Net::IPAddress& address);

@@ -1,4 +1,4 @@
-#include <Discovery/Transport/DiscoverySocketUdpClientFactory.h>
+#include "DiscoverySocketUdpClientFactory.h"
 
 #include <Discovery/Transport/DiscoverySocketUdpClient.h>
 

@@ -7,7 +7,7 @@
 
 namespace Zelkor::Discovery
 {
-/// Makes short-lived sockets for answers that must leave by a given interface.
+/// Makes short-lived sockets for answers that must leave by a given adapter.
 class IDiscoverySocketFactory : public Tesmo::System::Object
 {
 public:

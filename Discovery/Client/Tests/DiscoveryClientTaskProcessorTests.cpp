@@ -74,18 +74,18 @@ protected:
         return rows;
     }
 
-    /// What went out since the last call, as "socket: type, destination, source interface;".
+    /// What went out since the last call, as "socket: type, destination, address of the source NIC;".
     std::string TakeSent()
     {
         std::string told;
-        std::map<std::string, Sp<FakeSocket>> carriers = std::exchange(factory->sockets, {});
-        carriers["shared"] = socket;
-        for (const auto& [name, carrier] : carriers)
+        std::map<std::string, Sp<FakeSocket>> senders = std::exchange(factory->sockets, {});
+        senders["shared"] = socket;
+        for (const auto& [name, sender] : senders)
         {
-            for (const auto& [text, address] : std::exchange(carrier->sent, {}))
+            for (const auto& [text, address] : std::exchange(sender->sent, {}))
             {
                 const JSONObject message{String(text)};
-                told += name + (carrier->IsClosed() ? " (closed): " : ": ") +
+                told += name + (sender->IsClosed() ? " (closed): " : ": ") +
                         message.GetString("DiscoveryMessageType").Utf8() + ", " + address + ", " +
                         message.OptObject("SourceNIC").OptString("IPAddress").Utf8() + ";";
             }
@@ -99,9 +99,9 @@ protected:
     CompleteWorker<Processor> processor{socket, factory, gateway};
 };
 
-TEST_F(DiscoveryClientTaskProcessorTests, AHostWithSeveralInterfacesSendsFromEachAndTheByeUsesSocketsOfItsOwn)
+TEST_F(DiscoveryClientTaskProcessorTests, AHostWithSeveralAdaptersSendsFromEachAndTheByeUsesSocketsOfItsOwn)
 {
-    using Row = std::tuple<const char*, const char*, const char*, const char*>; // an interface that joins the host
+    using Row = std::tuple<const char*, const char*, const char*, const char*>; // an adapter that joins the host
     for (const auto& [added, answer, hello, bye] :
          {Row{"", "shared: SignatureBroadcast, 10.0.0.9, ;", "shared: Hello, 255.255.255.255, ;",
               "0.0.0.0: Bye, 255.255.255.255, ;"},
@@ -205,7 +205,7 @@ TEST_F(DiscoveryClientTaskProcessorTests, AddressesAndMasksAreValidated)
           Row{"255.255.255.255", "255.0.0.0", false}, Row{"255.255.255.254", "255.0.0.0", true},
           Row{"1:2:3:4:5:6:7:8", "255.255.0.0", false}, Row{"10.0.0.1", "1:2:3:4:5:6:7:8", false}})
     {
-        DiscoveryClientTaskProcessor::NICList configs;
+        NICList configs;
         configs.Add(FakeGateway::MakeNIC("1", "10.0.0.1"));
         configs.Add(FakeGateway::MakeNIC("2", address, mask));
         Sp<NICConfig> offender;
@@ -214,7 +214,7 @@ TEST_F(DiscoveryClientTaskProcessorTests, AddressesAndMasksAreValidated)
         EXPECT_TRUE(isValid || offender == configs[1]);
     }
     Sp<NICConfig> offender;
-    EXPECT_TRUE(DiscoveryClientTaskProcessor::ValidateIPConfigs(DiscoveryClientTaskProcessor::NICList(), offender));
+    EXPECT_TRUE(DiscoveryClientTaskProcessor::ValidateIPConfigs(NICList(), offender));
 }
 
 TEST_F(DiscoveryClientTaskProcessorTests,

@@ -33,7 +33,7 @@ std::vector<std::pair<Sp<DiscoveryMessage>, std::string>> Messages()
     const Tesmo::System::Version& version = DiscoveryVersion();
     const DiscoveryHost host = SampleHost();
     const MACAddress mac("00:1A:2B:3C:4D:5E");
-    const Sp<DiscoveryHost::NICList> nics(new DiscoveryHost::NICList());
+    const Sp<NICList> nics(new NICList());
     nics->Add(SampleNIC());
     const std::string hostMember = R"(,"Host":)" + SampleHostText;
     const std::string both = hostMember + R"(,"SourceNIC":)" + SampleNICText;
@@ -125,7 +125,7 @@ TEST(MessageTests, TheBroadcastKeyIsAStringThatDecidesAboutTheAddress)
     }
 }
 
-TEST(MessageTests, AHelloWithoutSourceInterfaceIsValidAndANewMessageIsForAll)
+TEST(MessageTests, AHelloWithoutSourceNICIsValidAndANewMessageIsForAll)
 {
     EXPECT_TRUE(SignatureBroadcastMessage(Tesmo::System::Version(2, 1)).Broadcast);
     EXPECT_TRUE(SendYourSignatureMessage().Broadcast);
