@@ -66,13 +66,13 @@ TEST(WrapperTests, ConversionsRefuseWhatDoesNotFit)
          [] { Convert::ToInt16(Int32(32768)); }, [] { Convert::ToUInt16(Int16(-1)); },
          [] { Convert::ToInt32(UInt32(2147483648U)); }, [] { Convert::ToUInt32(Int64(4294967296)); },
          [] { Convert::ToInt64(UInt64(UInt64::MaxValue)); }, [] { Convert::ToUInt64(Int64(-1)); }});
-    ExpectEachThrows<OverflowException>({[] { Convert::ToChar(Int32(1114112)); }, [] { Convert::ToChar(Int32(-1)); },
-                                         [] { Convert::ToInt32(Double(2147483648.0)); }, [&] { Convert::ToInt32(nan); },
-                                         [] { Convert::ToInt64(Double(9223372036854775808.0)); },
-                                         [] { Convert::ToUInt64(Double(-1)); }, [] { Convert::ToSingle(Double(1e39)); },
-                                         [] { Convert::ToInt32(DateTime(DateTime::MaxValue)); }});
+    ExpectEachThrows<OverflowException>(
+        {[] { Convert::ToChar(Int32(1114112)); }, [] { Convert::ToChar(Int32(-1)); },
+         [] { Convert::ToInt32(Double(2147483648.0)); }, [&] { Convert::ToInt32(nan); },
+         [] { Convert::ToInt64(Double(9223372036854775808.0)); }, [] { Convert::ToUInt64(Double(-1)); },
+         [] { Convert::ToSingle(Double(1e39)); }, [] { Convert::ToInt32(DateTime(DateTime::MaxValue)); },
+         [] { Convert::ToDateTime(Int32(-1)); }, [] { Convert::ToDateTime(Int64(Int64::MaxValue)); }});
     EXPECT_THROW(Convert::ToInt32(null), ArgumentNullException);
-    EXPECT_THROW(Convert::ToDateTime(Int32(-1)), ArgumentException);
 }
 
 TEST(WrapperTests, ConversionsKeepWhatFitsAndParseText)
@@ -87,8 +87,9 @@ TEST(WrapperTests, ConversionsKeepWhatFitsAndParseText)
     EXPECT_EQ("True", Convert::ToString(Boolean(true)).Utf8());
     EXPECT_TRUE(Convert::ToDouble(String("0.5")) == 0.5 && Convert::ToChar(String("x")) == char32('x'));
     EXPECT_EQ(DateTime(2024, 2, 29, 23, 59, 58), Convert::ToDateTime(String("29/02/2024 23:59:58")));
-    ExpectEachThrows<FormatException>(
-        {[] { Convert::ToChar(String("xy")); }, [] { Convert::ToDateTime(String("29/02/2024T23:59:58")); }});
+    ExpectEachThrows<FormatException>({[] { Convert::ToChar(String("xy")); },
+                                       [] { Convert::ToDateTime(String("29/02/2024T23:59:58")); },
+                                       [] { Convert::ToDateTime(String("29/02/2023 23:59:58")); }});
     EXPECT_THROW(Convert::ToByte(String("256")), OverflowException);
 }
 

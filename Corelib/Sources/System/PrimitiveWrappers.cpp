@@ -185,7 +185,12 @@ char32 PrimitiveWrapper<W, P>::ToChar(const IFormatProvider&) const
 template <class W, class P>
 DateTime PrimitiveWrapper<W, P>::ToDateTime(const IFormatProvider&) const
 {
-    return DateTime(NumberCast<std::int64_t>(value));
+    const auto ticks = NumberCast<std::int64_t>(value);
+    if (ticks < DateTime::MinValue.Ticks() || ticks > DateTime::MaxValue.Ticks())
+    {
+        throw OverflowException(ThrowSite);
+    }
+    return DateTime(ticks);
 }
 
 template <class W, class P>

@@ -1,5 +1,6 @@
 #include <Core/System/String.h>
 
+#include <Core/System/ArgumentOutOfRangeException.h>
 #include <Core/System/Boolean.h>
 #include <Core/System/Byte.h>
 #include <Core/System/DateTime.h>
@@ -39,11 +40,17 @@ DateTime ParseMoment(std::string_view text)
         fields[field] = isDigit ? fields[field] * 10 + (text[i] - '0') : fields[field];
         field += isDigit ? 0 : 1;
     }
-    if (!matches)
+    try
     {
-        throw FormatException(ThrowSite);
+        if (matches)
+        {
+            return DateTime(fields[2], fields[1], fields[0], fields[3], fields[4], fields[5]);
+        }
     }
-    return DateTime(fields[2], fields[1], fields[0], fields[3], fields[4], fields[5]);
+    catch (const ArgumentOutOfRangeException&) // a day or an hour that there is not
+    {
+    }
+    throw FormatException(ThrowSite);
 }
 } // namespace
 
