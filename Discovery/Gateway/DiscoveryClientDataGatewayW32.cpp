@@ -45,8 +45,8 @@ using Tesmo::System::Net::IPAddress;
 
 namespace
 {
-/// Bytes of a file of infos that may still be announced: what UDP over IPv4 carries at most (RFC 768, RFC 791).
-constexpr std::int64_t LongestInfos = 65507;
+constexpr std::int64_t LongestInfos = 65507; // bytes of a file: what UDP over IPv4 carries at most (RFC 768, RFC 791)
+constexpr int RebootDelay = 30;              // seconds: the time that users have to save their work
 
 using AdapterVisitor = std::function<void(const Platform::Adapter&, const MACAddress&)>;
 
@@ -71,7 +71,7 @@ std::vector<Platform::Adapter> ReadAdapters()
     return adapters;
 }
 
-/// Hands over the adapters in the host's order; one that fails is logged and left out.
+/// Visits the adapters in the host's order; one whose hardware address hasn't 6 bytes is logged and left out.
 void ForEachAdapter(const DiscoveryChannel& channel, const AdapterVisitor& visit)
 {
     for (const Platform::Adapter& adapter : ReadAdapters())
@@ -107,17 +107,15 @@ Sp<NICConfig> MakeNICConfig(const Platform::Adapter& adapter, const MACAddress& 
     return config;
 }
 
-constexpr int RebootDelay = 30; // seconds: the time that users have to save their work
-
-/// What request asks of an adapter of this host: the adapter's own name counts, not the one in the request.
+/// What a request asks of an adapter of this host, under the adapter's own name.
 Sp<NICConfig> MakeWorkItem(const NICConfig& request, const NICConfig& adapter)
 {
     return Sp<NICConfig>(new NICConfig(adapter.FriendlyName, request.MACAddress, request.IPAddress, request.SubNetMask,
                                        request.DefaultGateway, request.MTU));
 }
 
-/// Leaves the adapter with the requested name, else each that isn't stacked on another of them.
-void KeepMeant(std::vector<Sp<NICConfig>>& adapters, const String& requestedName)
+/// Keeps the adapter with the requested name, else each that isn't stacked on another of them.
+void KeepRequested(std::vector<Sp<NICConfig>>& adapters, const String& requestedName)
 {
     const auto isOther = [&](const Sp<NICConfig>& adapter) { return adapter->FriendlyName != requestedName; };
     if (!std::all_of(adapters.begin(), adapters.end(), isOther))
@@ -135,7 +133,7 @@ void KeepMeant(std::vector<Sp<NICConfig>>& adapters, const String& requestedName
                   });
 }
 
-/// The adapters of this host that a request means, by their hardware address.
+/// The adapters of this host that a request asks to change.
 std::vector<Sp<NICConfig>> FindAdapters(const NICConfig& request, const List<Sp<NICConfig>>& adapters)
 {
     std::vector<Sp<NICConfig>> found;
@@ -143,12 +141,12 @@ std::vector<Sp<NICConfig>> FindAdapters(const NICConfig& request, const List<Sp<
                  [&](const Sp<NICConfig>& adapter) { return adapter->MACAddress == request.MACAddress; });
     if (found.size() > 1)
     {
-        KeepMeant(found, request.FriendlyName);
+        KeepRequested(found, request.FriendlyName);
     }
     return found;
 }
 
-/// One item for each request and each adapter that it means, unless the adapter is as it shall be.
+/// One item for each request and each adapter that it asks to change, unless the adapter is so already.
 Sp<List<Sp<NICConfig>>> MakeWorkItems(const List<Sp<NICConfig>>& requests, const List<Sp<NICConfig>>& adapters)
 {
     Sp<List<Sp<NICConfig>>> items(new List<Sp<NICConfig>>());
@@ -157,7 +155,7 @@ Sp<List<Sp<NICConfig>>> MakeWorkItems(const List<Sp<NICConfig>>& requests, const
         for (const Sp<NICConfig>& adapter : FindAdapters(*request, adapters))
         {
             const Sp<NICConfig> item = MakeWorkItem(*request, *adapter);
-            if (!(*item == *adapter))
+            if (*item != *adapter)
             {
                 items->Add(item);
             }

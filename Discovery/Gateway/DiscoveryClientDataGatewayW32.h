@@ -5,15 +5,15 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// The gateway of both platforms: composes the host's snapshot from the raw layer in Platform, reading anew each time.
-/// A class that derives from it can replace any single source of the snapshot.
+/// The gateway of both platforms: reads and changes the host by the functions of Platform. It keeps nothing of the
+/// host, each call reads anew. A class that derives from it can replace any single source of the snapshot.
 class DiscoveryClientDataGatewayW32 : public IDiscoveryClientDataGateway
 {
 public:
-    /// Works out the folder and the file that products share with this client. Where the host names no program
-    /// folder, both are relative to the current directory.
+    /// Works out the paths of what products share with this client; they are relative to the current directory if the
+    /// host names no folder for programs.
     DiscoveryClientDataGatewayW32();
-    /// Ends the watch over the host's addresses, of which there is one in the process. Not while a wait is under way.
+    /// Ends the process's one watch over the host's addresses. Not while RunIPChangeWatcher runs.
     ~DiscoveryClientDataGatewayW32() override;
     DiscoveryClientDataGatewayW32(const DiscoveryClientDataGatewayW32&) = delete;
     DiscoveryClientDataGatewayW32& operator=(const DiscoveryClientDataGatewayW32&) = delete;
@@ -24,36 +24,46 @@ public:
     /// An adapter without an address has 0.0.0.0 as address and mask. The MTU is never measured.
     /// @throws Exception  "W32Gateway::GetAdaptersInfos failed !"
     Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> GetNICConfigs() override;
-    /// Loads, asks and unloads every plug-in anew; a failure is logged and leaves out the product, or all of them.
+    /// Loads, asks and unloads every plug-in; a failure is logged and leaves out the product, or all of them.
     /// @throws std::exception  what a plug-in throws against its contract
     Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() override;
-    /// Reads the file anew. None where there is no such file; a failure is logged and gives none, too.
+    /// Empty if there is no such file; also after a failure, which is logged.
     Tesmo::Sp<FileTransferInfos> GetFileTransferInfos() override;
     /// @throws Exception  "W32Gateway::GetHostName failed !"
     Tesmo::System::String GetHostName() override;
+    /// "Windows PC" or "Linux PC".
     Tesmo::System::String GetDeviceType() override;
+    /// "Computer".
     Tesmo::System::String GetDeviceFamily() override;
+    /// The host's identity number in decimal, empty if it has none.
     Tesmo::System::String GetSerialNumber() override;
+    /// @throws Exception  "W32Gateway::GetHostName failed !", "W32Gateway::GetAdaptersInfos failed !"
     DiscoveryHost GetHost() override;
 
     /// Hands a copy of config to the list overload.
     void ChangeIPConfig(const NICConfig& config) override;
-    /// Renames the host and has it restarted in 30 seconds; the present name, in the same case, does nothing. Blocks for
-    /// 60 s at most on Linux. A name stays changed when the restart is refused.
-    /// @throws Exception  "W32Gateway::SetHostName failed ! Args : " and the name
+    /// Renames the host and has it restarted in 30 seconds; does nothing if that is its name already, in the same case.
+    /// Blocks for 60 s at most on Linux. The new name stays even if the restart is refused.
+    /// @throws Exception  "W32Gateway::GetHostName failed !"; "W32Gateway::SetHostName failed ! Args : " and the name
     void ChangeHostName(const Tesmo::System::String& newName) override;
+    /// False.
     bool IsHostNameReadOnly() override;
+    /// False.
     bool RebootRequiredForIPConfigChange() override;
+    /// True.
     bool RebootRequiredForHostNameChange() override;
-    /// Applies each configuration to the adapter of this host with its hardware address, unless the adapter has that
-    /// configuration already. Of several adapters with that address the one with the configuration's name is meant, else
-    /// each that isn't stacked on another of them (VLANs have the address of the adapter below). An adapter without gateway, and an MTU other than the host's, always count as different.
-    /// Blocks for 25 s an adapter at most on Linux. There is no way back: what was applied before a failure stays.
+    /// Gives each configuration to the adapter of this host with its hardware address, unless the adapter has it
+    /// already. If several adapters have that address, the one with the configuration's name gets it, else each that
+    /// isn't stacked on another of them (a VLAN has the hardware address of the adapter below). An adapter without a
+    /// gateway always counts as different, and so does an MTU other than the host's. Blocks for 25 s an adapter at most
+    /// on Linux. Nothing is undone: what was applied before a failure stays.
     /// @throws Exception  "W32Gateway::SetIPAddresses failed ! Args : " and the first adapter that refused, with the
     ///                    wanted values; "W32Gateway::GetAdaptersInfos failed !"
     void ChangeIPConfig(Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>> configs) override;
 
+    /// As Platform::WaitForAddressChange.
     bool RunIPChangeWatcher() override;
+    /// As Platform::CancelAddressChangeWait.
     int CancelWaitForIPChange() override;
 
     /// Full path of the folder with the products' plug-ins.

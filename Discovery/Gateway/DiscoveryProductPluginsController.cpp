@@ -46,7 +46,7 @@ constexpr Question Questions[] = {
 /// In the order of the questions.
 using Answers = std::array<std::string, std::size(Questions)>;
 
-/// Takes back plain memory, as the contract says: no destructor runs.
+/// Releases the memory alone, as the contract says: no destructor runs.
 struct MemoryRelease
 {
     void operator()(IDiscoveryProductPlugin* plugin) const
@@ -55,8 +55,8 @@ struct MemoryRelease
     }
 };
 
-/// Asks up to the first question that is refused.
-/// @returns true where none was
+/// Asks the questions in turn, up to the first that is refused.
+/// @returns whether none was refused
 bool Ask(EntryPoint entryPoint, Answers& answers)
 {
     const std::unique_ptr<IDiscoveryProductPlugin, MemoryRelease> plugin(entryPoint());
@@ -117,7 +117,7 @@ void DiscoveryProductPluginsController::AddProduct(const String& name, List<Sp<D
     }
 }
 
-/// @returns null where the plug-in refused a question
+/// @returns null if the plug-in refused a question
 Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const String& path) const
 {
     std::unique_ptr<void, decltype(&Platform::CloseLibrary)> library(Platform::OpenLibrary(path.Utf8()),

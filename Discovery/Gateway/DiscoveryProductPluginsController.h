@@ -9,19 +9,18 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// Asks the plug-ins in a folder which products are installed on this host. IDiscoveryProductPlugin.h tells the contract
-/// with them. Nothing is kept between two calls, neither of the plug-ins nor of their answers. It takes no lock: several
-/// objects may load the same libraries on several threads at once.
+/// Asks the plug-ins in a folder which products are installed on this host; IDiscoveryProductPlugin.h is the contract
+/// with them. Nothing stays loaded or remembered between two calls. Several objects may load the same libraries on
+/// several threads at once.
 class DiscoveryProductPluginsController : public Tesmo::System::Object
 {
 public:
     /// @param pluginsFolder  the folder of the plug-ins; it need not exist
     explicit DiscoveryProductPluginsController(const Tesmo::System::String& pluginsFolder);
 
-    /// Loads each plug-in, asks it and unloads it, in the order of the file system. One that fails is logged and left
-    /// out.
-    /// @returns one record a plug-in that answered all questions, never null
-    /// @throws Exception       from the scan of the folder, for instance ArgumentException because its path is empty
+    /// Loads, asks and unloads each plug-in, in the order of the file system. One that fails is logged and left out.
+    /// @returns one record for each plug-in that answered all questions, never null
+    /// @throws Exception       the folder can't be scanned, for instance ArgumentException because its path is empty
     /// @throws std::exception  what a plug-in throws against its contract; the library stays loaded then
     Tesmo::Sp<Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>> GetProducts() const;
 

@@ -19,13 +19,14 @@ struct Adapter
     char ipMaskText[AdapterTextSize] = {};           ///< dotted text, or empty
     char gatewayText[AdapterTextSize] = {};          ///< dotted text, empty if the adapter has no gateway
     std::uint32_t index = 0;                         ///< the host's number of the adapter
-    std::vector<std::uint32_t> lowerIndexes;         ///< of the listed adapters that it is stacked on (VLAN)
+    std::vector<std::uint32_t> lowerIndexes;         ///< those of the listed adapters directly below it, as for a VLAN
     std::string friendlyName;                        ///< display name as bytes, empty if unknown
 };
 
-/// Lists the host's adapters as they stand now. Linux: ascending index, without loopback and without adapters that
-/// belong to a bridge or bond, in whose stead others are stacked on the bridge or bond; an adapter that is down or has no IPv4 address is listed with empty texts. Win32: in
-/// the order of GetAdaptersInfo. Any thread, several at once.
+/// Lists the host's adapters as they stand now. Any thread, several at once.
+/// Linux: by ascending index. Loopback and the ports of bridges and bonds are left out; what is stacked on a port
+/// counts as stacked on its bridge or bond. An adapter that is down or has no IPv4 address is listed with empty texts.
+/// Win32: in the order of GetAdaptersInfo.
 /// @param adapters  receives at least one record on success, is empty on failure
 /// @returns 0, or a failure: the platform's code where it gives one; a host without any adapter counts as a failure
 int ReadAdapters(std::vector<Adapter>& adapters);

@@ -28,17 +28,17 @@ namespace
 using Socket = std::unique_ptr<nl_sock, decltype(&nl_socket_free)>;
 using Cache = std::unique_ptr<nl_cache, decltype(&nl_cache_free)>;
 
-/// Whole fetches in all, when changes during a dump made entries occur twice.
+/// Fetches at most: one in which entries occur twice, since they changed meanwhile, is repeated.
 constexpr int MaximumFetches = 5;
 
-/// Adapters by their index, with the metric of the gateway that was chosen so far.
+/// An adapter, with the metric of its best gateway so far.
 struct Entry
 {
     Adapter adapter;
     bool up = false;
     std::uint32_t gatewayMetric = UINT32_MAX;
 };
-using Entries = std::map<int, Entry>;
+using Entries = std::map<int, Entry>; // by index
 
 struct Snapshot
 {
@@ -81,8 +81,8 @@ LinkPlace MakePlace(rtnl_link* link)
 {
     LinkPlace place;
     place.master = rtnl_link_get_master(link);
-    if (int elsewhere = 0;
-        rtnl_link_get_link_netnsid(link, &elsewhere) != 0) // else the number is that of another network
+    int foreignNamespace = 0;
+    if (rtnl_link_get_link_netnsid(link, &foreignNamespace) != 0) // else the index counts there
     {
         place.lower = rtnl_link_get_link(link);
     }
@@ -97,7 +97,7 @@ void TakeLinks(const Cache& links, Snapshot& snapshot)
                        {
                            const int index = rtnl_link_get_ifindex(link);
                            snapshot.hasDuplicates |= !places.emplace(index, MakePlace(link)).second;
-                           // A bridge has its port's hardware address: with both listed, a request would hit both.
+                           // A bridge has its port's hardware address: if both were listed, a request would hit both.
                            if ((rtnl_link_get_flags(link) & IFF_LOOPBACK) == 0 && rtnl_link_get_master(link) == 0)
                            {
                                snapshot.entries.emplace(index, MakeEntry(link));
@@ -182,7 +182,7 @@ void TakeGateways(rtnl_route* route, Entries& entries)
     }
 }
 
-/// Routes are taken as they come: a cache would drop the default route of a second adapter that has the same metric.
+/// Without a cache of libnl, which drops the second of two default routes that differ in the adapter alone.
 /// @returns 0, or libnl's negative code
 int FetchGateways(nl_sock* socket, Snapshot& snapshot)
 {

@@ -87,7 +87,7 @@ private:
 /// From the first wait on: a subscription for each wait would miss what happens between two of them.
 std::optional<AddressSocket> subscription;
 
-/// There are changes, or may have been some, of which no wait has told yet, and the socket has no message of them left.
+/// There were changes, or may have been, that no wait has told of, and the socket holds no message of them any more.
 bool untold = false;
 
 bool Subscribe()
@@ -99,9 +99,9 @@ bool Subscribe()
     return subscription->IsSubscribed();
 }
 
-/// Opens an event, if that has not been done yet, for as long as the process lives: so a cancel finds it even before the
-/// first wait. What fails for want of descriptors is tried again by the next call.
-int Opened(std::atomic<int>& event)
+/// Opens an event once in the life of the process, so that a cancel finds it even before the first wait. The next call
+/// tries again what failed for want of descriptors.
+int OpenOnce(std::atomic<int>& event)
 {
     int descriptor = event;
     if (descriptor < 0)
@@ -120,17 +120,18 @@ int Opened(std::atomic<int>& event)
 int CancelEvent()
 {
     static std::atomic<int> event = -1;
-    return Opened(event);
+    return OpenOnce(event);
 }
 
-/// The event of changes that the kernel does not tell.
+/// The event of changes that the kernel doesn't tell.
 int NoticeEvent()
 {
     static std::atomic<int> event = -1;
-    return Opened(event);
+    return OpenOnce(event);
 }
 
-/// Takes what an event has counted.
+/// Sets an event back.
+/// @returns the outcome, if it was set
 Outcome Take(int event, Outcome outcome)
 {
     std::uint64_t count = 0;

@@ -39,8 +39,7 @@ bool IsPending(DWORD result)
 bool WaitForAddressChange()
 {
     const HANDLE event = ChangeEvent();
-    if (WaitForSingleObject(event, 0) ==
-        WAIT_OBJECT_0) // a cancel came before: no notification is left pending behind it
+    if (WaitForSingleObject(event, 0) == WAIT_OBJECT_0) // a cancel came first: no notification is left pending
     {
         WSAResetEvent(event);
         return false;

@@ -5,17 +5,17 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// Dynamic libraries of the operating system, to be loaded and unloaded while the program runs. Any thread; a library
-/// that is opened twice goes with its second close.
+/// Dynamic libraries, loaded and unloaded while the program runs. Any thread; a library that was opened twice is
+/// unloaded by its second close.
 
-/// What the names of libraries end in, as a pattern for files: "*.so" on Linux, "*.dll" on Win32.
+/// A pattern for the files of libraries: "*.so" on Linux, "*.dll" on Win32.
 extern const char* const LibraryPattern;
 
 using Library = void*;
 using LibraryFunction = void (*)();
 
 /// Loads a library with all that it needs and runs its initialisers.
-/// @param path  its file; with a separator in it, because a bare name is looked for in the folders of the system
+/// @param path  its file; must have a separator in it, since a bare name is looked for in the folders of the system
 /// @returns null on failure, which LastLibraryError tells
 Library OpenLibrary(const std::string& path);
 
@@ -23,10 +23,10 @@ Library OpenLibrary(const std::string& path);
 /// @returns null on failure, which LastLibraryError tells
 LibraryFunction FindFunction(Library library, const char* name);
 
-/// Unloads a library; a failure shows nowhere.
+/// Unloads a library; failures are not told.
 void CloseLibrary(Library library);
 
-/// Why the last call of this thread failed; for asking once, directly after the call.
+/// Why the last call of this thread failed. To be asked once, right after that call.
 /// @returns the text of dlerror on Linux, the number of GetLastError in decimal on Win32
 std::string LastLibraryError();
 

@@ -10,7 +10,7 @@ namespace Zelkor::Discovery::Client::Platform
 namespace
 {
 
-/// One load or unload at a time. The loader sees to that itself, but by a lock that the thread sanitizer doesn't know.
+/// One load or unload at a time. The loader locks too, but the thread sanitizer can't see its lock.
 std::mutex loading;
 
 } // namespace
@@ -25,7 +25,7 @@ Library OpenLibrary(const std::string& path)
 
 LibraryFunction FindFunction(Library library, const char* name)
 {
-    void* const address = dlsym(library, name); // found in the libraries that this one needs, too
+    void* const address = dlsym(library, name); // looks in the libraries that this one needs, too
     link_map* own = nullptr;
     link_map* owner = nullptr;
     Dl_info place;

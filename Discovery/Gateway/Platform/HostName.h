@@ -12,9 +12,9 @@ constexpr int HostNameSize = 1024; ///< bytes with the closing zero; Linux needs
 /// @returns 0, or the platform's code: errno on Linux, GetLastError on Win32
 int ReadHostName(char (&name)[HostNameSize]);
 
-/// Gives the host a new name that outlasts a restart. Linux: it holds at once, blocks for 30 s at most; Win32: it holds
-/// from the next start on. Task thread.
-/// @param name  the new name; the platform decides what it accepts, a refused one changes nothing
+/// Gives the host a new name that outlasts a restart. Task thread. Linux: takes effect at once, and blocks for 30 s at
+/// most; Win32: takes effect at the next start.
+/// @param name  the new name; one that the platform refuses changes nothing
 /// @returns 0, or a failure: the platform's code where it gives one
 int WriteHostName(const std::string& name);
 

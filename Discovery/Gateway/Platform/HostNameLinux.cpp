@@ -1,8 +1,8 @@
 #include "HostName.h"
 
-#include "Linux/BusService.h"
 #include "Linux/HostNameRule.h"
 #include "Linux/ReplaceFile.h"
+#include "Linux/SystemBus.h"
 
 #include <cerrno>
 #include <cstring>
@@ -15,7 +15,7 @@ namespace
 {
 
 constexpr const char* Service = "org.freedesktop.hostname1"; // also its interface
-constexpr std::chrono::seconds BusLimit{20};                 // leaves time for the way without the service
+constexpr std::chrono::seconds BusLimit{20};                 // leaves time to do without the service
 
 int WriteThroughService(SystemBus& bus, const std::string& name)
 {
@@ -25,8 +25,8 @@ int WriteThroughService(SystemBus& bus, const std::string& name)
                     Interactive);
 }
 
-/// The running system first, because its name can be put back when the file can't be written.
-int WriteOurselves(const std::string& name)
+/// The running system first: its name can be put back when the file can't be written.
+int WriteWithoutService(const std::string& name)
 {
     char oldName[HostNameSize];
     if (const int error = ReadHostName(oldName); error != 0)
@@ -59,7 +59,7 @@ int WriteHostName(const std::string& name)
         return EINVAL;
     }
     SystemBus bus(std::chrono::steady_clock::now() + BusLimit);
-    return StartBusService(bus, Service) ? WriteThroughService(bus, name) : WriteOurselves(name);
+    return bus.Start(Service) ? WriteThroughService(bus, name) : WriteWithoutService(name);
 }
 
 } // namespace Zelkor::Discovery::Client::Platform

@@ -10,8 +10,7 @@ namespace Zelkor::Discovery::Client::Platform
 namespace
 {
 
-/// Bytes a file may have; more is no number.
-constexpr int MaximumSize = 64;
+constexpr int MaximumSize = 64; // bytes; a longer file holds no number
 
 constexpr std::string_view Blanks = " \t\r\n";
 

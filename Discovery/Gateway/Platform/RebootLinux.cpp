@@ -1,6 +1,6 @@
 #include "Reboot.h"
 
-#include "Linux/BusService.h"
+#include "Linux/SystemBus.h"
 
 #include <cstdint>
 #include <string>
@@ -12,8 +12,8 @@ namespace
 {
 
 constexpr const char* Service = "org.freedesktop.login1";
-constexpr std::chrono::seconds BusLimit{20};     // leaves time for the way without the service
-constexpr std::chrono::seconds ShutdownLimit{5}; // a program that has refused by then has ended
+constexpr std::chrono::seconds BusLimit{20};     // leaves time to do without the service
+constexpr std::chrono::seconds ShutdownLimit{5}; // a program that refuses has ended by then
 
 std::string Message(int seconds)
 {
@@ -30,7 +30,8 @@ int CallManager(SystemBus& bus, const char* method, const char* types, Arguments
                     arguments...);
 }
 
-/// The manager wants microseconds of the real-time clock, and keeps a wall message for whatever shutdown comes next.
+/// The manager counts in microseconds of the real-time clock. It keeps the message for users until the next shutdown,
+/// whoever asks for that, so the message is taken back when the restart is refused.
 int RequestFromManager(SystemBus& bus, int seconds)
 {
     const auto when = std::chrono::system_clock::now() + std::chrono::seconds(seconds);
@@ -45,8 +46,8 @@ int RequestFromManager(SystemBus& bus, int seconds)
     return error;
 }
 
-/// shutdown(8) counts whole minutes. Some systems' program waits for the restart itself: it gets a session of its own, in
-/// which it goes on after the wait for its answer, and may then write to an output that nobody reads.
+/// shutdown(8) counts whole minutes. On some systems it waits for the restart itself: so it gets a session of its own,
+/// to live on when this wait has ended, and ignores SIGPIPE, since nobody reads its output then.
 int RequestFromShutdown(int seconds)
 {
     const Deadline deadline = std::chrono::steady_clock::now() + ShutdownLimit;
@@ -63,7 +64,7 @@ int RequestFromShutdown(int seconds)
 int RequestReboot(int seconds)
 {
     SystemBus bus(std::chrono::steady_clock::now() + BusLimit);
-    return StartBusService(bus, Service) ? RequestFromManager(bus, seconds) : RequestFromShutdown(seconds);
+    return bus.Start(Service) ? RequestFromManager(bus, seconds) : RequestFromShutdown(seconds);
 }
 
 } // namespace Zelkor::Discovery::Client::Platform

@@ -20,7 +20,7 @@ std::wstring Message(int seconds)
            std::to_wstring(seconds) + L" seconds, please save and close your applications properly.";
 }
 
-/// GetLastError of a call that has failed, and never 0.
+/// GetLastError of a failed call, but never 0.
 int FailureCode()
 {
     return std::max(1, static_cast<int>(GetLastError()));

@@ -21,7 +21,8 @@ protected:
               "\"*) exit 1; esac\\n' >/usr/sbin/nmcli; chmod +x /usr/sbin/nmcli");
     }
 
-    /// Before the manager starts: a running one may see the adapter without its address first, and leaves it alone then.
+    /// Before the manager starts: a running one may see the adapter without its address first, and leaves it alone
+    /// then.
     void AddAdapterWithAddressSetByHand(const std::string& name)
     {
         managed->Stop();

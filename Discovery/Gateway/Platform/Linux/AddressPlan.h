@@ -18,8 +18,8 @@ struct AddressPlan
     int prefixLength = 0; ///< 1 to 31
 };
 
-/// Checks what is asked for, by the texts alone. The address must be one that a host in its subnet can have, the gateway
-/// a neighbour there, 0.0.0.0 or empty for none.
+/// Checks what is asked for, by the texts alone. The address must be one that a host in its subnet can have, the
+/// gateway a neighbour there, 0.0.0.0 or empty for none.
 /// @param plan  receives the configuration, defined only on success
 /// @returns what is wrong with it
 Failure MakePlan(const AdapterSettings& settings, AddressPlan& plan);

@@ -20,7 +20,7 @@ namespace
 
 constexpr std::size_t BlockSize = 4096; // bytes
 
-/// The folders that hold system programs on every distribution. The search path of this process counts for nothing.
+/// The folders of system programs on every distribution; the search path of this process isn't asked.
 constexpr std::array<const char*, 4> Folders = {"/usr/sbin/", "/usr/bin/", "/sbin/", "/bin/"};
 constexpr const char* SearchPath = "PATH=/usr/sbin:/usr/bin:/sbin:/bin";
 
@@ -33,7 +33,7 @@ std::string Find(const std::string& program)
         return program;
     }
     const auto folder = std::find_if(Folders.begin(), Folders.end(), has);
-    return (folder != Folders.end() ? *folder : Folders.front()) + program; // never one of the working directory
+    return (folder != Folders.end() ? *folder : Folders.front()) + program; // never from the working directory
 }
 
 /// File actions and attributes of one posix_spawn.
@@ -99,7 +99,7 @@ int MillisecondsUntil(Deadline deadline)
     return static_cast<int>(std::clamp<long long>(left.count(), 0, INT32_MAX));
 }
 
-/// Takes a block of what was written, and drops what goes beyond the bound.
+/// Reads a block of what was written, and drops what goes beyond MaximumOutput.
 /// @returns false if nothing is there now
 bool ReadBlock(int output, std::string& text)
 {
@@ -110,7 +110,7 @@ bool ReadBlock(int output, std::string& text)
     return count > 0;
 }
 
-/// Reads until the program has ended. Daemons that it left behind may hold its output open, and write on.
+/// Reads until the program has ended. Daemons that it started may still write to its output then.
 /// @returns false at the deadline
 bool Follow(int output, int process, Deadline deadline, std::string& text)
 {
@@ -133,7 +133,8 @@ bool Follow(int output, int process, Deadline deadline, std::string& text)
     return true;
 }
 
-/// @returns its exit code as a shell tells it, or -1 if somebody else took it
+/// Waits for the end of a process.
+/// @returns its exit code as a shell tells it, or -1 if somebody else has waited for it
 int Collect(pid_t process)
 {
     int status = 0;

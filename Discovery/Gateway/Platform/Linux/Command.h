@@ -19,8 +19,8 @@ struct CommandResult
     std::string output; ///< standard output and standard error together, the first MaximumOutput bytes
 };
 
-/// Runs a program by its argument vector, never through a shell, in the language C, with nothing on its standard input,
-/// and waits for it. One that outlasts the deadline is killed, with the processes of its group; after the deadline none is
+/// Runs a program with an argument vector, never through a shell, in the locale C, with an empty standard input, and
+/// waits for its end. At the deadline the program is killed, with its process group; after the deadline none is
 /// started.
 /// @param arguments  the program, by name or path, and its arguments
 CommandResult RunCommand(const std::vector<std::string>& arguments, Deadline deadline);

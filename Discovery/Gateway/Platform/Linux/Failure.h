@@ -15,8 +15,8 @@ public:
     /// No failure.
     Failure() = default;
 
-    /// @param text  the reason in words for an operator; its first line that isn't blank is kept, as printable ASCII, 200
-    ///              characters at most
+    /// @param text  the reason in words for an operator; its first line that isn't blank is kept, as 200 characters of
+    ///              printable ASCII at most
     explicit Failure(const std::string& text);
 
     explicit operator bool() const

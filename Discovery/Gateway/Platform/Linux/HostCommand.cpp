@@ -14,7 +14,7 @@ namespace
 
 using namespace std::chrono_literals;
 
-constexpr auto EndLimit = 1s; // to end what took too long
+constexpr auto EndLimit = 1s; // to kill what took too long
 
 /// @returns a name that no other unit has had since the host was started
 std::string MakeUnitName()
@@ -23,8 +23,8 @@ std::string MakeUnitName()
     return "zelkor-discovery-" + std::to_string(getpid()) + "-" + std::to_string(now.count()) + ".service";
 }
 
-/// @returns what asks the service manager to run a program and waits for it; its exit code and output come through.
-///          When it ends, what it left behind (a DHCP client) runs on.
+/// @returns a command that has the service manager run a program and ends with the program's exit code and output.
+///          What the program leaves running (a DHCP client) runs on.
 std::vector<std::string> ManagerCommand(const std::string& unit, Deadline deadline)
 {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
@@ -42,7 +42,7 @@ std::vector<std::string> ManagerCommand(const std::string& unit, Deadline deadli
             "--"};
 }
 
-/// The service manager puts values of variables into the words of a command; a doubled sign stands for itself.
+/// The service manager replaces variables in the words of a command, and takes a doubled sign for the sign itself.
 std::string WithoutVariables(const std::string& word)
 {
     std::string escaped;

@@ -1,5 +1,7 @@
 #include "HostNameRule.h"
 
+#include "Ascii.h"
+
 #include <algorithm>
 
 namespace Zelkor::Discovery::Client::Platform
@@ -8,19 +10,12 @@ namespace Zelkor::Discovery::Client::Platform
 namespace
 {
 
-constexpr std::size_t MaximumLength = 64;
-
-bool IsLetterOrDigit(char character)
-{
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-           (character >= '0' && character <= '9');
-}
+constexpr std::size_t MaximumLength = 64; // characters
 
 bool IsLabel(std::string_view label)
 {
     return !label.empty() && label.front() != '-' && label.back() != '-' &&
-           std::all_of(label.begin(), label.end(),
-                       [](char character) { return character == '-' || IsLetterOrDigit(character); });
+           std::all_of(label.begin(), label.end(), [](char c) { return c == '-' || IsLetterOrDigit(c); });
 }
 
 } // namespace

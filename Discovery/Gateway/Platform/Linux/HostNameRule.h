@@ -5,9 +5,9 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// Whether a Linux host can bear name: labels of ASCII letters, digits and inner hyphens, parted by single dots
-/// (RFC 1123, section 2.1), with 64 characters at most (gethostname(2), HOST_NAME_MAX). systemd-hostnamed takes the
-/// same names, and the empty one, by which it deletes the stored name.
+/// Whether a Linux host can have a name: labels of ASCII letters, digits and inner hyphens, with single dots between
+/// them (RFC 1123, section 2.1), 64 characters at most (gethostname(2), HOST_NAME_MAX). systemd-hostnamed takes the
+/// same names; it takes the empty one too, and deletes the stored name then.
 bool IsHostName(std::string_view name);
 
 } // namespace Zelkor::Discovery::Client::Platform

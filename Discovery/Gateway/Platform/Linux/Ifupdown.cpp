@@ -1,6 +1,7 @@
 #include "Ifupdown.h"
 
 #include "../Adapters.h"
+#include "Ascii.h"
 #include "HostCommand.h"
 #include "KernelAddresses.h"
 
@@ -18,25 +19,21 @@ namespace Zelkor::Discovery::Client::Platform
 namespace
 {
 
-constexpr const char* Interfaces = "/etc/network/interfaces";
+constexpr const char* MainFile = "/etc/network/interfaces";
 constexpr const char* Program = "/sbin/ifup";
 constexpr std::size_t MaximumFiles = 256;
 constexpr int MaximumTemplates = 16;       // each inheriting from the next
 constexpr unsigned int FirstMetric = 1000; // of a second default route, before the adapter's index
 
-bool IsLetterOrDigit(char c)
-{
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-/// ifup puts the name into shell commands without quotes, and takes what follows '=' for another name.
+/// Whether ifup takes a name as it is: it puts names into shell commands without quotes, and takes what follows '=' for
+/// another name.
 bool IsPlainName(const std::string& adapter)
 {
     return std::all_of(adapter.begin(), adapter.end(),
                        [](char c) { return IsLetterOrDigit(c) || std::strchr("._-+@", c) != nullptr; });
 }
 
-/// The kernel takes two default routes only with different metrics.
+/// Whether another adapter has a gateway: the kernel takes two default routes only with different metrics.
 bool HasOtherGateway(const std::string& adapter)
 {
     std::vector<Adapter> adapters;
@@ -58,7 +55,7 @@ std::vector<std::string> Expand(const std::string& pattern)
     return paths;
 }
 
-/// The files of a folder that source-directory takes: names of letters, digits, '_' and '-'.
+/// The files that source-directory takes: their names consist of letters, digits, '_' and '-'.
 std::vector<std::string> FilesIn(const std::string& folder)
 {
     std::vector<std::string> paths;
@@ -87,7 +84,7 @@ std::vector<std::string> Included(const InterfacesText::Inclusion& inclusion, co
     return files;
 }
 
-/// What ifup has configured, in its order: each adapter's name, '=' and its logical name.
+/// The adapters that ifup has configured, in its order: each one's name, '=' and its logical name.
 std::vector<std::string> ReadState()
 {
     std::vector<std::string> state;
@@ -98,7 +95,7 @@ std::vector<std::string> ReadState()
     return state;
 }
 
-/// Empty for an adapter that ifup has not configured.
+/// The name by which ifup has configured an adapter, empty if it hasn't.
 std::string ReadLogicalName(const std::string& adapter)
 {
     for (const std::string& entry : ReadState())
@@ -118,7 +115,7 @@ std::vector<std::string> ReadVlans(const std::string& adapter)
     return vlans;
 }
 
-/// Whether a line brings the adapter up at the start of the host, by its name or by a pattern.
+/// Whether the start of the host brings an adapter up, which a line may name or match by a pattern.
 bool IsStarted(const std::string& adapter, Deadline deadline)
 {
     constexpr std::array<const char*, 2> Classes = {"auto", "hotplug"};
@@ -130,8 +127,8 @@ bool IsStarted(const std::string& adapter, Deadline deadline)
                        });
 }
 
-/// By the stanza that stands in the file now; a hook that fails does not stop the change. VLANs, bridges and bonds may be
-/// gone then, to be made again by ifup.
+/// By the stanza that is in the file now. A hook that fails doesn't stop the change. A VLAN, bridge or bond may be gone
+/// then, until ifup makes it again.
 Failure TakeDown(const std::string& adapter, Deadline deadline)
 {
     RunHostCommand({"ifdown", "--force", adapter}, deadline);
@@ -146,7 +143,7 @@ Failure BringUp(const std::string& entry, Deadline deadline)
         return failure;
     }
     const bool isUp = !ReadLogicalName(entry.substr(0, entry.find('='))).empty();
-    return isUp ? Failure() : Failure("ifup leaves it down"); // with exit code 0, if it can't make it
+    return isUp ? Failure() : Failure("ifup leaves it down"); // exit code 0 also if it can't make the adapter
 }
 
 } // namespace
@@ -162,7 +159,7 @@ Answer Ifupdown::Examine(const std::string& adapter, Deadline)
     {
         return Answer::No;
     }
-    Load(Interfaces);
+    Load(MainFile);
     const bool named =
         std::any_of(files.begin(), files.end(), [&](const File& file) { return file.text.HasStanza(adapter); });
     logicalName = ReadLogicalName(adapter);
@@ -208,7 +205,7 @@ Failure Ifupdown::Obstacle(const std::string& adapter) const
     return TemplateObstacle(adapter);
 }
 
-/// What a template says stands before the stanza's own, and the two together make a command that fails.
+/// ifup puts inherited options first; an address that is set twice makes its command fail.
 Failure Ifupdown::TemplateObstacle(const std::string& adapter) const
 {
     std::string name = adapter;
@@ -225,7 +222,7 @@ Failure Ifupdown::TemplateObstacle(const std::string& adapter) const
     return {};
 }
 
-/// All IPv4 stanzas of the adapter become one, where the first one stands.
+/// Makes all IPv4 stanzas of the adapter one, at the place of the first.
 Failure Ifupdown::Prepare(const AddressPlan& plan, Deadline deadline)
 {
     const auto has = [&](const char* family)
@@ -309,7 +306,7 @@ Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
     return {};
 }
 
-/// ifdown took them down with the adapter, ifup leaves that to whoever calls it.
+/// ifdown took them down with the adapter, but ifup brings up the adapter alone.
 Failure Ifupdown::BringUpVlans(Deadline deadline) const
 {
     std::string failures;
@@ -345,7 +342,7 @@ Failure Ifupdown::Withdraw(const AddressPlan& plan, Deadline deadline)
     {
         return failure;
     }
-    static_cast<void>(TakeDown(plan.adapter, deadline)); // what stays is for ifup to tell
+    static_cast<void>(TakeDown(plan.adapter, deadline)); // ifup tells if that matters
     const Failure upFailure = BringUp(plan.adapter, deadline);
     const Failure vlanFailure = BringUpVlans(deadline);
     return failure ? failure : upFailure ? upFailure : vlanFailure;

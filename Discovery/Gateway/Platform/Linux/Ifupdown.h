@@ -9,8 +9,8 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// ifupdown, the server default of Debian: rewrites the adapter's stanza in /etc/network/interfaces or a file that it
-/// pulls in, and takes the adapter down by the old one and up by the new one, with its VLANs.
+/// ifupdown, the default on Debian servers: rewrites the adapter's stanza in /etc/network/interfaces or a file that it
+/// includes, and takes the adapter down by the old stanza and up by the new one, with its VLANs.
 class Ifupdown : public AddressManager
 {
 public:
@@ -38,8 +38,8 @@ private:
 
     std::vector<File> files; ///< in the order of reading
     std::vector<std::unique_ptr<StagedFile>> staged;
-    std::string logicalName;        ///< by which the adapter is configured now, empty if it isn't
-    std::vector<std::string> vlans; ///< of the adapter that were up, as ifup tells them
+    std::string logicalName;        ///< by which ifup has configured the adapter, empty if it hasn't
+    std::vector<std::string> vlans; ///< those of the adapter that were up, as entries of ifup's state
     std::string remark;
     bool wentDown = false;
 };

@@ -18,7 +18,7 @@ bool IsOneOf(const std::array<std::string_view, Count>& words, const std::string
     return std::find(words.begin(), words.end(), word) != words.end();
 }
 
-/// The words that begin a stanza, and so end the one before it.
+/// Whether a word begins a stanza, and so ends the one before it.
 bool IsKeyword(const std::string& word)
 {
     constexpr std::array<std::string_view, 9> Keywords = {
@@ -26,14 +26,14 @@ bool IsKeyword(const std::string& word)
     return word.starts_with("allow-") || IsOneOf(Keywords, word);
 }
 
-/// Methods that only set addresses; others (ppp, tunnel) make the adapter itself.
+/// Whether a method only sets addresses; others (ppp, tunnel) make the adapter itself.
 bool IsPlainMethod(const std::string& method)
 {
     constexpr std::array<std::string_view, 5> Methods = {"static", "dhcp", "bootp", "manual", "ipv4ll"};
     return IsOneOf(Methods, method);
 }
 
-/// Options that say what a plan says.
+/// Whether an option sets what a plan sets.
 bool IsAddressOption(const std::string& option)
 {
     constexpr std::array<std::string_view, 6> Options = {"address", "netmask", "broadcast",
@@ -41,7 +41,7 @@ bool IsAddressOption(const std::string& option)
     return IsOneOf(Options, option);
 }
 
-/// Options that may come several times, each time meaning something.
+/// Whether an option may be repeated, and each time counts.
 bool IsRepeatable(const std::string& option)
 {
     constexpr std::array<std::string_view, 6> Options = {"up", "post-up", "pre-up", "down", "pre-down", "post-down"};
@@ -58,20 +58,21 @@ std::string Indentation(const LogicalLine& line)
     return line.raw.substr(0, line.raw.find_first_not_of(" \t"));
 }
 
-/// A line joins a stanza unless the same is there, or an option of its name that counts once.
-void Join(const LogicalLine& line, Lines& stanza)
+/// Adds a line to a stanza, unless the stanza has it already, has an option of its name that counts once, or gets its
+/// addresses from a plan.
+void Add(const LogicalLine& line, Lines& stanza)
 {
     const std::string option = FirstWord(line);
     const bool isComment = IsComment(line);
     const auto clashes = [&](const LogicalLine& other)
     { return other.text == line.text || (FirstWord(other) == option && !IsRepeatable(option)); };
-    if (!(!isComment && IsAddressOption(option)) && (isComment || std::none_of(stanza.begin(), stanza.end(), clashes)))
+    if (isComment || (!IsAddressOption(option) && std::none_of(stanza.begin(), stanza.end(), clashes)))
     {
         stanza.push_back(line);
     }
 }
 
-/// @param head  of the stanza that is rewritten; empty for a new one
+/// @param head  of the stanza that is rewritten, empty for a new one
 Lines MakeHead(const AddressPlan& plan, const LogicalLine& head, const std::string& indentation)
 {
     std::string first = Indentation(head) + "iface " + plan.adapter + " inet static";
@@ -187,7 +188,8 @@ std::vector<LogicalLine> InterfacesText::TakeStanzas(const std::string& adapter,
 {
     const std::vector<Stanza> stanzas = Stanzas(adapter, "inet");
     Lines taken;
-    for (std::size_t i = stanzas.size(); i-- > (keepFirst ? 1 : 0);) // from the end: the indexes before it stay good
+    for (std::size_t i = stanzas.size();
+         i-- > (keepFirst ? 1 : 0);) // from the end, so that the other indexes stay right
     {
         const auto begin = lines.begin() + static_cast<std::ptrdiff_t>(stanzas[i].begin);
         const auto end = lines.begin() + static_cast<std::ptrdiff_t>(stanzas[i].end);
@@ -216,7 +218,7 @@ void InterfacesText::WriteStanza(const AddressPlan& plan, const std::vector<Logi
     }
     for (const LogicalLine& line : more)
     {
-        Join(line, stanza);
+        Add(line, stanza);
     }
     lines.insert(lines.erase(begin, end), stanza.begin(), stanza.end());
 }

@@ -9,49 +9,55 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// One file in the form of interfaces(5), to be read and to have the IPv4 part of one adapter rewritten. What it does
-/// not concern stays as it stands, byte by byte.
+/// One file in the form of interfaces(5), in which the IPv4 part of one adapter is rewritten. The rest stays byte by
+/// byte.
 class InterfacesText
 {
 public:
+    /// @param text  of the whole file
     explicit InterfacesText(const std::string& text);
 
+    /// The whole file as it is now.
     std::string Text() const;
 
-    /// A line that pulls other files in.
+    /// What a line says that includes other files.
     struct Inclusion
     {
         std::string pattern; ///< for wordexp(3), of one word or several
         bool isFolder;       ///< source-directory, or source-dir for short
     };
+
+    /// The files that this one includes, in the order of its lines.
     std::vector<Inclusion> Inclusions() const;
 
-    /// Whether a stanza of the adapter is there.
+    /// Whether the adapter has a stanza here.
     /// @param family  inet, inet6 or another; empty for any
     bool HasStanza(const std::string& adapter, const std::string& family = "") const;
 
     /// Why the IPv4 part of the adapter can't be rewritten.
     Failure Obstacle(const std::string& adapter) const;
 
-    /// The stanza that the adapter's first IPv4 stanza inherits from, empty if there is none.
+    /// The name of the stanza that the adapter's first IPv4 stanza inherits from, empty if it inherits nothing.
     std::string Template(const std::string& adapter) const;
 
-    /// Whether the first IPv4 stanza of a name says addresses.
+    /// Whether the first IPv4 stanza of an adapter or template sets addresses.
+    /// @param name  of the adapter or template
     bool HasAddresses(const std::string& name) const;
 
-    /// Takes the adapter's IPv4 stanzas out, all or all but the first.
-    /// @returns the lines that stood beneath their heads
+    /// Removes the adapter's IPv4 stanzas, all or all but the first.
+    /// @returns their lines without the heads
     std::vector<LogicalLine> TakeStanzas(const std::string& adapter, bool keepFirst);
 
-    /// Makes the adapter's first IPv4 stanza a static one with the addresses of plan, where it stands; without one, puts
-    /// it before the adapter's first stanza of another family. Its other options stay, and those in more join them.
+    /// Turns the adapter's first IPv4 stanza into a static one with the addresses of plan, at its place; if there is
+    /// none, puts one before the adapter's first stanza. Options that don't set addresses stay; those in more are
+    /// added.
     void WriteStanza(const AddressPlan& plan, const std::vector<LogicalLine>& more);
 
-    /// Puts a line before the adapter's first stanza that has the adapter brought up when the host starts.
+    /// Has the start of the host bring the adapter up, by an `auto` line before the adapter's first stanza.
     void WriteAuto(const std::string& adapter);
 
 private:
-    /// Indexes of lines: the head, and behind the last option.
+    /// Indexes of lines: of the head, and the one after the last option.
     struct Stanza
     {
         std::size_t begin;

@@ -30,7 +30,7 @@ std::set<std::pair<int, int>> FindStack(const std::map<int, LinkPlace>& links)
     for (const auto& [index, place] : links)
     {
         const auto lower = links.find(place.lower);
-        if (lower == links.end() || lower->second.lower == index) // made on none, or the end of a pair
+        if (lower == links.end() || lower->second.lower == index) // made on none, or an end of a pair
         {
             continue;
         }

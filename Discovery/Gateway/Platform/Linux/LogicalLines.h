@@ -6,22 +6,23 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// A line of a configuration file that may be continued: a backslash at its end joins the next one to it.
+/// A line of a configuration file, joined with the next one if it ends with a backslash.
 struct LogicalLine
 {
-    std::string raw;  ///< as it stands in the file, with every line end
-    std::string text; ///< joined, without blanks around it
+    std::string raw;  ///< as in the file, with all its line ends
+    std::string text; ///< what it says, without blanks around it
 };
 
-/// Cuts a text into lines; the last one gets a line end if it has none. Comments (begun by '#' or ';') don't continue.
+/// Splits a text into lines; the last one gets a line end if it has none. A comment (of '#' or ';') is never continued.
 std::vector<LogicalLine> SplitLines(const std::string& text);
 
+/// The text of a file that consists of these lines.
 std::string JoinLines(const std::vector<LogicalLine>& lines);
 
-/// True for a line that says nothing: a comment or blanks.
+/// Whether a line says nothing: it is a comment, or blank.
 bool IsComment(const LogicalLine& line);
 
-/// The words of a text, parted by blanks.
+/// The words of a text, between blanks.
 std::vector<std::string> SplitWords(const std::string& text);
 
 } // namespace Zelkor::Discovery::Client::Platform

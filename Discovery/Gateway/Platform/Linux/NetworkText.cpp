@@ -1,5 +1,6 @@
 #include "NetworkText.h"
 
+#include "Ascii.h"
 #include "LogicalLines.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ namespace
 constexpr const char* Comment = "# Written by the Zelkor Discovery client, from the file that configured this adapter "
                                 "before.\n";
 
-/// A section, the lines before the first one being a section without a head.
+/// A section; the lines before the first head are one without a name.
 struct Section
 {
     std::string name;
@@ -44,7 +45,7 @@ struct Assignment
     std::string value;
 };
 
-/// Of a line that assigns nothing, the key is empty.
+/// The key is empty for a line that assigns nothing.
 Assignment Parse(const LogicalLine& line)
 {
     const std::size_t sign = line.text.find('=');
@@ -69,13 +70,13 @@ std::string Value(const Section& section, const std::string& key)
     return value;
 }
 
-/// Of an address with or without its prefix length, or the word for the gateway of a lease.
+/// Whether a value is an IPv4 address, with or without its prefix length, or stands for the gateway of a lease.
 bool IsIPv4(const std::string& value)
 {
     return value == "_dhcp4" || (value.find('.') != std::string::npos && value.find(':') == std::string::npos);
 }
 
-/// What is left of a switch that is a boolean or names an address family.
+/// A switch that is a boolean or names an address family, with its IPv4 half turned off.
 std::string WithoutIPv4(std::string value)
 {
     std::transform(value.begin(), value.end(), value.begin(),
@@ -104,7 +105,7 @@ bool IsIPv4Address(const Section& section)
     return section.name == "Address" && IsIPv4(Value(section, "Address"));
 }
 
-/// In the main table; those of other tables serve rules.
+/// Whether a section is a default route of the main table; those of other tables serve rules.
 bool IsIPv4DefaultRoute(const Section& section)
 {
     const std::string destination = Value(section, "Destination");
@@ -113,7 +114,7 @@ bool IsIPv4DefaultRoute(const Section& section)
            (destination == "0.0.0.0/0" || (destination.empty() && IsIPv4(Value(section, "Gateway"))));
 }
 
-/// What is left of a section, empty if nothing but its head would be.
+/// A section without what it says of IPv4; empty if only its head would be left.
 std::string Rest(const Section& section)
 {
     if (section.name.empty() || section.name == "Match" || IsIPv4Address(section) || IsIPv4DefaultRoute(section))
@@ -140,9 +141,9 @@ std::string MatchOf(const std::string& adapter)
     {
         if (c <= ' ' || c > '~' || std::strchr("!^]\\", c) != nullptr)
         {
-            return {}; // has a meaning in brackets too, or can't stand in the file
+            return {}; // special in brackets too, or not allowed in the file
         }
-        const bool isPlain = std::isalnum(static_cast<unsigned char>(c)) != 0 || std::strchr("._-", c) != nullptr;
+        const bool isPlain = IsLetterOrDigit(c) || std::strchr("._-", c) != nullptr;
         match += isPlain ? std::string(1, c) : std::string("[") + c + "]";
     }
     return match;

@@ -20,14 +20,14 @@ constexpr const char* LinkInterface = "org.freedesktop.network1.Link";
 
 constexpr const char* OwnFolder = "/etc/systemd/network/";
 
-/// The name decides: of the files that match an adapter, the first in the order of their names counts.
+/// Of the files that match an adapter, the first in the order of their names counts.
 std::string OwnName(const std::string& adapter)
 {
     return "00-zelkor-discovery-" + adapter + ".network";
 }
 
-/// The texts of the drop-ins of a .network file, in the order of their names; of equal names the first folder's counts
-/// (systemd.network(5)).
+/// The texts of the drop-ins of a .network file, in the order of their names; of two with one name that of the first
+/// folder counts (systemd.network(5)).
 std::string ReadDropIns(const std::string& name)
 {
     std::map<std::string, std::filesystem::path> found;

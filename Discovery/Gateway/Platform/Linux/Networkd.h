@@ -8,8 +8,8 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// systemd-networkd: writes a .network file for the adapter alone that comes before the one that has configured it, since
-/// drop-ins can't take addresses back and a file may stand for many adapters.
+/// systemd-networkd: writes a .network file for the adapter alone that comes before the one in force, because a drop-in
+/// can't take addresses back and the one in force may serve several adapters.
 class Networkd : public AddressManager
 {
 public:

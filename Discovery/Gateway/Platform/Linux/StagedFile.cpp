@@ -39,7 +39,7 @@ int WriteAll(int file, const std::string& text)
     return fsync(file) == 0 ? 0 : errno;
 }
 
-/// Owner and mode as model has them. A file of root's own needs no right to change the owner.
+/// Gives a file the owner and the mode of model. An owner that is right already takes no rights to set.
 int Assimilate(int file, const struct stat& model)
 {
     struct stat own = {};
@@ -50,7 +50,7 @@ int Assimilate(int file, const struct stat& model)
     return done ? 0 : errno;
 }
 
-/// A rename is on the disk only when its folder is.
+/// A rename is on the disk only when its folder is written.
 void FlushFolder(const std::string& path)
 {
     const int folder = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -62,7 +62,7 @@ void FlushFolder(const std::string& path)
 
 StagedFile::StagedFile(const std::string& name) : path(Resolve(name)), folder(path.substr(0, path.rfind('/') + 1)) {}
 
-StagedFile::~StagedFile() // takes no memory: its lack may be what ended the change
+StagedFile::~StagedFile() // allocates nothing: a lack of memory may be what ended the change
 {
     if (!staged.empty())
     {

@@ -5,20 +5,20 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// A new text for a configuration file: written beside it, put in its place in one step, and taken back in one step,
-/// also by the end of the object, unless it is kept. Names beside the file begin with a dot, so that no program takes
-/// them for configuration.
+/// A new text for a configuration file: written beside the file, then put in its place in one step, and unless it is
+/// kept, taken back in one step, at the latest by the destructor. The files beside it have names that begin with a dot,
+/// so that no program takes them for configuration.
 class StagedFile
 {
 public:
-    /// @param path  of the file, which need not be there yet; links are followed
+    /// @param path  of the file, which need not exist; links are followed
     explicit StagedFile(const std::string& path);
     ~StagedFile();
     StagedFile(const StagedFile&) = delete;
     StagedFile& operator=(const StagedFile&) = delete;
 
-    /// Writes the new text beside the file, down to the disk, with the file's owner and mode; a new file may be read by
-    /// everybody.
+    /// Writes the new text beside the file, down to the disk, with the file's owner and mode; if there is no file,
+    /// readable by everybody.
     /// @returns 0, or errno
     int Prepare(const std::string& text);
 
@@ -26,11 +26,11 @@ public:
     /// @returns 0, or errno
     int Commit();
 
-    /// Gives up the way back.
+    /// After Commit: lets the new text stay.
     void Keep();
 
-    /// After Commit: puts the former file in place again, or none where there was none.
-    /// @returns 0, or errno; the former file then stays beside the new one
+    /// After Commit: puts the former file back, or removes the file if there was none before.
+    /// @returns 0, or errno: the former file stays beside the new one then
     int Restore();
 
 private:
@@ -42,7 +42,7 @@ private:
     bool isNew = false;
 };
 
-/// The text of a file, whole or empty; what is larger than a configuration file can be (1 MiB) counts as empty.
+/// The whole text of a file; empty if it can't be read or is too large for a configuration file (over 1 MiB).
 std::string ReadConfiguration(const std::string& path);
 
 } // namespace Zelkor::Discovery::Client::Platform

@@ -1,6 +1,7 @@
 #include "SystemBus.h"
 
 #include <cerrno>
+#include <cstdint>
 
 namespace Zelkor::Discovery::Client::Platform
 {
@@ -11,7 +12,7 @@ namespace
 constexpr const char* BusService = "org.freedesktop.DBus";
 constexpr const char* BusPath = "/org/freedesktop/DBus";
 
-/// Never 0, which the bus library takes for its own default.
+/// At least 1: the bus library takes 0 for its own default.
 std::uint64_t MicrosecondsUntil(Deadline deadline)
 {
     const auto left =
@@ -19,7 +20,7 @@ std::uint64_t MicrosecondsUntil(Deadline deadline)
     return left.count() > 0 ? static_cast<std::uint64_t>(left.count()) : 1;
 }
 
-/// The library gives a bus that doesn't answer 90 s for its greeting: wait for that here, by our own clock.
+/// The library would wait 90 s for the greeting of a bus that doesn't answer: so the wait for it is here.
 /// @returns 0, or errno
 int WaitUntilReady(sd_bus* bus, Deadline deadline)
 {
@@ -64,6 +65,12 @@ Answer SystemBus::IsRunning(const char* service)
         return Answer::Unknown;
     }
     return isOwned != 0 ? Answer::Yes : Answer::No;
+}
+
+bool SystemBus::Start(const char* service)
+{
+    BusMessage reply;
+    return Call(BusService, BusPath, BusService, "StartServiceByName", reply, "su", service, std::uint32_t{0}) == 0;
 }
 
 int SystemBus::ReadProperty(const char* service, const char* path, const char* interface, const char* property,

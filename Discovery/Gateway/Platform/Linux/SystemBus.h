@@ -26,12 +26,16 @@ using BusMessage = std::unique_ptr<sd_bus_message, BusMessageRelease>;
 class SystemBus
 {
 public:
-    /// Connects; where that fails or takes too long, the connection counts as closed.
+    /// Connects. If that fails or takes too long, every call fails with ENOTCONN.
     explicit SystemBus(Deadline deadline);
 
-    /// Whether a service runs now, by its name on the bus; No where this host has no bus. Asked before a call that must not
-    /// start the service.
+    /// Whether a service runs now, by its name on the bus; No where this host has no bus. Asked before a call that must
+    /// not start the service.
     Answer IsRunning(const char* service);
+
+    /// Sees to it that a service runs: those of systemd start when they are needed.
+    /// @returns false if it doesn't run by the deadline, or there is no bus
+    bool Start(const char* service);
 
     /// Calls a method.
     /// @param types      the D-Bus signature of the arguments that follow, as sd_bus_call_method takes them
@@ -57,12 +61,12 @@ public:
 
     /// Fetches a property.
     /// @param type   its D-Bus signature
-    /// @param reply  receives the answer, to be read from by that signature; texts lie within it
+    /// @param reply  receives the answer, to be read by that signature; texts that are read belong to it
     /// @returns 0, or errno; the reason is in LastError
     int ReadProperty(const char* service, const char* path, const char* interface, const char* property,
                      const char* type, BusMessage& reply);
 
-    /// Why the last call failed, as the service told it; empty if it told nothing.
+    /// Why the last call failed, in words of the service, empty if it gave none.
     const std::string& LastError() const
     {
         return lastError;
