@@ -7,6 +7,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Tesmo::System::IO;
 
@@ -17,6 +18,13 @@ namespace
 std::ptrdiff_t OpenDescriptors()
 {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
+rlim_t MappedBytes()
+{
+    rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    return pages * static_cast<rlim_t>(getpagesize());
 }
 } // namespace
 
@@ -78,20 +86,22 @@ TEST_F(FilesLinuxTests, CloseGivesTheDescriptorBackOfAPipeToo)
     EXPECT_NO_THROW(other.WriteByte('x')); // the descriptor was given back once
 }
 
-TEST_F(FilesLinuxTests, AStackHasItsEntriesOnceFilesCanBeOpenedAgain)
+TEST_F(FilesLinuxTests, AStackHasItsEntriesOnceThereAreDescriptorsAndMemoryAgain)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe"); // a process that has not read its symbols yet
-    const auto lookUp = []
+    const auto lookUpWithout = [](auto resource, rlim_t limit)
     {
         using Diagnostics::CallStack;
         rlimit usual{};
-        getrlimit(RLIMIT_NOFILE, &usual);
-        const rlimit nothing{0, usual.rlim_max};
+        getrlimit(resource, &usual);
+        const rlimit less{limit, usual.rlim_max};
         const CallStack early(0);
-        setrlimit(RLIMIT_NOFILE, &nothing);
+        setrlimit(resource, &less);
         const bool isMissing = early.Entries().empty() && CallStack(0).Entries().empty();
-        setrlimit(RLIMIT_NOFILE, &usual);
+        setrlimit(resource, &usual);
         std::exit(isMissing && !early.Entries().empty() && !CallStack(0).Entries().empty() ? 0 : 1);
     };
-    EXPECT_EXIT(lookUp(), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(lookUpWithout(RLIMIT_NOFILE, 0), testing::ExitedWithCode(0), "");
+    const rlim_t room = 1 << 20; // bytes: enough for the program itself
+    EXPECT_EXIT(lookUpWithout(RLIMIT_AS, MappedBytes() + room), testing::ExitedWithCode(0), "");
 }

@@ -4,6 +4,7 @@
 #include <cxxabi.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -27,18 +28,27 @@ struct Symbol
     std::uintptr_t start = 0;
 };
 
+/// Bytes that are free before symbols are read: a few times what the program with its debug information takes.
+constexpr std::size_t LoadRoom = 64 << 20;
+
+/// Whether the error tells of descriptors or memory that may be there again later.
+bool IsShortage(int code)
+{
+    return code == EMFILE || code == ENFILE || code == ENOMEM;
+}
+
 /// What one look-up has come to.
 struct LookUp
 {
     StackEntries entries;
-    bool lacksDescriptors = false;
+    bool isShortOfResources = false;
 };
 
 /// Without symbols there are no entries, and that is an answer.
 /// @param code  errno, or -1 where symbols are missing
 void NoteError(void* lookUp, const char*, int code)
 {
-    static_cast<LookUp*>(lookUp)->lacksDescriptors |= code == EMFILE || code == ENFILE;
+    static_cast<LookUp*>(lookUp)->isShortOfResources |= IsShortage(code);
 }
 
 void IgnoreError(void*, const char*, int) {}
@@ -47,12 +57,18 @@ void IgnoreError(void*, const char*, int) {}
 bool HasDescriptors()
 {
     const int probe = open("/proc/self/exe", O_RDONLY | O_CLOEXEC);
-    const bool isLacking = probe < 0 && (errno == EMFILE || errno == ENFILE);
+    const bool isShort = probe < 0 && IsShortage(errno);
     if (probe >= 0)
     {
         close(probe);
     }
-    return !isLacking;
+    return !isShort;
+}
+
+bool HasMemory()
+{
+    void* const probe = mmap(nullptr, LoadRoom, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    return probe != MAP_FAILED && munmap(probe, LoadRoom) == 0;
 }
 
 bool IsMangled(const char* name)
@@ -104,7 +120,7 @@ bool IsInOwnModule(const void* address)
 class Resolver
 {
 public:
-    /// The entries of one address: none where its source file is not known, nothing where no file can be opened to look.
+    /// The entries of one address: none where its source file is not known, nothing where symbols cannot be read now.
     const StackEntries* Resolve(const void* address)
     {
         const auto place = known.find(address);
@@ -117,7 +133,7 @@ public:
         {
             found = Find(reinterpret_cast<std::uintptr_t>(address));
         }
-        return found.lacksDescriptors ? nullptr : &known.emplace(address, std::move(found.entries)).first->second;
+        return found.isShortOfResources ? nullptr : &known.emplace(address, std::move(found.entries)).first->second;
     }
 
     std::mutex mutex; ///< held by every caller
@@ -129,25 +145,25 @@ private:
         LookUp found;
         if (!MakeState())
         {
-            found.lacksDescriptors = true;
+            found.isShortOfResources = true;
             return found;
         }
         backtrace_pcinfo(state, call, AddEntry, NoteError, &found);
         if (found.entries.empty())
         {
             // A state keeps a failed load for good and cannot be freed: the next look-up takes another.
-            state = found.lacksDescriptors ? nullptr : state;
+            state = found.isShortOfResources ? nullptr : state;
             return found;
         }
-        found.lacksDescriptors = false;
+        found.isShortOfResources = false;
         Describe(found.entries, returnAddress);
         return found;
     }
 
-    /// False while no file can be opened, so that no state is spent.
+    /// False while a load would fail, so that no state is spent.
     bool MakeState()
     {
-        if (state == nullptr && HasDescriptors())
+        if (state == nullptr && HasDescriptors() && HasMemory())
         {
             state = backtrace_create_state(nullptr, 1, IgnoreError, nullptr); // 1: threads use it
         }

@@ -14,7 +14,8 @@
 #include <Core/System/TimeSpan.h>
 
 #include <climits>
-#include <cstdint>
+#include <memory>
+#include <utility>
 
 namespace Tesmo::System::Threading
 {
@@ -23,23 +24,23 @@ using Platform::WaitObjectResult;
 
 namespace
 {
+struct Closer
+{
+    void operator()(WaitObject* object) const
+    {
+        Platform::CloseWaitObject(*object);
+    }
+};
+
+using OwnedObject = std::unique_ptr<WaitObject, Closer>;
+
 /// The value that all copies of a handle share.
 class SharedHandle : public IntPtr
 {
 public:
-    explicit SharedHandle(WaitObject& nativeObject)
-        : IntPtr(reinterpret_cast<std::intptr_t>(&nativeObject)),
-          object(nativeObject)
-    {
-    }
-    ~SharedHandle() override
-    {
-        Platform::CloseWaitObject(object);
-    }
-    SharedHandle(const SharedHandle&) = delete;
-    SharedHandle& operator=(const SharedHandle&) = delete;
+    explicit SharedHandle(OwnedObject nativeObject) : IntPtr(nativeObject.get()), object(std::move(nativeObject)) {}
 
-    WaitObject& object;
+    const OwnedObject object;
 };
 } // namespace
 
@@ -110,13 +111,14 @@ void WaitHandle::Adopt(WaitObjectResult result, WaitObject* object, bool& create
     {
         throw IO::IOException(ThrowSite);
     }
+    OwnedObject owned(object); // it must not leak when the handle cannot be made
     createdNew = result == WaitObjectResult::Created;
-    handle.Reset(new SharedHandle(*object));
+    handle.Reset(new SharedHandle(std::move(owned)));
 }
 
 WaitObject* WaitHandle::NativeObject() const
 {
-    return handle == null ? nullptr : &static_cast<SharedHandle&>(*handle).object;
+    return handle == null ? nullptr : static_cast<SharedHandle&>(*handle).object.get();
 }
 
 bool WaitHandle::WaitFor(WaitObject& object, int milliseconds)
