@@ -56,7 +56,8 @@ TEST(TimeSpanTests, TextParses)
         EXPECT_THROW(TimeSpan::Parse(text), FormatException) << text;
         EXPECT_FALSE(TimeSpan::TryParse(text, result)) << text;
     }
-    for (const char* const text : {"24:00", "0:60", "0:0:60", "4294967295", "10675199.02:48:05.4775808"})
+    for (const char* const text :
+         {"24:00", "0:60", "0:0:60", "4294967296", "9999999999:00", "10675199.02:48:05.4775808"})
     {
         EXPECT_THROW(TimeSpan::Parse(text), OverflowException) << text;
     }

@@ -25,14 +25,14 @@ bool TimeSpanParser::Take(char character)
     return true;
 }
 
-/// A number beyond 32 bits is none: no field can be so large.
+/// A number beyond 32 bits counts as the largest: it is out of the range of every field.
 bool TimeSpanParser::TakeNumber(std::int64_t& number)
 {
-    std::uint32_t value = 0;
+    std::uint32_t value = UINT32_MAX;
     const auto [stop, error] = std::from_chars(rest.data(), rest.data() + rest.size(), value);
     rest.remove_prefix(static_cast<std::size_t>(stop - rest.data()));
     number = value;
-    return error == std::errc();
+    return error != std::errc::invalid_argument;
 }
 
 /// The digits behind the point of the seconds: as many as a tick has.

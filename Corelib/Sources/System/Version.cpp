@@ -10,10 +10,6 @@
 
 namespace Tesmo::System
 {
-namespace
-{
-} // namespace
-
 Version::Version(int major, int minor) : majorNumber(NotNegative(major)), minorNumber(NotNegative(minor)) {}
 
 Version::Version(int major, int minor, int build) : Version(major, minor)
