@@ -47,7 +47,11 @@ TEST(DateTimeTests, TextFormsFollowTheirPatterns)
     {
         EXPECT_EQ(wanted, text.Utf8());
     }
-    EXPECT_EQ(std::string(5000, 'x') + "00", DateTime(Epoch).ToString(String(std::string(5000, 'x') + "%H")).Utf8());
+    for (const auto& [given, printed] : {std::pair(5000, 5000), {(1 << 20) - 2, (1 << 20) - 2}, {(1 << 20) - 1, 0}})
+    {
+        EXPECT_EQ(printed, moment.ToString(String(char32('x'), given)).Length()); // up to 1 MiB with its end
+    }
+    EXPECT_EQ(std::string(5000, 'x') + "04", moment.ToString(String(std::string(5000, 'x') + "%H")).Utf8());
 }
 
 TEST(DateTimeTests, NowCountsUtcAndReadsLocal)

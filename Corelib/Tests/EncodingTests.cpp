@@ -93,15 +93,16 @@ TEST(EncodingTests, ConvertsBetweenEncodingsAndPassesOverBadInput)
     EXPECT_EQ("y\xE2\x82\xACz", Decoded(65001, "\x80y\xE2\x82\xAC\xE2\x82z\xF0\x9F\xFF"));
     EXPECT_EQ("y\xF0\x9F\x98\x80", Decoded(1200, "\x3D\xD8y\0\0\xDE\x3D\xD8\0\xDEz"s));
     EXPECT_EQ("z", Decoded(12000, "\0\0\x11\0z\0\0\0\x01"s));
-    const String text("a\xC3\xA7\xF0\x9F\x98\x80");
+    const String text("a\xC3\xA7"
+                      "b\xF0\x9F\x98\x80");
     const Up<Encoding> utf8 = Encoding::UTF8();
     const ByteArray bytes = utf8->GetBytes(text);
-    EXPECT_TRUE(utf8->GetCharCount(bytes) == 3 && utf8->GetCharCount(bytes, 1, 2) == 1);
+    EXPECT_TRUE(utf8->GetCharCount(bytes) == 4 && utf8->GetCharCount(bytes, 1, 2) == 1);
     for (const int codePage : {1200, 1201, 12000, 12001})
     {
         const Up<Encoding> other = Encoding::GetEncoding(codePage);
         const ByteArray converted = Encoding::Convert(*utf8, *other, bytes);
-        EXPECT_TRUE(other->GetString(converted) == text && other->GetCharCount(converted) == 3) << codePage;
+        EXPECT_TRUE(other->GetString(converted) == text && other->GetCharCount(converted) == 4) << codePage;
         EXPECT_EQ(converted.Length(), other->GetByteCount(text));
     }
     EXPECT_EQ("\x87", Content(Encoding::Convert(*utf8, CodePage437Encoding(), bytes, 1, 2)));

@@ -90,10 +90,9 @@ TEST(ExceptionTests, EqualsComparesClassAndFields)
     const Exception inner;
     const FormatException first("m", inner, "f.cpp", 5);
     EXPECT_TRUE(first.Equals(FormatException("m", inner, "f.cpp", 5)));
-    EXPECT_FALSE(first.Equals(ArgumentException("m", inner, "f.cpp", 5)));
-    EXPECT_FALSE(first.Equals(FormatException("n", inner, "f.cpp", 5)));
-    EXPECT_FALSE(first.Equals(FormatException("m", inner, "g.cpp", 5)));
-    EXPECT_FALSE(first.Equals(FormatException("m", inner, "f.cpp", 6)));
-    EXPECT_FALSE(first.Equals(FormatException("m", "f.cpp", 5)));
-    EXPECT_FALSE(first.Equals(null));
+    EXPECT_FALSE(first.Equals(ArgumentException("m", inner, "f.cpp", 5)) ||
+                 first.Equals(FormatException("n", inner, "f.cpp", 5)));
+    EXPECT_FALSE(first.Equals(FormatException("m", inner, "g.cpp", 5)) ||
+                 first.Equals(FormatException("m", inner, "f.cpp", 6)));
+    EXPECT_FALSE(first.Equals(FormatException("m", "f.cpp", 5)) || first.Equals(null));
 }

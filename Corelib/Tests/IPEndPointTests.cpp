@@ -48,6 +48,7 @@ TEST(IPEndPointTests, RefusesRawFormsThatHoldNoAddress)
     {
         EXPECT_THROW(any.Create(SocketAddress(family, size)), ArgumentException) << size;
     }
+    EXPECT_TRUE(any.Create(SocketAddress(AddressFamily::InterNetwork, 8))->Equals(any)) << "8 bytes are enough";
     EXPECT_THROW(SocketAddress(AddressFamily::Unix, 1), ArgumentOutOfRangeException);
     const SocketAddress raw = EndPoint(AddressFamily::InterNetworkV6).Serialize();
     EXPECT_EQ(2, raw.Size());
@@ -58,8 +59,7 @@ TEST(IPEndPointTests, RefusesRawFormsThatHoldNoAddress)
 TEST(DnsTests, LooksUpThisHost)
 {
     EXPECT_TRUE(Dns::GetHostAddresses("localhost").Contains(IPAddress(127, 0, 0, 1)));
-    EXPECT_FALSE(Dns::GetHostEntry(IPAddress(127, 0, 0, 1)).HostName().IsEmpty());
-    EXPECT_FALSE(Dns::GetHostName().IsEmpty());
+    EXPECT_FALSE(Dns::GetHostEntry(IPAddress(127, 0, 0, 1)).HostName().IsEmpty() || Dns::GetHostName().IsEmpty());
     EXPECT_THROW(Dns::GetHostAddresses(String('a', 300)), InvalidOperationException);
 }
 } // namespace Tesmo::System::Net

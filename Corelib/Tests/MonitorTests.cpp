@@ -42,16 +42,14 @@ TEST(MonitorTests, ArgumentsAndNotTheLockDecideTheResultOfTheFormsWithLockTaken)
     bool lockTaken = false;
     EXPECT_FALSE(Monitor::TryEnter(null, 0, lockTaken));
     EXPECT_TRUE(lockTaken);
-    EXPECT_FALSE(Monitor::TryEnter(target, -2, lockTaken));
-    EXPECT_FALSE(Monitor::TryEnter(target, static_cast<const TimeSpan&>(null), lockTaken));
-    EXPECT_FALSE(Monitor::TryEnter(target, -2));
-    EXPECT_FALSE(Monitor::TryEnter(null));
+    EXPECT_FALSE(Monitor::TryEnter(target, -2, lockTaken) ||
+                 Monitor::TryEnter(target, static_cast<const TimeSpan&>(null), lockTaken));
+    EXPECT_FALSE(Monitor::TryEnter(target, -2) || Monitor::TryEnter(null));
     ExpectEachThrows<ArgumentNullException>({[&] { Monitor::Enter(null); }, [&] { Monitor::Exit(null); },
                                              [&] { const Lock lock(static_cast<const Object&>(null)); }});
 
     lockTaken = false;
-    EXPECT_TRUE(Monitor::TryEnter(target, TimeSpan::FromMilliseconds(-1), lockTaken));
-    EXPECT_TRUE(lockTaken);
+    EXPECT_TRUE(Monitor::TryEnter(target, TimeSpan::FromMilliseconds(-1), lockTaken) && lockTaken);
     EXPECT_FALSE(OnAnotherThread([&] { return Monitor::TryEnter(target, 5); }));
     EXPECT_FALSE(OnAnotherThread([&] { return Monitor::TryEnter(target, TimeSpan::FromMilliseconds(5)); }));
     EXPECT_TRUE(OnAnotherThread([&] { return Monitor::TryEnter(target, lockTaken); }));
@@ -79,25 +77,4 @@ TEST(MonitorTests, AThreadThatEndsInsideLeavesOneFailureAndAFreeMonitor)
         EXPECT_EQ(entries, Monitor::EntryCount());
         EXPECT_TRUE(IsFreeForOthers(target));
     }
-}
-
-TEST(MonitorTests, ItKeepsThreadsApart)
-{
-    constexpr int Rounds = 5000;
-    const Object targets[2];
-    int counters[2] = {};
-    const auto count = [&](std::size_t mine)
-    {
-        for (int round = 0; round < Rounds; ++round)
-        {
-            const Lock lock(targets[mine]);
-            counters[mine]++;
-        }
-    };
-    {
-        const std::jthread threads[] = {std::jthread(count, 0), std::jthread(count, 1), std::jthread(count, 0)};
-        count(1);
-    }
-    EXPECT_EQ(2 * Rounds, counters[0]);
-    EXPECT_EQ(2 * Rounds, counters[1]);
 }

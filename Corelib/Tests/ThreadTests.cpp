@@ -85,6 +85,18 @@ TEST(ThreadTests, JoinCountsTheThreadLocalDestructorsAndKeepsItsLimit)
     work.mayEnd.Set();
     EXPECT_TRUE(thread.Join(Limit));
     EXPECT_EQ("late", thread.Name());
+
+    static std::atomic<bool> mayEnd;
+    Thread busy{ThreadStart(+[] { mayEnd.wait(false); })}; // in no wait of the library
+    busy.Start();
+    const std::jthread joining([&] { EXPECT_TRUE(busy.Join(Limit)); });
+    for (int turn = 0; turn < Limit * 100 && !busy.ThreadState().Has(ThreadState::WaitSleepJoin); ++turn)
+    {
+        std::this_thread::yield();
+    }
+    EXPECT_TRUE(busy.ThreadState().Has(ThreadState::WaitSleepJoin));
+    mayEnd = true;
+    mayEnd.notify_all();
 }
 
 TEST(ThreadTests, SleepTakesItsTimeAndRefusesTimesBelowMinusOne)

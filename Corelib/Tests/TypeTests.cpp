@@ -51,12 +51,10 @@ TEST(TypeTests, EqualsComparesClassesAndOfObjectsTheIdentity)
     EXPECT_TRUE(object.GetType().Equals(Type(typeid(String))));
     EXPECT_FALSE(object.GetType().Equals(Type(typeid(Object))));
     EXPECT_TRUE(Type().Equals(Type().GetType()));
-    EXPECT_FALSE(Type().Equals(null));
-    EXPECT_FALSE(Type().Equals(text));
+    EXPECT_FALSE(Type().Equals(null) || Type().Equals(text));
 
     const Object one;
     EXPECT_TRUE(one.Equals(one));
-    EXPECT_FALSE(one.Equals(Object()));
-    EXPECT_FALSE(one.Equals(null));
+    EXPECT_FALSE(one.Equals(Object()) || one.Equals(null));
     EXPECT_EQ("Tesmo::System::EventArgs", EventArgs().ToString().Utf8());
 }

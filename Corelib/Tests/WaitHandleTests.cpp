@@ -50,9 +50,7 @@ TEST(SemaphoreTests, EveryPermitLetsOneOfManyWaitersPassWhoseTimeMayRunOut)
 TEST(EventWaitHandleTests, AnEventStaysSetUntilItIsResetOrHasReleasedOneWaiter)
 {
     EventWaitHandle manual(true, EventResetMode::ManualReset);
-    EXPECT_TRUE(manual.WaitOne(0));
-    EXPECT_TRUE(manual.WaitOne(TimeSpan::Zero));
-    EXPECT_TRUE(manual.Reset());
+    EXPECT_TRUE(manual.WaitOne(0) && manual.WaitOne(TimeSpan::Zero) && manual.Reset());
     EXPECT_FALSE(manual.WaitOne(5));
 
     AutoResetEvent event(false);
@@ -118,8 +116,7 @@ TEST(WaitHandleTests, SignalAndWaitDoesBoth)
 {
     AutoResetEvent first(false);
     Semaphore second(1, 1);
-    EXPECT_TRUE(WaitHandle::SignalAndWait(first, second));
-    EXPECT_TRUE(first.WaitOne(0));
+    EXPECT_TRUE(WaitHandle::SignalAndWait(first, second) && first.WaitOne(0));
     EXPECT_FALSE(WaitHandle::SignalAndWait(first, second, 0));
     const auto signalAndWait = [&](double milliseconds)
     { WaitHandle::SignalAndWait(first, second, TimeSpan::FromMilliseconds(milliseconds)); };

@@ -46,20 +46,6 @@ TEST_F(AnnouncementTests, TwoAdaptersGiveOneMessageEachFromTheirOwnAddress)
     EXPECT_EQ(0, client->ExitCode(std::chrono::milliseconds(2000)));
 }
 
-TEST_F(AnnouncementTests, AnAddressChangeIsAnnouncedOnce)
-{
-    StartAndHearHello();
-
-    // In one go, as a manager does it: a pause of 100 ms between the two would make two changes of it.
-    Shell("printf 'addr flush dev lan0\naddr add 10.77.0.9/24 dev lan0\n' | ip -batch -");
-
-    Adapter moved = lan0;
-    moved.address = "10.77.0.9";
-    ExpectHeard(Announcement("SignatureBroadcast", "True", {moved}, &moved), "255.255.255.255", moved.address);
-    EXPECT_FALSE(station->Hear(500)) << "one burst of address messages is one change";
-    ExpectCleanStop();
-}
-
 TEST_F(AnnouncementTests, AClientWithoutAdapterSpeaksWhenItGetsOneAndStopsWithoutAWordElse)
 {
     Shell("ip link del lan0");

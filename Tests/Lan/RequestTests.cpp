@@ -44,6 +44,7 @@ TEST_F(RequestTests, TheRightRequestsAreAnsweredAtTheRightAddress)
             }
         }
     }
+    EXPECT_EQ(0, client->Logged("|D|")) << "the log is at Standard";
     EXPECT_EQ(1, client->Logged("Version mismatch with received message ! [1.0.23] <> [9.9] -> Received data maybe"));
     ExpectCleanStop();
 }

@@ -59,19 +59,7 @@ TEST_F(RoadTests, AMessageLeavesByItsOwnAdapterOrNotAtAll)
     EXPECT_TRUE(client->WaitForLog("Message not sent : network unreachable.", rounds * 4)) << client->Log();
     ExpectCleanStop();
     ExpectFrom(elsewhere, lan1);
-    EXPECT_FALSE(station->Hear(100));
-    EXPECT_FALSE(elsewhere.Hear(0));
+    EXPECT_FALSE(station->Hear(100) || elsewhere.Hear(0));
 }
 
-TEST_F(RoadTests, ARouteThatRefusesIsNoDeadSocket)
-{
-    Shell(
-        "ip addr del 10.77.0.2/24 dev lan0; ip addr add 10.77.0.2/24 dev lan0 label lan0office;" // no interface's name
-        "ip route add prohibit default");
-    StartAndHearHello();
-    station->Say(Request("AllSendYourSignature", "True"), lan0.address);
-    ExpectFrom(*station, lan0);
-    EXPECT_EQ(0, client->Logged("Asynchronous restart triggered"));
-    ExpectCleanStop();
-}
 } // namespace Lan

@@ -15,8 +15,6 @@ class PrivateHost
 public:
     PrivateHost();
     ~PrivateHost();
-    PrivateHost(const PrivateHost&) = delete;
-    PrivateHost& operator=(const PrivateHost&) = delete;
 
     /// False where the system refuses namespaces: the test is to be skipped.
     bool IsEntered() const;

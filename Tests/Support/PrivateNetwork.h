@@ -9,8 +9,6 @@ class PrivateNetwork
 public:
     PrivateNetwork();
     ~PrivateNetwork();
-    PrivateNetwork(const PrivateNetwork&) = delete;
-    PrivateNetwork& operator=(const PrivateNetwork&) = delete;
 
     /// False where the system refuses namespaces: the test is to be skipped.
     bool IsEntered() const

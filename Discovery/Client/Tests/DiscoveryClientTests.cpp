@@ -38,10 +38,11 @@ public:
     {
         lastHeld = held;
         asked.Release();
-        return ++count < waitsFrom ? 0 : INT_MAX;
+        return ++count < waitsFrom ? 0 : longest;
     }
     std::atomic<int> waitsFrom = INT_MAX; ///< the first restart that waits for ever
     std::atomic<int> count = 0;
+    int longest = INT_MAX; ///< milliseconds
     std::chrono::steady_clock::duration lastHeld{};
     Semaphore asked{0, INT_MAX};
 };
@@ -272,6 +273,13 @@ TEST_F(DiscoveryClientTests, ARestartWaitsForItsOwnTimeAfterOneThatWasDropped)
         requests.Withdraw();
     }
     EXPECT_FALSE(raised.WaitOne(0));
+    spacing->longest = 200;
+    const auto asked = std::chrono::steady_clock::now();
+    requests.Ask(AsyncRequest::Restart);
+    requests.BeginStart();
+    const bool isInTime = std::chrono::steady_clock::now() - asked < std::chrono::milliseconds(200);
+    EXPECT_FALSE(raised.WaitOne(300) && isInTime) << "a start takes the place of a restart that waits";
+    requests.EndStart();
     spacing->waitsFrom = INT_MAX;
     requests.Ask(AsyncRequest::Restart);
     EXPECT_TRUE(Await(raised, 1));

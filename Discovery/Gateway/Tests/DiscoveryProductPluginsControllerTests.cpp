@@ -152,8 +152,7 @@ TEST_F(DiscoveryProductPluginsControllerTests, TwoThreadsAskTheSamePluginsAndLea
     EXPECT_EQ(0, ask());
     EXPECT_EQ(0, other.get());
 
-    EXPECT_FALSE(IsLoaded("store"));
-    EXPECT_FALSE(IsLoaded("refusing"));
+    EXPECT_FALSE(IsLoaded("store") || IsLoaded("refusing"));
 }
 
 TEST_F(DiscoveryProductPluginsControllerTests, WhatAPluginThrowsPassesThroughAndCanBeRead)

@@ -77,7 +77,8 @@ TEST_F(HostNameTests, WithoutTheServiceTheNameIsSetAndStoredWholeOrNotAtAll)
     for (const auto& [before, works] : {Row{"", true}, Row{"rm /etc/hostname", true},
                                         Row{"cp /etc/hostname /run/h; mount --bind /run/h /etc/hostname", true},
                                         Row{"mount -o remount,ro /etc", true}, // all but the file that is mounted there
-                                        Row{"umount /etc/hostname", false},
+                                        Row{"prlimit --pid $PPID --fsize=6:", false}, // bytes of a file, one too few
+                                        Row{"prlimit --pid $PPID --fsize=unlimited:; umount /etc/hostname", false},
                                         Row{"mount -t tmpfs -o nr_inodes=2 t /etc; echo name-3 >/etc/hostname", false}})
     {
         SCOPED_TRACE(before);

@@ -7,13 +7,8 @@ using Stack = std::set<std::pair<int, int>>;
 
 TEST(LinkStackTests, AnUpperLinkStandsOnTheOneThatIsListedForTheLinkBelow)
 {
-    struct Row
-    {
-        const char* description;
-        Links links; ///< each with what it is made on and its master
-        Stack stack;
-    };
-    for (const Row& row :
+    using Row = std::tuple<const char*, Links, Stack>; // each link with what it is made on and its master
+    for (const auto& [description, links, stack] :
          {Row{"adapters, a pair, one made on a link elsewhere", {{1, {}}, {2, {3, 0}}, {3, {2, 0}}, {4, {9, 0}}}, {}},
           Row{"a VLAN on a VLAN", {{2, {}}, {3, {2, 0}}, {4, {3, 0}}}, {{3, 2}, {4, 3}}},
           Row{"a VLAN of a bridge's port", {{2, {0, 5}}, {3, {2, 0}}, {5, {}}}, {{3, 5}}},
@@ -29,6 +24,6 @@ TEST(LinkStackTests, AnUpperLinkStandsOnTheOneThatIsListedForTheLinkBelow)
           Row{"a bridge over a VLAN of its own port", {{2, {0, 5}}, {3, {2, 5}}, {5, {}}}, {}},
           Row{"masters in a ring, read while they changed", {{2, {3, 0}}, {3, {0, 4}}, {4, {0, 3}}}, {{2, 3}}}})
     {
-        EXPECT_EQ(row.stack, FindStack(row.links)) << row.description;
+        EXPECT_EQ(stack, FindStack(links)) << description;
     }
 }

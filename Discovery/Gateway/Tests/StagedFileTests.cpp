@@ -1,6 +1,5 @@
 #include <Discovery/Gateway/Platform/Linux/StagedFile.h>
 #include <Tests/Support/TemporaryFolder.h>
-#include <gtest/gtest.h>
 
 using Zelkor::Discovery::Client::Platform::StagedFile;
 

@@ -47,8 +47,7 @@ TEST(HostRecordTests, AHardwareAddressIsReadFromLooseTextAndPrintedStrictly)
 
     const Array<Byte> bytes(std::vector<Byte>{1, 2, 3, 4, 5, 6});
     EXPECT_TRUE(MACAddress(bytes) == MACAddress("1:2:3:4:5:6"));
-    EXPECT_FALSE(MACAddress(bytes) == MACAddress("1:2:3:4:5:7"));
-    EXPECT_FALSE(MACAddress() == null);
+    EXPECT_FALSE(MACAddress(bytes) == MACAddress("1:2:3:4:5:7") || MACAddress() == null);
     EXPECT_THROW(MACAddress(Array<Byte>(5)), ArgumentException);
     EXPECT_THROW(MACAddress(static_cast<const Array<Byte>&>(null)), ArgumentNullException);
     EXPECT_THROW(MACAddress() = static_cast<const MACAddress&>(null), ArgumentNullException);
@@ -85,8 +84,7 @@ TEST(HostRecordTests, EachFieldIsReadWrittenCopiedAndCompared)
         DiscoveryHost host = SampleHost();
         host.ReadJSON(String(text)); // nothing of what it was filled with stays
         EXPECT_EQ(text, Written(host));
-        EXPECT_FALSE(host == sample);
-        EXPECT_FALSE(sample == host);
+        EXPECT_FALSE(host == sample || sample == host);
         DiscoveryHost assigned;
         assigned = host;
         EXPECT_EQ(text, Written(assigned));

@@ -82,8 +82,9 @@ TEST_F(DiscoverySocketUdpClientTests, SocketsShareOnePortAndOnlyTheSharedOneTake
     EXPECT_EQ(65536, OptionOf(shared, SocketOptionName::ReceiveBuffer));
     DiscoverySocketUdpClientFactory factory(port, remotePort);
     const Sp<IDiscoverySocket> bound = factory.Create(Loopback);
+    const Sp<IDiscoverySocket> unbound = factory.Create(IPAddress::Any);
     EXPECT_NE(0, OptionOf(*bound, SocketOptionName::ReuseAddress));
-    for (IDiscoverySocket* socket : {static_cast<IDiscoverySocket*>(&shared), &*bound})
+    for (IDiscoverySocket* socket : {static_cast<IDiscoverySocket*>(&shared), &*bound, &*unbound})
     {
         EXPECT_EQ(5, socket->SendTo(Bytes("hello"), 5, Loopback));
         EXPECT_EQ("hello", Hear(administration, sender));
