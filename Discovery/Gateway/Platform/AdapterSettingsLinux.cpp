@@ -25,11 +25,11 @@ namespace
 
 using namespace std::chrono_literals;
 
-// Counted from the beginning of a change, but for the wait for the addresses.
+// From the beginning of a change, except for ShowLimit and IdleLimit.
 constexpr auto OwnerLimit = 5s; // to find the owner and to turn the probes off
 constexpr auto ApplyLimit = 13s;
-constexpr auto ShowLimit = 5s;
-constexpr auto IdleLimit = 1s; // likewise, for an adapter without a carrier, which may be getting one
+constexpr auto ShowLimit = 5s; // to wait until the adapter shows the addresses
+constexpr auto IdleLimit = 1s; // the same without a carrier, which may be coming up
 constexpr auto ChangeLimit = 24s;
 constexpr auto ShowPause = 20ms;
 
@@ -127,7 +127,7 @@ Failure TryChange(AddressManager& manager, const AddressPlan& plan, Deadline beg
     return manager.Keep(plan, begin + ChangeLimit);
 }
 
-/// Likewise; a failure leaves the former setting.
+/// Likewise; after a failure the former setting is put back.
 Failure Change(AddressManager& manager, const AddressPlan& plan, Deadline begin, std::string& remark)
 {
     Failure failure = TryChange(manager, plan, begin, remark);

@@ -15,7 +15,7 @@ namespace
 HANDLE notification = nullptr;
 OVERLAPPED overlapped = {};
 
-/// One event serves all waits, so that none is left behind by a wait.
+/// One event serves all waits: one made for each would be left behind.
 std::atomic<HANDLE> changeEvent = nullptr;
 
 HANDLE ChangeEvent()

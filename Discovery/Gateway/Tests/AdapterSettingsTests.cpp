@@ -18,7 +18,7 @@ TEST_P(AdapterSettingsTests, AddressesAndGatewayAreReplacedAndOutlastARestart)
 {
     if (GetParam() == Manager::None)
     {
-        shutdown(host.StartSilentBus(), SHUT_RDWR); // a socket that a bus has left behind is none
+        shutdown(host.StartSilentBus(), SHUT_RDWR); // a socket that a bus has left behind counts as no bus
     }
     ExpectApplied({"v0", "10.2.0.5", "255.255.0.0", "10.2.0.1"}, "10.2.0.5/16 via 10.2.0.1");
     ExpectApplied({"v0", "10.2.0.6", "255.255.0.0", "10.2.0.2"}, "10.2.0.6/16 via 10.2.0.2");

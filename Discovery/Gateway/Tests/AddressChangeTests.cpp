@@ -35,7 +35,7 @@ bool Answer(std::future<bool> wait)
     return wait.get();
 }
 
-/// That nothing ends the wait but a cancel.
+/// Expects that only a cancel ends the wait.
 void ExpectNoChange(std::future<bool> wait)
 {
     EXPECT_EQ(std::future_status::timeout, wait.wait_for(300ms));

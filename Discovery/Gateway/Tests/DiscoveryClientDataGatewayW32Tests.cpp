@@ -26,7 +26,7 @@ protected:
         host.hostName = "node-7";
     }
 
-    /// What the file of the given root folder tells, or that reading it fails with a row.
+    /// Expects the infos of the file under a root folder, or the row for a file that can't be read.
     void ExpectInfos(const TemporaryFolder& root, const std::map<std::string, std::string>& expected,
                      bool isGood = true)
     {
@@ -43,7 +43,7 @@ protected:
     }
 };
 
-/// With the hardware address A0:A1:A2:A3:A4:A5, or what macLength makes of it, and a number of its own.
+/// Adds an adapter with macLength bytes of the hardware address A0:A1:A2:A3:A4:A5:A6:A7, and the next index.
 void AddAdapter(const char* name, std::uint32_t macLength, const char* address, const char* mask, const char* gateway)
 {
     Platform::Adapter& adapter = host.adapters.emplace_back();

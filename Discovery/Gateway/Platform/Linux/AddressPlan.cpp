@@ -10,7 +10,7 @@ namespace Zelkor::Discovery::Client::Platform
 namespace
 {
 
-/// An address as a number in the host's byte order.
+/// @param number  receives the address in the host's byte order
 bool Parse(const std::string& text, std::uint32_t& number)
 {
     in_addr address = {};
@@ -27,21 +27,22 @@ std::string Text(std::uint32_t number)
     return text;
 }
 
-/// Ones, then zeros, at least one of each: a host without a neighbour is cut off.
+/// Whether a mask is ones, then zeros, at least one of each: without a zero the host is cut off.
 bool IsMask(std::uint32_t mask)
 {
     const int ones = std::countl_one(mask);
     return ones > 0 && ones < 32 && (mask << ones) == 0;
 }
 
-/// Of an address that belongs to one host (RFC 1122, section 3.2.1.3).
+/// Whether an address can belong to one host (RFC 1122, section 3.2.1.3).
 bool IsUnicast(std::uint32_t address)
 {
     const std::uint32_t first = address >> 24;
     return first != 0 && first != 127 && first < 224;
 }
 
-/// Neither the subnet's own address nor its broadcast address; a subnet of two hosts has neither (RFC 3021).
+/// Whether an address is neither that of its subnet nor its broadcast address; a subnet of two hosts has none of the
+/// two (RFC 3021).
 bool IsHostIn(std::uint32_t address, std::uint32_t mask)
 {
     const std::uint32_t host = address & ~mask;

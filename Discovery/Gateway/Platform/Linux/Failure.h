@@ -8,7 +8,7 @@
 namespace Zelkor::Discovery::Client::Platform
 {
 
-/// Whether a step failed, and why: true after a failure.
+/// Whether a step failed, and why.
 class [[nodiscard]] Failure
 {
 public:
@@ -19,6 +19,7 @@ public:
     ///              printable ASCII at most
     explicit Failure(const std::string& text);
 
+    /// True after a failure.
     explicit operator bool() const
     {
         return reason.has_value();

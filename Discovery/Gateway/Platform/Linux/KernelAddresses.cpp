@@ -26,28 +26,29 @@ Answer KernelAddresses::Examine(const std::string&, Deadline)
     return Answer::Yes;
 }
 
-/// The gateway comes beside the default routes of other adapters, which stay and count first.
+/// The default route is appended: those of other adapters stay and count first.
 Failure KernelAddresses::Apply(const AddressPlan& plan, Deadline deadline)
 {
-    std::vector<std::string> add = {"address", "add", plan.address + "/" + std::to_string(plan.prefixLength), "dev",
-                                    plan.adapter};
+    const std::string address = plan.address + "/" + std::to_string(plan.prefixLength);
+    std::vector<std::vector<std::string>> commands = {{"link", "set", "dev", plan.adapter, "up"},
+                                                      {"-4", "address", "flush", "dev", plan.adapter},
+                                                      {"address", "add", address, "dev", plan.adapter}};
     if (plan.prefixLength < 31) // RFC 3021: two hosts need no broadcast
     {
-        add.insert(add.end(), {"broadcast", "+"});
+        commands.back().insert(commands.back().end(), {"broadcast", "+"});
     }
-    if (Failure failure = RunIp({"link", "set", "dev", plan.adapter, "up"}, deadline))
+    if (!plan.gateway.empty())
     {
-        return failure;
+        commands.push_back({"route", "append", "default", "via", plan.gateway, "dev", plan.adapter});
     }
-    if (Failure failure = DropAddresses(plan.adapter, deadline))
+    for (const std::vector<std::string>& command : commands)
     {
-        return failure;
+        if (Failure failure = RunIp(command, deadline))
+        {
+            return failure;
+        }
     }
-    if (Failure failure = RunIp(add, deadline); failure || plan.gateway.empty())
-    {
-        return failure;
-    }
-    return RunIp({"route", "append", "default", "via", plan.gateway, "dev", plan.adapter}, deadline);
+    return {};
 }
 
 std::string KernelAddresses::Remark() const

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstring>
 #include <sstream>
 #include <systemd/sd-id128.h>
 
@@ -54,7 +53,7 @@ Failure Nmcli(const Words& arguments, Deadline deadline)
     return ProgramFailure("nmcli", RunNmcli(arguments, deadline));
 }
 
-/// Takes a profile away, or off its adapter; a success as well where it was not there.
+/// Deletes a profile, or takes it off its adapter; no failure if it is gone already.
 Failure Drop(const Words& arguments, Deadline deadline)
 {
     const CommandResult result = RunNmcli(arguments, deadline);
@@ -71,7 +70,7 @@ Failure Write(Words arguments, const NetworkManager::Settings& settings, Deadlin
     return Nmcli(arguments, deadline);
 }
 
-/// In the main table; those of other tables serve rules.
+/// Whether a route is a default route of the main table; those of other tables serve rules.
 bool IsDefaultRoute(const std::string& route)
 {
     const Words words = SplitWords(route);
@@ -149,46 +148,31 @@ Answer NetworkManager::Examine(const std::string& adapter, Deadline deadline)
         return isRunning;
     }
     BusMessage reply;
-    BusMessage property;
     const char* path = nullptr;
-    int isManaged = 0;
     if (bus.Call(Service, ServicePath, Service, "GetDeviceByIpIface", reply, "s", adapter.c_str()) != 0)
     {
         const bool isStranger = bus.LastErrorName() == "org.freedesktop.NetworkManager.UnknownDevice";
         return isStranger ? Answer::No : Answer::Unknown;
     }
-    if (sd_bus_message_read(reply.get(), "o", &path) < 0 ||
-        bus.ReadProperty(Service, path, DeviceInterface, "Managed", "b", property) != 0 ||
-        sd_bus_message_read(property.get(), "b", &isManaged) < 0)
+    if (sd_bus_message_read(reply.get(), "o", &path) < 0)
     {
         return Answer::Unknown;
     }
+    const auto isManaged = bus.ReadNumber(Service, path, DeviceInterface, "Managed", 'b');
     ReadDevice(bus, path);
-    return isManaged != 0 ? Answer::Yes : Answer::No;
+    return !isManaged ? Answer::Unknown : *isManaged != 0 ? Answer::Yes : Answer::No;
 }
 
 void NetworkManager::ReadDevice(SystemBus& bus, const char* path)
 {
-    BusMessage reply;
-    const char* active = nullptr;
-    const char* uuid = nullptr;
-    if (bus.ReadProperty(Service, path, DeviceInterface, "DeviceType", "u", reply) == 0)
+    type = bus.ReadNumber(Service, path, DeviceInterface, "DeviceType", 'u').value_or(0);
+    state = bus.ReadNumber(Service, path, DeviceInterface, "State", 'u').value_or(0);
+    const std::string active = bus.ReadText(Service, path, DeviceInterface, "ActiveConnection", 'o');
+    if (!active.empty() && active != "/")
     {
-        sd_bus_message_read(reply.get(), "u", &type);
+        profile = bus.ReadText(Service, active.c_str(), ActiveInterface, "Uuid", 's');
     }
-    if (bus.ReadProperty(Service, path, DeviceInterface, "State", "u", reply) == 0)
-    {
-        sd_bus_message_read(reply.get(), "u", &state);
-    }
-    BusMessage profileReply;
-    if (bus.ReadProperty(Service, path, DeviceInterface, "ActiveConnection", "o", reply) == 0 &&
-        sd_bus_message_read(reply.get(), "o", &active) >= 0 && std::strcmp(active, "/") != 0 &&
-        bus.ReadProperty(Service, active, ActiveInterface, "Uuid", "s", profileReply) == 0 &&
-        sd_bus_message_read(profileReply.get(), "s", &uuid) >= 0)
-    {
-        profile = uuid;
-        isActive = true;
-    }
+    isActive = !profile.empty();
 }
 
 void NetworkManager::DisableProbes(const std::string& adapter, Deadline deadline)
@@ -260,7 +244,7 @@ Failure NetworkManager::ReadProfile(Deadline deadline)
     {
         settings.*Properties[i].value = values[i];
     }
-    settings.probeTime = settings.probeTime.substr(0, settings.probeTime.find(' ')); // "-1 (default)"
+    settings.probeTime = settings.probeTime.substr(0, settings.probeTime.find(' ')); // of "-1 (default)"
     former = settings;
     const CommandResult files = RunNmcli({"-g", "UUID,FILENAME", "connection", "show"}, deadline);
     isStored = files.output.find(profile + ":/etc/") != std::string::npos;

@@ -73,18 +73,14 @@ Answer Networkd::Examine(const std::string& adapter, Deadline deadline)
     BusMessage reply;
     int index = 0;
     const char* path = nullptr;
-    const char* stateText = nullptr;
-    BusMessage property;
     if (bus.Call(Service, ManagerPath, ManagerInterface, "GetLinkByName", reply, "s", adapter.c_str()) != 0 ||
-        sd_bus_message_read(reply.get(), "io", &index, &path) < 0 ||
-        bus.ReadProperty(Service, path, LinkInterface, "AdministrativeState", "s", property) != 0 ||
-        sd_bus_message_read(property.get(), "s", &stateText) < 0)
+        sd_bus_message_read(reply.get(), "io", &index, &path) < 0)
     {
         return Answer::Unknown;
     }
     linkPath = path;
-    state = stateText;
-    return state == "unmanaged" ? Answer::No : Answer::Yes;
+    state = bus.ReadText(Service, path, LinkInterface, "AdministrativeState", 's');
+    return state.empty() ? Answer::Unknown : state == "unmanaged" ? Answer::No : Answer::Yes;
 }
 
 Failure Networkd::FindFile(Deadline deadline)

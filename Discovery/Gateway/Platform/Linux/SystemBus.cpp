@@ -1,7 +1,6 @@
 #include "SystemBus.h"
 
 #include <cerrno>
-#include <cstdint>
 
 namespace Zelkor::Discovery::Client::Platform
 {
@@ -73,12 +72,31 @@ bool SystemBus::Start(const char* service)
     return Call(BusService, BusPath, BusService, "StartServiceByName", reply, "su", service, std::uint32_t{0}) == 0;
 }
 
-int SystemBus::ReadProperty(const char* service, const char* path, const char* interface, const char* property,
-                            const char* type, BusMessage& reply)
+std::optional<std::uint32_t> SystemBus::ReadNumber(const char* service, const char* path, const char* interface,
+                                                   const char* property, char type)
 {
-    const int error = Call(service, path, "org.freedesktop.DBus.Properties", "Get", reply, "ss", interface, property);
-    const int entered = error == 0 ? sd_bus_message_enter_container(reply.get(), 'v', type) : 0;
-    return entered < 0 ? -entered : error;
+    BusMessage reply;
+    std::uint32_t number = 0;
+    return ReadProperty(service, path, interface, property, type, reply, &number) ? std::optional(number)
+                                                                                  : std::nullopt;
+}
+
+std::string SystemBus::ReadText(const char* service, const char* path, const char* interface, const char* property,
+                                char type)
+{
+    BusMessage reply;
+    const char* text = "";
+    return ReadProperty(service, path, interface, property, type, reply, &text) ? text : "";
+}
+
+/// @param value  receives it in its own type; a text belongs to the reply
+bool SystemBus::ReadProperty(const char* service, const char* path, const char* interface, const char* property,
+                             char type, BusMessage& reply, void* value)
+{
+    const char contents[] = {type, '\0'};
+    return Call(service, path, "org.freedesktop.DBus.Properties", "Get", reply, "ss", interface, property) == 0 &&
+           sd_bus_message_enter_container(reply.get(), 'v', contents) >= 0 &&
+           sd_bus_message_read_basic(reply.get(), type, value) > 0;
 }
 
 int SystemBus::Send(sd_bus_message* call, BusMessage& reply)

@@ -4,7 +4,9 @@
 #include "Command.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <systemd/sd-bus.h>
 
@@ -14,6 +16,7 @@ namespace Zelkor::Discovery::Client::Platform
 /// Releases a message of the bus.
 struct BusMessageRelease
 {
+    /// Gives up one reference.
     void operator()(sd_bus_message* message) const
     {
         sd_bus_message_unref(message);
@@ -59,12 +62,16 @@ public:
         return result < 0 ? -result : Send(call.get(), reply);
     }
 
-    /// Fetches a property.
-    /// @param type   its D-Bus signature
-    /// @param reply  receives the answer, to be read by that signature; texts that are read belong to it
-    /// @returns 0, or errno; the reason is in LastError
-    int ReadProperty(const char* service, const char* path, const char* interface, const char* property,
-                     const char* type, BusMessage& reply);
+    /// Fetches a property of a 32-bit type.
+    /// @param type  in D-Bus: b, i or u
+    /// @returns none if it can't be read; the reason is in LastError
+    std::optional<std::uint32_t> ReadNumber(const char* service, const char* path, const char* interface,
+                                            const char* property, char type);
+
+    /// Fetches a property that is a text.
+    /// @param type  in D-Bus: s or o
+    /// @returns empty if it can't be read; the reason is in LastError
+    std::string ReadText(const char* service, const char* path, const char* interface, const char* property, char type);
 
     /// Why the last call failed, in words of the service, empty if it gave none.
     const std::string& LastError() const
@@ -87,6 +94,8 @@ private:
         }
     };
 
+    bool ReadProperty(const char* service, const char* path, const char* interface, const char* property, char type,
+                      BusMessage& reply, void* value);
     int Send(sd_bus_message* call, BusMessage& reply);
 
     std::unique_ptr<sd_bus, Close> connection;
