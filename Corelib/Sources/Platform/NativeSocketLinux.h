@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Platform/SocketState.h"
-#include "Platform/Sockets.h"
+#include "Platform/SocketCall.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -27,6 +26,11 @@ struct NativeSocket
     {
     }
 
+    void Release()
+    {
+        ::close(descriptor);
+    }
+
     const int descriptor;
     const int family; ///< of Linux
     const bool datagram;
@@ -40,52 +44,12 @@ struct NativeSocket
     SocketState state;
 };
 
-/// Ends a call; the last one out releases the descriptor of a closed socket.
-inline void LeaveSocket(NativeSocket& socket)
-{
-    if (socket.state.Leave())
-    {
-        ::close(socket.descriptor);
-    }
-}
-
 /// Empties the queue of reports, which otherwise uses up the receive buffer, and keeps what is to be told of it: that
 /// a port was closed. An unreachable host or network is no news that Windows gives to a datagram socket.
 /// @returns true when there was one
 bool DrainReports(NativeSocket& socket);
 
-/// Stands for one call under way.
-class Call
-{
-public:
-    explicit Call(NativeSocket& used) : socket(used), entered(used.state.Enter()) {}
-
-    ~Call()
-    {
-        if (entered)
-        {
-            LeaveSocket(socket);
-        }
-    }
-
-    Call(const Call&) = delete;
-    Call& operator=(const Call&) = delete;
-
-    bool Refused() const
-    {
-        return !entered;
-    }
-
-    /// The number with which the end of the socket ends this call, 0 while the direction is open.
-    int End(int direction) const
-    {
-        return socket.state.IsClosed() ? SocketInterrupted : socket.state.IsShutDown(direction) ? SocketShutDown : 0;
-    }
-
-private:
-    NativeSocket& socket;
-    const bool entered;
-};
+using Call = SocketCall<NativeSocket>;
 
 /// A raw address of Windows as Linux wants it; only the number of the IPv6 family differs.
 class NativeAddress

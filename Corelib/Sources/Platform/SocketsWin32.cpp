@@ -1,6 +1,6 @@
 #include "Platform/Sockets.h"
 
-#include "Platform/SocketState.h"
+#include "Platform/SocketCall.h"
 #include "Platform/WinsockWin32.h"
 
 #include <ws2tcpip.h>
@@ -38,6 +38,11 @@ struct NativeSocket
 {
     NativeSocket(SOCKET openHandle, bool isDatagram) : handle(openHandle), datagram(isDatagram) {}
 
+    void Release()
+    {
+        ::closesocket(handle);
+    }
+
     const SOCKET handle;
     const bool datagram;
     std::atomic<bool> blocking = true;
@@ -47,41 +52,11 @@ struct NativeSocket
 
 namespace
 {
-void LeaveSocket(NativeSocket& socket)
-{
-    if (socket.state.Leave())
-    {
-        ::closesocket(socket.handle);
-    }
-}
-
-/// Stands for one call under way.
-class Call
+/// A call of which the outcome says whether it failed.
+class Call : public SocketCall<NativeSocket>
 {
 public:
-    explicit Call(NativeSocket& used) : socket(used), entered(used.state.Enter()) {}
-
-    ~Call()
-    {
-        if (entered)
-        {
-            LeaveSocket(socket);
-        }
-    }
-
-    Call(const Call&) = delete;
-    Call& operator=(const Call&) = delete;
-
-    bool Refused() const
-    {
-        return !entered;
-    }
-
-    /// The number with which the end of the socket ends this call, 0 while the direction is open.
-    int End(int direction) const
-    {
-        return socket.state.IsClosed() ? SocketInterrupted : socket.state.IsShutDown(direction) ? SocketShutDown : 0;
-    }
+    using SocketCall::SocketCall;
 
     /// 0 for an outcome that is no failure, else the number that tells why.
     int Result(int outcome, int direction) const
@@ -90,10 +65,6 @@ public:
         const int end = error == 0 ? 0 : End(direction);
         return end != 0 ? end : error;
     }
-
-private:
-    NativeSocket& socket;
-    const bool entered;
 };
 
 int ResultOf(int outcome)

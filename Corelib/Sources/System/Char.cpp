@@ -2,11 +2,11 @@
 
 #include "CaseMapping.h"
 #include "CharacterClass.h"
-#include "ConvertToType.h"
+#include "ConvertTo.h"
+#include "NumberCast.h"
 #include <Core/System/Checks.h>
 #include <Core/System/DateTime.h>
 #include <Core/System/FormatException.h>
-#include <Core/System/UInt32.h>
 
 namespace Tesmo::System
 {
@@ -17,12 +17,6 @@ constexpr char32 SharpS{0xDF}; // lower case, although no single character is it
 char32 At(const String& text, int index)
 {
     return NotNull(text)[index];
-}
-
-/// The code point as a number, whose conversions serve those of the character.
-UInt32 Number(char32 c)
-{
-    return UInt32(c.value);
 }
 } // namespace
 
@@ -202,73 +196,22 @@ TypeCode Char::GetTypeCode() const
     return TypeCode::Char;
 }
 
-bool Char::ToBoolean(const IFormatProvider& provider) const
+template <class T>
+T Char::ConvertTo() const
 {
-    return Number(value).ToBoolean(provider);
+    if constexpr (std::is_same_v<T, char32>)
+    {
+        return value;
+    }
+    else if constexpr (std::is_same_v<T, DateTime>)
+    {
+        return DateTime(NumberCast<std::int64_t>(value.value));
+    }
+    else
+    {
+        return NumberCast<T>(value.value);
+    }
 }
 
-std::uint8_t Char::ToByte(const IFormatProvider& provider) const
-{
-    return Number(value).ToByte(provider);
-}
-
-double Char::ToDouble(const IFormatProvider& provider) const
-{
-    return Number(value).ToDouble(provider);
-}
-
-std::int16_t Char::ToInt16(const IFormatProvider& provider) const
-{
-    return Number(value).ToInt16(provider);
-}
-
-std::int32_t Char::ToInt32(const IFormatProvider& provider) const
-{
-    return Number(value).ToInt32(provider);
-}
-
-std::int64_t Char::ToInt64(const IFormatProvider& provider) const
-{
-    return Number(value).ToInt64(provider);
-}
-
-std::uint16_t Char::ToUInt16(const IFormatProvider& provider) const
-{
-    return Number(value).ToUInt16(provider);
-}
-
-std::uint32_t Char::ToUInt32(const IFormatProvider& provider) const
-{
-    return Number(value).ToUInt32(provider);
-}
-
-std::uint64_t Char::ToUInt64(const IFormatProvider& provider) const
-{
-    return Number(value).ToUInt64(provider);
-}
-
-std::int8_t Char::ToSByte(const IFormatProvider& provider) const
-{
-    return Number(value).ToSByte(provider);
-}
-
-float Char::ToSingle(const IFormatProvider& provider) const
-{
-    return Number(value).ToSingle(provider);
-}
-
-char32 Char::ToChar(const IFormatProvider&) const
-{
-    return value;
-}
-
-DateTime Char::ToDateTime(const IFormatProvider& provider) const
-{
-    return Number(value).ToDateTime(provider);
-}
-
-Up<Object> Char::ToType(const Type& type, const IFormatProvider& provider) const
-{
-    return ConvertToType(*this, *this, type, provider);
-}
+template class Convertible<Char>;
 } // namespace Tesmo::System

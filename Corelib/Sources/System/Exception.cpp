@@ -154,7 +154,7 @@ String Exception::ToString() const
     const std::string typeName = GetType().ToString().Utf8();
     const std::string throwPlace = Place(throwFile.Utf8(), throwLine);
     std::string stackText;
-    if (!(callStack == null))
+    if (callStack != null)
     {
         stackText = StackText(StackLines(*callStack, throwPlace), typeName, throwPlace);
     }

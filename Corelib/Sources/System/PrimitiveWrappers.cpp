@@ -16,7 +16,7 @@
 #include <Core/System/UInt32.h>
 #include <Core/System/UInt64.h>
 
-#include "System/ConvertToType.h"
+#include "System/ConvertTo.h"
 #include "System/NumberCast.h"
 
 #include <algorithm>
@@ -165,92 +165,26 @@ TypeCode PrimitiveWrapper<W, P>::GetTypeCode() const
 }
 
 template <class W, class P>
-bool PrimitiveWrapper<W, P>::ToBoolean(const IFormatProvider&) const
+template <class T>
+T PrimitiveWrapper<W, P>::ConvertTo() const
 {
-    return NumberCast<bool>(value);
-}
-
-template <class W, class P>
-std::uint8_t PrimitiveWrapper<W, P>::ToByte(const IFormatProvider&) const
-{
-    return NumberCast<std::uint8_t>(value);
-}
-
-template <class W, class P>
-char32 PrimitiveWrapper<W, P>::ToChar(const IFormatProvider&) const
-{
-    return CodePointCast(NumberCast<std::uint32_t>(value));
-}
-
-template <class W, class P>
-DateTime PrimitiveWrapper<W, P>::ToDateTime(const IFormatProvider&) const
-{
-    const auto ticks = NumberCast<std::int64_t>(value);
-    if (ticks < DateTime::MinValue.Ticks() || ticks > DateTime::MaxValue.Ticks())
+    if constexpr (std::is_same_v<T, char32>)
     {
-        throw OverflowException(ThrowSite);
+        return CodePointCast(NumberCast<std::uint32_t>(value));
     }
-    return DateTime(ticks);
-}
-
-template <class W, class P>
-double PrimitiveWrapper<W, P>::ToDouble(const IFormatProvider&) const
-{
-    return NumberCast<double>(value);
-}
-
-template <class W, class P>
-std::int16_t PrimitiveWrapper<W, P>::ToInt16(const IFormatProvider&) const
-{
-    return NumberCast<std::int16_t>(value);
-}
-
-template <class W, class P>
-std::int32_t PrimitiveWrapper<W, P>::ToInt32(const IFormatProvider&) const
-{
-    return NumberCast<std::int32_t>(value);
-}
-
-template <class W, class P>
-std::int64_t PrimitiveWrapper<W, P>::ToInt64(const IFormatProvider&) const
-{
-    return NumberCast<std::int64_t>(value);
-}
-
-template <class W, class P>
-std::uint16_t PrimitiveWrapper<W, P>::ToUInt16(const IFormatProvider&) const
-{
-    return NumberCast<std::uint16_t>(value);
-}
-
-template <class W, class P>
-std::uint32_t PrimitiveWrapper<W, P>::ToUInt32(const IFormatProvider&) const
-{
-    return NumberCast<std::uint32_t>(value);
-}
-
-template <class W, class P>
-std::uint64_t PrimitiveWrapper<W, P>::ToUInt64(const IFormatProvider&) const
-{
-    return NumberCast<std::uint64_t>(value);
-}
-
-template <class W, class P>
-std::int8_t PrimitiveWrapper<W, P>::ToSByte(const IFormatProvider&) const
-{
-    return NumberCast<std::int8_t>(value);
-}
-
-template <class W, class P>
-float PrimitiveWrapper<W, P>::ToSingle(const IFormatProvider&) const
-{
-    return NumberCast<float>(value);
-}
-
-template <class W, class P>
-Up<Object> PrimitiveWrapper<W, P>::ToType(const Type& type, const IFormatProvider& provider) const
-{
-    return ConvertToType(*this, *this, type, provider);
+    else if constexpr (std::is_same_v<T, DateTime>)
+    {
+        const auto ticks = NumberCast<std::int64_t>(value);
+        if (ticks < DateTime::MinValue.Ticks() || ticks > DateTime::MaxValue.Ticks())
+        {
+            throw OverflowException(ThrowSite);
+        }
+        return DateTime(ticks);
+    }
+    else
+    {
+        return NumberCast<T>(value);
+    }
 }
 
 template <class W, class P>
@@ -338,24 +272,35 @@ bool Boolean::TryParse(const String& text, bool& result)
 }
 
 template class PrimitiveWrapper<Boolean, bool>;
+template class Convertible<PrimitiveWrapper<Boolean, bool>>;
 template class PrimitiveWrapper<SByte, std::int8_t>;
+template class Convertible<PrimitiveWrapper<SByte, std::int8_t>>;
 template class IntegerWrapper<SByte, std::int8_t>;
 template class PrimitiveWrapper<Byte, std::uint8_t>;
+template class Convertible<PrimitiveWrapper<Byte, std::uint8_t>>;
 template class IntegerWrapper<Byte, std::uint8_t>;
 template class PrimitiveWrapper<Int16, std::int16_t>;
+template class Convertible<PrimitiveWrapper<Int16, std::int16_t>>;
 template class IntegerWrapper<Int16, std::int16_t>;
 template class PrimitiveWrapper<UInt16, std::uint16_t>;
+template class Convertible<PrimitiveWrapper<UInt16, std::uint16_t>>;
 template class IntegerWrapper<UInt16, std::uint16_t>;
 template class PrimitiveWrapper<Int32, std::int32_t>;
+template class Convertible<PrimitiveWrapper<Int32, std::int32_t>>;
 template class IntegerWrapper<Int32, std::int32_t>;
 template class PrimitiveWrapper<UInt32, std::uint32_t>;
+template class Convertible<PrimitiveWrapper<UInt32, std::uint32_t>>;
 template class IntegerWrapper<UInt32, std::uint32_t>;
 template class PrimitiveWrapper<Int64, std::int64_t>;
+template class Convertible<PrimitiveWrapper<Int64, std::int64_t>>;
 template class IntegerWrapper<Int64, std::int64_t>;
 template class PrimitiveWrapper<UInt64, std::uint64_t>;
+template class Convertible<PrimitiveWrapper<UInt64, std::uint64_t>>;
 template class IntegerWrapper<UInt64, std::uint64_t>;
 template class PrimitiveWrapper<Single, float>;
+template class Convertible<PrimitiveWrapper<Single, float>>;
 template class FloatWrapper<Single, float>;
 template class PrimitiveWrapper<Double, double>;
+template class Convertible<PrimitiveWrapper<Double, double>>;
 template class FloatWrapper<Double, double>;
 } // namespace Tesmo::System

@@ -36,7 +36,7 @@ String::String(const String& other)
       IHashable(),
       ICloneable(),
       IComparable(),
-      IConvertible(),
+      Convertible(),
       IEnumerable<char32>(),
       value(NotNull(other).value)
 {

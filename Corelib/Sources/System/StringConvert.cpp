@@ -17,7 +17,7 @@
 #include <Core/System/UInt32.h>
 #include <Core/System/UInt64.h>
 
-#include "System/ConvertToType.h"
+#include "System/ConvertTo.h"
 
 #include <array>
 #include <string_view>
@@ -52,6 +52,22 @@ DateTime ParseMoment(std::string_view text)
     }
     throw FormatException(ThrowSite);
 }
+
+/// Which class reads a primitive; for decltype alone.
+struct Reader
+{
+    static Boolean Of(bool);
+    static SByte Of(std::int8_t);
+    static Byte Of(std::uint8_t);
+    static Int16 Of(std::int16_t);
+    static UInt16 Of(std::uint16_t);
+    static Int32 Of(std::int32_t);
+    static UInt32 Of(std::uint32_t);
+    static Int64 Of(std::int64_t);
+    static UInt64 Of(std::uint64_t);
+    static Single Of(float);
+    static Double Of(double);
+};
 } // namespace
 
 TypeCode String::GetTypeCode() const
@@ -59,77 +75,26 @@ TypeCode String::GetTypeCode() const
     return TypeCode::String;
 }
 
-char32 String::ToChar(const IFormatProvider&) const
+template <class T>
+T String::ConvertTo() const
 {
-    if (Length() != 1)
+    if constexpr (std::is_same_v<T, char32>)
     {
-        throw FormatException(ThrowSite);
+        if (Length() != 1)
+        {
+            throw FormatException(ThrowSite);
+        }
+        return *value.begin();
     }
-    return *value.begin();
+    else if constexpr (std::is_same_v<T, DateTime>)
+    {
+        return ParseMoment(Utf8());
+    }
+    else
+    {
+        return decltype(Reader::Of(T()))::Parse(*this);
+    }
 }
 
-DateTime String::ToDateTime(const IFormatProvider&) const
-{
-    return ParseMoment(Utf8());
-}
-
-Up<Object> String::ToType(const Type& type, const IFormatProvider& provider) const
-{
-    return ConvertToType(*this, *this, type, provider);
-}
-
-bool String::ToBoolean(const IFormatProvider&) const
-{
-    return Boolean::Parse(*this);
-}
-
-std::uint8_t String::ToByte(const IFormatProvider&) const
-{
-    return Byte::Parse(*this);
-}
-
-double String::ToDouble(const IFormatProvider&) const
-{
-    return Double::Parse(*this);
-}
-
-std::int16_t String::ToInt16(const IFormatProvider&) const
-{
-    return Int16::Parse(*this);
-}
-
-std::int32_t String::ToInt32(const IFormatProvider&) const
-{
-    return Int32::Parse(*this);
-}
-
-std::int64_t String::ToInt64(const IFormatProvider&) const
-{
-    return Int64::Parse(*this);
-}
-
-std::int8_t String::ToSByte(const IFormatProvider&) const
-{
-    return SByte::Parse(*this);
-}
-
-float String::ToSingle(const IFormatProvider&) const
-{
-    return Single::Parse(*this);
-}
-
-std::uint16_t String::ToUInt16(const IFormatProvider&) const
-{
-    return UInt16::Parse(*this);
-}
-
-std::uint32_t String::ToUInt32(const IFormatProvider&) const
-{
-    return UInt32::Parse(*this);
-}
-
-std::uint64_t String::ToUInt64(const IFormatProvider&) const
-{
-    return UInt64::Parse(*this);
-}
+template class Convertible<String>;
 } // namespace Tesmo::System

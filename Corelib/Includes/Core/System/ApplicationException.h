@@ -8,17 +8,7 @@ namespace Tesmo::System
 class ApplicationException : public Exception
 {
 public:
-    [[nodiscard]] ApplicationException() = default;
-    [[nodiscard]] ApplicationException(const String& message) : Exception(message) {}
-    [[nodiscard]] ApplicationException(const String& file, int line) : Exception(file, line) {}
-    [[nodiscard]] ApplicationException(const String& message, const String& file, int line)
-        : Exception(message, file, line)
-    {
-    }
-    [[nodiscard]] ApplicationException(const String& message, const Exception& inner, const String& file, int line)
-        : Exception(message, inner, file, line)
-    {
-    }
+    using Exception::Exception;
 
 protected:
     String DefaultMessage() const override

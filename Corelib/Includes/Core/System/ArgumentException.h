@@ -8,17 +8,7 @@ namespace Tesmo::System
 class ArgumentException : public SystemException
 {
 public:
-    [[nodiscard]] ArgumentException() = default;
-    [[nodiscard]] ArgumentException(const String& message) : SystemException(message) {}
-    [[nodiscard]] ArgumentException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] ArgumentException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] ArgumentException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

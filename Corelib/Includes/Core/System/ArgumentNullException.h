@@ -8,17 +8,7 @@ namespace Tesmo::System
 class ArgumentNullException : public ArgumentException
 {
 public:
-    [[nodiscard]] ArgumentNullException() = default;
-    [[nodiscard]] ArgumentNullException(const String& message) : ArgumentException(message) {}
-    [[nodiscard]] ArgumentNullException(const String& file, int line) : ArgumentException(file, line) {}
-    [[nodiscard]] ArgumentNullException(const String& message, const String& file, int line)
-        : ArgumentException(message, file, line)
-    {
-    }
-    [[nodiscard]] ArgumentNullException(const String& message, const Exception& inner, const String& file, int line)
-        : ArgumentException(message, inner, file, line)
-    {
-    }
+    using ArgumentException::ArgumentException;
 
 protected:
     String DefaultMessage() const override

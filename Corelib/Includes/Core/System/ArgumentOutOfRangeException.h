@@ -8,18 +8,7 @@ namespace Tesmo::System
 class ArgumentOutOfRangeException : public ArgumentException
 {
 public:
-    [[nodiscard]] ArgumentOutOfRangeException() = default;
-    [[nodiscard]] ArgumentOutOfRangeException(const String& message) : ArgumentException(message) {}
-    [[nodiscard]] ArgumentOutOfRangeException(const String& file, int line) : ArgumentException(file, line) {}
-    [[nodiscard]] ArgumentOutOfRangeException(const String& message, const String& file, int line)
-        : ArgumentException(message, file, line)
-    {
-    }
-    [[nodiscard]] ArgumentOutOfRangeException(const String& message, const Exception& inner, const String& file,
-                                              int line)
-        : ArgumentException(message, inner, file, line)
-    {
-    }
+    using ArgumentException::ArgumentException;
 
 protected:
     String DefaultMessage() const override

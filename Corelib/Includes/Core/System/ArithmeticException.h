@@ -8,17 +8,7 @@ namespace Tesmo::System
 class ArithmeticException : public SystemException
 {
 public:
-    [[nodiscard]] ArithmeticException() = default;
-    [[nodiscard]] ArithmeticException(const String& message) : SystemException(message) {}
-    [[nodiscard]] ArithmeticException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] ArithmeticException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] ArithmeticException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class BadImageFormatException : public SystemException
 {
 public:
-    [[nodiscard]] BadImageFormatException() = default;
-    [[nodiscard]] BadImageFormatException(const String& message) : SystemException(message) {}
-    [[nodiscard]] BadImageFormatException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] BadImageFormatException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] BadImageFormatException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

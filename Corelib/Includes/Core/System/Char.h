@@ -1,7 +1,7 @@
 #pragma once
 
+#include <Core/System/Convertible.h>
 #include <Core/System/IComparable.h>
-#include <Core/System/IConvertible.h>
 #include <Core/System/IFormattable.h>
 #include <Core/System/String.h>
 #include <Core/System/ValueType.h>
@@ -15,7 +15,7 @@ namespace Tesmo::System
 /// letters with a partner of the other case are known.
 /// The forms with a text and an index give ArgumentNullException for a null text and ArgumentOutOfRangeException for an
 /// index outside of it.
-class Char : public ValueType, public IComparable, public IConvertible, public IFormattable
+class Char : public ValueType, public IComparable, public Convertible<Char>, public IFormattable
 {
 public:
     using Primitive = char32;
@@ -81,22 +81,14 @@ public:
     int CompareTo(const IComparable& other) const override; ///< by code point; 1 for null and for another class
 
     TypeCode GetTypeCode() const override;
-    bool ToBoolean(const IFormatProvider& provider) const override;
-    std::uint8_t ToByte(const IFormatProvider& provider) const override;
-    char32 ToChar(const IFormatProvider& provider) const override;
-    DateTime ToDateTime(const IFormatProvider& provider) const override;
-    double ToDouble(const IFormatProvider& provider) const override;
-    std::int16_t ToInt16(const IFormatProvider& provider) const override;
-    std::int32_t ToInt32(const IFormatProvider& provider) const override;
-    std::int64_t ToInt64(const IFormatProvider& provider) const override;
-    std::uint16_t ToUInt16(const IFormatProvider& provider) const override;
-    std::uint32_t ToUInt32(const IFormatProvider& provider) const override;
-    std::uint64_t ToUInt64(const IFormatProvider& provider) const override;
-    std::int8_t ToSByte(const IFormatProvider& provider) const override;
-    float ToSingle(const IFormatProvider& provider) const override;
-    Up<Object> ToType(const Type& type, const IFormatProvider& provider) const override;
 
 private:
+    friend class Convertible<Char>;
+    template <class T>
+    T ConvertTo() const;
+
     char32 value;
 };
+
+extern template class Convertible<Char>;
 } // namespace Tesmo::System

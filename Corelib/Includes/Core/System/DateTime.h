@@ -1,9 +1,9 @@
 #pragma once
 
+#include <Core/System/Convertible.h>
 #include <Core/System/DateTimeKind.h>
 #include <Core/System/DayOfWeek.h>
 #include <Core/System/IComparable.h>
-#include <Core/System/IConvertible.h>
 #include <Core/System/IFormattable.h>
 #include <Core/System/String.h>
 #include <Core/System/TimeSpan.h>
@@ -18,7 +18,7 @@ namespace Tesmo::System
 /// A moment: ticks of 100 nanoseconds since midnight of 1 January of year 1, up to the end of year 9999. The ticks of
 /// every kind count UTC; the calendar fields of the kind Local are converted to local time when they are read.
 /// Comparison and hash go by the ticks alone. What leaves the range gives ArgumentOutOfRangeException.
-class DateTime : public ValueType, public IComparable, public IConvertible, public IFormattable
+class DateTime : public ValueType, public IComparable, public Convertible<DateTime>, public IFormattable
 {
 public:
     static const DateTime MinValue;
@@ -91,22 +91,12 @@ public:
 
     /// The conversions to numbers give the ticks, or OverflowException where they do not fit.
     TypeCode GetTypeCode() const override;
-    bool ToBoolean(const IFormatProvider& provider) const override;
-    std::uint8_t ToByte(const IFormatProvider& provider) const override;
-    char32 ToChar(const IFormatProvider& provider) const override;
-    DateTime ToDateTime(const IFormatProvider& provider) const override;
-    double ToDouble(const IFormatProvider& provider) const override;
-    std::int16_t ToInt16(const IFormatProvider& provider) const override;
-    std::int32_t ToInt32(const IFormatProvider& provider) const override;
-    std::int64_t ToInt64(const IFormatProvider& provider) const override;
-    std::uint16_t ToUInt16(const IFormatProvider& provider) const override;
-    std::uint32_t ToUInt32(const IFormatProvider& provider) const override;
-    std::uint64_t ToUInt64(const IFormatProvider& provider) const override;
-    std::int8_t ToSByte(const IFormatProvider& provider) const override;
-    float ToSingle(const IFormatProvider& provider) const override;
-    Up<Object> ToType(const Type& type, const IFormatProvider& provider) const override;
 
 private:
+    friend class Convertible<DateTime>;
+    template <class T>
+    T ConvertTo() const;
+
     static constexpr std::uint64_t LastTick = 3155378975999999999; // of the year 9999
 
     struct Checked
@@ -125,4 +115,6 @@ private:
 
 inline constinit const DateTime DateTime::MinValue{};
 inline constinit const DateTime DateTime::MaxValue{DateTime::Checked{LastTick}, DateTimeKind::Unspecified};
+
+extern template class Convertible<DateTime>;
 } // namespace Tesmo::System

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class DivideByZeroException : public ArithmeticException
 {
 public:
-    [[nodiscard]] DivideByZeroException() = default;
-    [[nodiscard]] DivideByZeroException(const String& message) : ArithmeticException(message) {}
-    [[nodiscard]] DivideByZeroException(const String& file, int line) : ArithmeticException(file, line) {}
-    [[nodiscard]] DivideByZeroException(const String& message, const String& file, int line)
-        : ArithmeticException(message, file, line)
-    {
-    }
-    [[nodiscard]] DivideByZeroException(const String& message, const Exception& inner, const String& file, int line)
-        : ArithmeticException(message, inner, file, line)
-    {
-    }
+    using ArithmeticException::ArithmeticException;
 
 protected:
     String DefaultMessage() const override

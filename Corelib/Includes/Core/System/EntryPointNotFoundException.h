@@ -8,18 +8,7 @@ namespace Tesmo::System
 class EntryPointNotFoundException : public TypeLoadException
 {
 public:
-    [[nodiscard]] EntryPointNotFoundException() = default;
-    [[nodiscard]] EntryPointNotFoundException(const String& message) : TypeLoadException(message) {}
-    [[nodiscard]] EntryPointNotFoundException(const String& file, int line) : TypeLoadException(file, line) {}
-    [[nodiscard]] EntryPointNotFoundException(const String& message, const String& file, int line)
-        : TypeLoadException(message, file, line)
-    {
-    }
-    [[nodiscard]] EntryPointNotFoundException(const String& message, const Exception& inner, const String& file,
-                                              int line)
-        : TypeLoadException(message, inner, file, line)
-    {
-    }
+    using TypeLoadException::TypeLoadException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class FormatException : public SystemException
 {
 public:
-    [[nodiscard]] FormatException() = default;
-    [[nodiscard]] FormatException(const String& message) : SystemException(message) {}
-    [[nodiscard]] FormatException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] FormatException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] FormatException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class IndexOutOfRangeException : public SystemException
 {
 public:
-    [[nodiscard]] IndexOutOfRangeException() = default;
-    [[nodiscard]] IndexOutOfRangeException(const String& message) : SystemException(message) {}
-    [[nodiscard]] IndexOutOfRangeException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] IndexOutOfRangeException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] IndexOutOfRangeException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

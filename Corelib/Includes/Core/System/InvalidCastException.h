@@ -8,17 +8,7 @@ namespace Tesmo::System
 class InvalidCastException : public SystemException
 {
 public:
-    [[nodiscard]] InvalidCastException() = default;
-    [[nodiscard]] InvalidCastException(const String& message) : SystemException(message) {}
-    [[nodiscard]] InvalidCastException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] InvalidCastException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] InvalidCastException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

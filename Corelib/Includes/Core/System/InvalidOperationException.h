@@ -8,17 +8,7 @@ namespace Tesmo::System
 class InvalidOperationException : public SystemException
 {
 public:
-    [[nodiscard]] InvalidOperationException() = default;
-    [[nodiscard]] InvalidOperationException(const String& message) : SystemException(message) {}
-    [[nodiscard]] InvalidOperationException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] InvalidOperationException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] InvalidOperationException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class NotImplementedException : public SystemException
 {
 public:
-    [[nodiscard]] NotImplementedException() = default;
-    [[nodiscard]] NotImplementedException(const String& message) : SystemException(message) {}
-    [[nodiscard]] NotImplementedException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] NotImplementedException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] NotImplementedException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

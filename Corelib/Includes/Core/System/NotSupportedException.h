@@ -8,17 +8,7 @@ namespace Tesmo::System
 class NotSupportedException : public SystemException
 {
 public:
-    [[nodiscard]] NotSupportedException() = default;
-    [[nodiscard]] NotSupportedException(const String& message) : SystemException(message) {}
-    [[nodiscard]] NotSupportedException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] NotSupportedException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] NotSupportedException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class NullReferenceException : public SystemException
 {
 public:
-    [[nodiscard]] NullReferenceException() = default;
-    [[nodiscard]] NullReferenceException(const String& message) : SystemException(message) {}
-    [[nodiscard]] NullReferenceException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] NullReferenceException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] NullReferenceException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

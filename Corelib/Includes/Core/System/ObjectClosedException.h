@@ -8,17 +8,7 @@ namespace Tesmo::System
 class ObjectClosedException : public InvalidOperationException
 {
 public:
-    [[nodiscard]] ObjectClosedException() = default;
-    [[nodiscard]] ObjectClosedException(const String& message) : InvalidOperationException(message) {}
-    [[nodiscard]] ObjectClosedException(const String& file, int line) : InvalidOperationException(file, line) {}
-    [[nodiscard]] ObjectClosedException(const String& message, const String& file, int line)
-        : InvalidOperationException(message, file, line)
-    {
-    }
-    [[nodiscard]] ObjectClosedException(const String& message, const Exception& inner, const String& file, int line)
-        : InvalidOperationException(message, inner, file, line)
-    {
-    }
+    using InvalidOperationException::InvalidOperationException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class ObjectDisposedException : public InvalidOperationException
 {
 public:
-    [[nodiscard]] ObjectDisposedException() = default;
-    [[nodiscard]] ObjectDisposedException(const String& message) : InvalidOperationException(message) {}
-    [[nodiscard]] ObjectDisposedException(const String& file, int line) : InvalidOperationException(file, line) {}
-    [[nodiscard]] ObjectDisposedException(const String& message, const String& file, int line)
-        : InvalidOperationException(message, file, line)
-    {
-    }
-    [[nodiscard]] ObjectDisposedException(const String& message, const Exception& inner, const String& file, int line)
-        : InvalidOperationException(message, inner, file, line)
-    {
-    }
+    using InvalidOperationException::InvalidOperationException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class OutOfMemoryException : public SystemException
 {
 public:
-    [[nodiscard]] OutOfMemoryException() = default;
-    [[nodiscard]] OutOfMemoryException(const String& message) : SystemException(message) {}
-    [[nodiscard]] OutOfMemoryException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] OutOfMemoryException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] OutOfMemoryException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

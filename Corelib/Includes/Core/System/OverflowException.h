@@ -8,17 +8,7 @@ namespace Tesmo::System
 class OverflowException : public ArithmeticException
 {
 public:
-    [[nodiscard]] OverflowException() = default;
-    [[nodiscard]] OverflowException(const String& message) : ArithmeticException(message) {}
-    [[nodiscard]] OverflowException(const String& file, int line) : ArithmeticException(file, line) {}
-    [[nodiscard]] OverflowException(const String& message, const String& file, int line)
-        : ArithmeticException(message, file, line)
-    {
-    }
-    [[nodiscard]] OverflowException(const String& message, const Exception& inner, const String& file, int line)
-        : ArithmeticException(message, inner, file, line)
-    {
-    }
+    using ArithmeticException::ArithmeticException;
 
 protected:
     String DefaultMessage() const override

@@ -3,10 +3,10 @@
 #include <Core/System/ArrayDeclaration.h>
 #include <Core/System/Char32.h>
 #include <Core/System/Collections/Generic/IEnumerable.h>
+#include <Core/System/Convertible.h>
 #include <Core/System/FormatArgument.h>
 #include <Core/System/ICloneable.h>
 #include <Core/System/IComparable.h>
-#include <Core/System/IConvertible.h>
 #include <Core/System/IHashable.h>
 #include <Core/System/Object.h>
 #include <Core/System/Sp.h>
@@ -32,7 +32,7 @@ class String : public Object,
                public IHashable,
                public ICloneable,
                public IComparable,
-               public IConvertible,
+               public Convertible<String>,
                public Collections::Generic::IEnumerable<char32>
 {
 public:
@@ -191,22 +191,12 @@ public:
     static String Format(const IFormatProvider& provider, const String& format, const Array<Sp<Object>, 1>& args);
 
     TypeCode GetTypeCode() const override;
-    bool ToBoolean(const IFormatProvider& provider) const override;
-    std::uint8_t ToByte(const IFormatProvider& provider) const override;
-    char32 ToChar(const IFormatProvider& provider) const override;
-    DateTime ToDateTime(const IFormatProvider& provider) const override;
-    double ToDouble(const IFormatProvider& provider) const override;
-    std::int16_t ToInt16(const IFormatProvider& provider) const override;
-    std::int32_t ToInt32(const IFormatProvider& provider) const override;
-    std::int64_t ToInt64(const IFormatProvider& provider) const override;
-    std::uint16_t ToUInt16(const IFormatProvider& provider) const override;
-    std::uint32_t ToUInt32(const IFormatProvider& provider) const override;
-    std::uint64_t ToUInt64(const IFormatProvider& provider) const override;
-    std::int8_t ToSByte(const IFormatProvider& provider) const override;
-    float ToSingle(const IFormatProvider& provider) const override;
-    Up<Object> ToType(const Type& type, const IFormatProvider& provider) const override;
 
 private:
+    friend class Convertible<String>;
+    template <class T>
+    T ConvertTo() const;
+
     static String FormatArguments(const IFormatProvider& provider, const String& format,
                                   const FormatArgument* arguments, int count);
 
@@ -244,4 +234,6 @@ String operator+(const char* left, const R& right)
 {
     return left + Detail::TextOf(right);
 }
+
+extern template class Convertible<String>;
 } // namespace Tesmo::System

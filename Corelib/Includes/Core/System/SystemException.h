@@ -8,16 +8,7 @@ namespace Tesmo::System
 class SystemException : public Exception
 {
 public:
-    [[nodiscard]] SystemException() = default;
-    [[nodiscard]] SystemException(const String& message) : Exception(message) {}
-    [[nodiscard]] SystemException(const String& file, int line) : Exception(file, line) {}
-    [[nodiscard]] SystemException(const String& message, const String& file, int line) : Exception(message, file, line)
-    {
-    }
-    [[nodiscard]] SystemException(const String& message, const Exception& inner, const String& file, int line)
-        : Exception(message, inner, file, line)
-    {
-    }
+    using Exception::Exception;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System
 class TypeLoadException : public SystemException
 {
 public:
-    [[nodiscard]] TypeLoadException() = default;
-    [[nodiscard]] TypeLoadException(const String& message) : SystemException(message) {}
-    [[nodiscard]] TypeLoadException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] TypeLoadException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] TypeLoadException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

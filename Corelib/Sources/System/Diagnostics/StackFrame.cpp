@@ -11,7 +11,7 @@ StackFrame::StackFrame(int skipFrames, bool needFileInfo)
 {
     const CallStack callStack(0);
     const Sp<StackFrame> frame = StackTrace(callStack, skipFrames, needFileInfo).GetFrame(0);
-    if (!(frame == null))
+    if (frame != null)
     {
         *this = *frame;
     }

@@ -74,7 +74,7 @@ void Thread::ThreadData::Run(void* argument)
     {
         self->threadStart.Invoke();
     }
-    else if (!(self->parameterizedStart == null))
+    else if (self->parameterizedStart != null)
     {
         self->parameterizedStart.Invoke(const_cast<Object&>(*self->parameter));
     }

@@ -6,7 +6,7 @@ WaitSleepJoin::WaitSleepJoin()
 {
     Thread::ThreadData::RegisterCaller();
     caller = Thread::ThreadData::OfCaller();
-    if (!(caller == null))
+    if (caller != null)
     {
         caller->Set(ThreadState::WaitSleepJoin);
         if (caller->interrupted)
@@ -18,7 +18,7 @@ WaitSleepJoin::WaitSleepJoin()
 
 WaitSleepJoin::~WaitSleepJoin()
 {
-    if (!(caller == null))
+    if (caller != null)
     {
         caller->Clear(ThreadState::WaitSleepJoin);
     }

@@ -8,18 +8,7 @@ namespace Tesmo::System::IO
 class DirectoryNotFoundException : public IOException
 {
 public:
-    [[nodiscard]] DirectoryNotFoundException() = default;
-    [[nodiscard]] DirectoryNotFoundException(const String& message) : IOException(message) {}
-    [[nodiscard]] DirectoryNotFoundException(const String& file, int line) : IOException(file, line) {}
-    [[nodiscard]] DirectoryNotFoundException(const String& message, const String& file, int line)
-        : IOException(message, file, line)
-    {
-    }
-    [[nodiscard]] DirectoryNotFoundException(const String& message, const Exception& inner, const String& file,
-                                             int line)
-        : IOException(message, inner, file, line)
-    {
-    }
+    using IOException::IOException;
 
 protected:
     String DefaultMessage() const override

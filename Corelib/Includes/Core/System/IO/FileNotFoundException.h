@@ -8,17 +8,7 @@ namespace Tesmo::System::IO
 class FileNotFoundException : public IOException
 {
 public:
-    [[nodiscard]] FileNotFoundException() = default;
-    [[nodiscard]] FileNotFoundException(const String& message) : IOException(message) {}
-    [[nodiscard]] FileNotFoundException(const String& file, int line) : IOException(file, line) {}
-    [[nodiscard]] FileNotFoundException(const String& message, const String& file, int line)
-        : IOException(message, file, line)
-    {
-    }
-    [[nodiscard]] FileNotFoundException(const String& message, const Exception& inner, const String& file, int line)
-        : IOException(message, inner, file, line)
-    {
-    }
+    using IOException::IOException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System::IO
 class IOException : public SystemException
 {
 public:
-    [[nodiscard]] IOException() = default;
-    [[nodiscard]] IOException(const String& message) : SystemException(message) {}
-    [[nodiscard]] IOException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] IOException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] IOException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System::Security
 class SecurityException : public SystemException
 {
 public:
-    [[nodiscard]] SecurityException() = default;
-    [[nodiscard]] SecurityException(const String& message) : SystemException(message) {}
-    [[nodiscard]] SecurityException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] SecurityException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] SecurityException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

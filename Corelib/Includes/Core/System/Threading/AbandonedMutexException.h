@@ -8,17 +8,7 @@ namespace Tesmo::System::Threading
 class AbandonedMutexException : public SystemException
 {
 public:
-    [[nodiscard]] AbandonedMutexException() = default;
-    [[nodiscard]] AbandonedMutexException(const String& message) : SystemException(message) {}
-    [[nodiscard]] AbandonedMutexException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] AbandonedMutexException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] AbandonedMutexException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

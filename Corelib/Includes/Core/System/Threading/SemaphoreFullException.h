@@ -8,17 +8,7 @@ namespace Tesmo::System::Threading
 class SemaphoreFullException : public SystemException
 {
 public:
-    [[nodiscard]] SemaphoreFullException() = default;
-    [[nodiscard]] SemaphoreFullException(const String& message) : SystemException(message) {}
-    [[nodiscard]] SemaphoreFullException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] SemaphoreFullException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] SemaphoreFullException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System::Threading
 class ThreadAbortException : public SystemException
 {
 public:
-    [[nodiscard]] ThreadAbortException() = default;
-    [[nodiscard]] ThreadAbortException(const String& message) : SystemException(message) {}
-    [[nodiscard]] ThreadAbortException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] ThreadAbortException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] ThreadAbortException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,18 +8,7 @@ namespace Tesmo::System::Threading
 class ThreadInterruptedException : public SystemException
 {
 public:
-    [[nodiscard]] ThreadInterruptedException() = default;
-    [[nodiscard]] ThreadInterruptedException(const String& message) : SystemException(message) {}
-    [[nodiscard]] ThreadInterruptedException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] ThreadInterruptedException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] ThreadInterruptedException(const String& message, const Exception& inner, const String& file,
-                                             int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

@@ -8,17 +8,7 @@ namespace Tesmo::System::Threading
 class ThreadStateException : public SystemException
 {
 public:
-    [[nodiscard]] ThreadStateException() = default;
-    [[nodiscard]] ThreadStateException(const String& message) : SystemException(message) {}
-    [[nodiscard]] ThreadStateException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] ThreadStateException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] ThreadStateException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override

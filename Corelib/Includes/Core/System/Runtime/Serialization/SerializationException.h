@@ -8,17 +8,7 @@ namespace Tesmo::System::Runtime::Serialization
 class SerializationException : public SystemException
 {
 public:
-    [[nodiscard]] SerializationException() = default;
-    [[nodiscard]] SerializationException(const String& message) : SystemException(message) {}
-    [[nodiscard]] SerializationException(const String& file, int line) : SystemException(file, line) {}
-    [[nodiscard]] SerializationException(const String& message, const String& file, int line)
-        : SystemException(message, file, line)
-    {
-    }
-    [[nodiscard]] SerializationException(const String& message, const Exception& inner, const String& file, int line)
-        : SystemException(message, inner, file, line)
-    {
-    }
+    using SystemException::SystemException;
 
 protected:
     String DefaultMessage() const override
