@@ -71,4 +71,6 @@ TEST(EnumTests, ComparisonStaysWithinTheClass)
     EXPECT_EQ(2, create.GetHashCode());
     EXPECT_TRUE(FileAttributes(2).Equals(FileAttributes(FileAttributes::Hidden)));
     EXPECT_TRUE(AddressFamily(2) == AddressFamily::InterNetwork);
+    EXPECT_FALSE(FileMode(0) == static_cast<const FileMode&>(null));
+    EXPECT_FALSE(AddressFamily(0) == static_cast<const AddressFamily&>(null));
 }

@@ -41,6 +41,16 @@ public:
         return static_cast<int>(value);
     }
 
+    /// By value; false for null.
+    bool operator==(const Enum& other) const
+    {
+        return !IsNull(other) && value == other.value;
+    }
+    bool operator==(E other) const
+    {
+        return value == other;
+    }
+
     /// True for an object of the same class with the same value.
     bool Equals(const Object& other) const override
     {
