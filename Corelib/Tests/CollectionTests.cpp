@@ -264,4 +264,6 @@ TEST(KeyValuePairTests, ComparesBothParts)
     EXPECT_TRUE(pair.Equals(Pair(1, "a")) && pair.ToString() == String("[1, a]"));
     EXPECT_FALSE(pair.Equals(Pair(1, "b")) || pair.Equals(Pair(2, "a")) || pair.Equals(null));
     EXPECT_EQ("[0, Tesmo::Sp<int>]", (KeyValuePair<int, Sp<int>>().ToString().Utf8()));
+    EXPECT_EQ("[10000000000, 0.5]", (KeyValuePair<long long, double>(10000000000, 0.5).ToString().Utf8()));
+    EXPECT_EQ("[True, 1e-07]", (KeyValuePair<bool, float>(true, 1e-7F).ToString().Utf8()));
 }

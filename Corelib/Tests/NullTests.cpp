@@ -112,6 +112,8 @@ TEST(NullTests, OperationsThatNeedAnObjectRefuseNull)
         [] { delegate -= null; },
         [] { Delegate<int>(target, static_cast<int (Concrete::*)() const>(nullptr)); },
         [] { Ref<const String>(Nothing<String>); },
+        [] { List<int>::Enumerator walk(Nothing<List<int>>); },
+        [] { Queue<int>::Enumerator walk(Nothing<Queue<int>>); },
         [] { EndPoint(Nothing<Sockets::AddressFamily>); },
         [] { IPEndPoint(Nothing<IPAddress>, 1); },
         [] { IPHostEntry("", Nothing<Array<String>>, Array<IPAddress>(0)); },

@@ -12,7 +12,6 @@
 
 #include <concepts>
 #include <cstddef>
-#include <string>
 
 /// What the collections ask of their elements, which may be primitives, plain records, smart pointers or objects.
 namespace Tesmo::System::Collections::Generic::Detail
@@ -74,7 +73,7 @@ T* CopyTarget(Array<T>& array, int index, int count, CallSite site = CallSite::H
     return array.begin() + index;
 }
 
-/// An element as text: an object's own, a number's digits, or the name of the type.
+/// An element as text: an object's own, that of a primitive, or the name of the type.
 template <class T>
 String TextOf(const T& value)
 {
@@ -82,9 +81,9 @@ String TextOf(const T& value)
     {
         return value.ToString();
     }
-    else if constexpr (std::integral<T> || std::floating_point<T>)
+    else if constexpr (Formattable<T>)
     {
-        return String(std::to_string(value));
+        return String::Format(std::floating_point<T> ? "{0:g}" : "{0:d}", value); // all the digits of an integer
     }
     else
     {

@@ -16,7 +16,7 @@ template <class Collection, class T, bool Reversed = false>
 class IndexEnumerator : public Object, public IEnumerator<T>
 {
 public:
-    explicit IndexEnumerator(const Collection& walked) : version(walked.version), collection(walked) {}
+    explicit IndexEnumerator(const Collection& walked) : version(NotNull(walked).version), collection(walked) {}
 
     const T& Current() const override
     {

@@ -17,7 +17,7 @@ class NodeEnumerator : public Object, public IEnumerator<T>
 {
 public:
     explicit NodeEnumerator(const Collection& walked)
-        : version(walked.version),
+        : version(NotNull(walked).version),
           collection(walked),
           position(walked.begin())
     {
