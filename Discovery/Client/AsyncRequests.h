@@ -21,7 +21,7 @@ enum class AsyncRequest
 };
 
 /// Has the restarts and stops that a client's stages ask for done on a thread of its own, one after the other, and spaces
-/// those that follow a failed start. Any thread may call anything but End; nothing waits for the requests' work but End.
+/// those that follow a failed start. Any thread may call anything except End, which alone waits for the work.
 class AsyncRequests : public Tesmo::System::Object
 {
 public:

@@ -11,6 +11,7 @@ class BroadcastSignatureAction : public ClientAction
 public:
     /// A host is not needed: what is sent is read anew.
     BroadcastSignatureAction() : ClientAction(ClientActionType::BroadcastSignature) {}
+    /// Copies the host.
     explicit BroadcastSignatureAction(const DiscoveryHost& host)
         : ClientAction(ClientActionType::BroadcastSignature),
           Host(host)

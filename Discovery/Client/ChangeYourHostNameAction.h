@@ -9,6 +9,7 @@ namespace Zelkor::Discovery::Client
 class ChangeYourHostNameAction : public ClientAction
 {
 public:
+    /// @param hostName  as it was asked for; the gateway judges it
     explicit ChangeYourHostNameAction(const Tesmo::System::String& hostName)
         : ClientAction(ClientActionType::ChangeYourHostName),
           HostName(hostName)

@@ -8,6 +8,7 @@ namespace Zelkor::Discovery::Client
 class ClientAction
 {
 public:
+    /// A task that needs to know nothing but what it is.
     explicit ClientAction(ClientActionType type) : Type(type) {}
     virtual ~ClientAction() = default;
 

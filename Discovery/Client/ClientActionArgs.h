@@ -7,10 +7,11 @@
 
 namespace Zelkor::Discovery::Client
 {
-/// A task with the address that its answer goes to: 255.255.255.255 for everybody. A copy shares the task.
+/// A task with the address that its answer goes to: 255.255.255.255 for everybody.
 class ClientActionArgs : public Tesmo::System::EventArgs
 {
 public:
+    /// Share the task.
     ClientActionArgs(const Tesmo::Sp<ClientAction>& action, const Tesmo::System::Net::IPAddress& address)
         : Action(action),
           Address(address)

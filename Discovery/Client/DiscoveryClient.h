@@ -23,8 +23,8 @@
 namespace Zelkor::Discovery::Client
 {
 /// The client: owns the shared socket and the four stages, starts and stops them in order, says hello and goodbye, and
-/// builds everything anew when a stage reports that its socket died. Any thread may call anything at any time, but for
-/// the threads of the stages: they can't call Start and Stop, which wait for their end, and don't wait for these.
+/// builds everything anew when a stage reports that its socket died. Any thread may call anything at any time, except
+/// that the threads of the stages must call neither Start nor Stop nor SendByeMessage, which wait for them.
 class DiscoveryClient : public Tesmo::System::Object
 {
 public:
@@ -57,8 +57,7 @@ public:
     /// An event handler: queues a signature to everybody in the same way. It uses neither argument.
     void SendSignature(const Tesmo::System::Object& sender, const Tesmo::System::EventArgs& args);
 
-    /// Says goodbye on the calling thread, at once or when a Start or Stop under way has ended. Not for the threads of
-    /// the stages, which those wait for.
+    /// Says goodbye on the calling thread, at once or when a Start or Stop under way has ended.
     void SendByeMessage();
 
     /// Holds until the next stop, which a restart includes. Does nothing while the client is stopped.

@@ -9,6 +9,7 @@ namespace Zelkor::Discovery::Client
 class HelloAction : public ClientAction
 {
 public:
+    /// Copies the host.
     explicit HelloAction(const DiscoveryHost& host) : ClientAction(ClientActionType::Hello), Host(host) {}
 
     DiscoveryHost Host; ///< as it stood when the task was made; what is sent is read anew

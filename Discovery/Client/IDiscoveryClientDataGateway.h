@@ -59,8 +59,8 @@ public:
     virtual bool RebootRequiredForIPConfigChange() = 0;
     virtual bool RebootRequiredForHostNameChange() = 0;
 
-    /// Applies each configuration to the adapter with its hardware address, of several to those that it means (see the
-    /// implementation); configurations of other machines' adapters, and those that change nothing, are passed over.
+    /// Applies each configuration to the adapter with its hardware address; where several share it, the implementation
+    /// chooses. Configurations of other machines' adapters, and those that change nothing, are passed over.
     /// @throws Exception  an adapter refused its configuration; those before it stay changed
     virtual void ChangeIPConfig(Tesmo::Sp<NICList> configs) = 0;
 

@@ -41,6 +41,7 @@ public:
     bool Broadcast = true;
 
 protected:
+    /// Of the program's own version and by broadcast, where nothing else is given.
     DiscoveryMessage();
     explicit DiscoveryMessage(const Tesmo::System::Version& version);
     DiscoveryMessage(const Tesmo::System::Version& version, bool broadcast);

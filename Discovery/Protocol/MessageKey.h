@@ -1,5 +1,6 @@
 #pragma once
 
+#include <Core/System/CallSite.h>
 #include <Core/System/FormatException.h>
 #include <Core/System/String.h>
 #include <Discovery/Log/DiscoveryChannel.h>
@@ -17,21 +18,21 @@ struct MessageKey
     /// @param value  receives what stands under the key
     /// @throws FormatException  the key is missing or its value is of another kind; logged, with the caller's place
     template <class T>
-    void Read(const Serialization::Json::JSONObject& message, T& value, const char* file = __builtin_FILE(),
-              int line = __builtin_LINE()) const
+    void Read(const Serialization::Json::JSONObject& message, T& value,
+              Tesmo::System::CallSite site = Tesmo::System::CallSite::Here()) const
     {
         if (!message.TryGetValue(name, value))
         {
-            ThrowBadFormat(file, line);
+            ThrowBadFormat(site);
         }
     }
 
     /// Logs the complaint at Critical.
     /// @throws FormatException  always, with the caller's place
-    [[noreturn]] void ThrowBadFormat(const char* file = __builtin_FILE(), int line = __builtin_LINE()) const
+    [[noreturn]] void ThrowBadFormat(Tesmo::System::CallSite site = Tesmo::System::CallSite::Here()) const
     {
         DiscoveryChannel(channel).Critical(complaint);
-        throw Tesmo::System::FormatException(file, line);
+        throw Tesmo::System::FormatException(site.file, site.line);
     }
 };
 
