@@ -47,22 +47,16 @@ TEST(IPAddressTests, ChecksWhatItIsMadeFrom)
     IPAddress address(Array<Byte>(16), 4294967295);
     EXPECT_EQ(4294967295, address.GetScopeId());
     ExpectEachThrows<ArgumentException>({[&] { IPAddress(Array<Byte>(5)); }, [&] { IPAddress(Array<Byte>(4), 1); }});
-    ExpectEachThrows<ArgumentOutOfRangeException>({
-        [] { IPAddress(std::int64_t{0x100000000}); },
-        [] { IPAddress(std::int64_t{-1}); },
-        [] { IPAddress(Array<Byte>(16), 0x100000000); },
-        [&] { address.SetScopeId(-1); },
-    });
+    ExpectEachThrows<ArgumentOutOfRangeException>(
+        {[] { IPAddress(std::int64_t{0x100000000}); }, [] { IPAddress(std::int64_t{-1}); },
+         [] { IPAddress(Array<Byte>(16), 0x100000000); }, [&] { address.SetScopeId(-1); }});
     address.SetScopeId(5);
     EXPECT_EQ("0:0:0:0:0:0:0:0%5", address.ToString().Utf8());
     IPAddress other;
     other.Address(0x0100007F);
     EXPECT_EQ("127.0.0.1", other.ToString().Utf8());
-    ExpectEachThrows<Sockets::SocketException>({
-        [&] { address.Address(1); },
-        [&] { other.GetScopeId(); },
-        [&] { other.SetScopeId(5); },
-    });
+    ExpectEachThrows<Sockets::SocketException>(
+        {[&] { address.Address(1); }, [&] { other.GetScopeId(); }, [&] { other.SetScopeId(5); }});
 }
 
 TEST(IPAddressTests, KnowsLoopback)

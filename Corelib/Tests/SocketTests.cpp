@@ -81,24 +81,19 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
         EXPECT_THROW(socket.SendTo(buffer, length, offset, size, flags, Loopback()), IndexOutOfRangeException);
         EXPECT_THROW(socket.ReceiveFrom(buffer, length, offset, size, flags, sender), IndexOutOfRangeException);
     }
-    ExpectEachThrows<ArgumentNullException>({
-        [&] { socket.SendTo(null, 1, 0, 1, flags, Loopback()); },
-        [&] { socket.SendTo(Bytes(), Room, 0, 1, flags, null); },
-        [&] { socket.SendTo(Bytes(), Room, 0, 1, null, Loopback()); },
-        [&] { socket.ReceiveFrom(Up<unsigned char[]>(), 1, 0, 1, flags, sender); },
-        [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, none); },
-        [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, sender); },
-        [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, none); },
-        [&] { socket.Send(Bytes(), Room, 0, 1, null); },
-        [&] { socket.Receive(Bytes(), Room, 0, 1, null); },
-        [&] { socket.Shutdown(null); },
-        [&] { socket.Connect(null); },
-        [&] { socket.Bind(null); },
-        [&] { socket.Bind(none); },
-        [&] { socket.SetSocketOption(null, SocketOptionName::Broadcast, true); },
-        [&] { socket.SetSocketOption(SocketOptionLevel::Socket, null, true); },
-        [&] { IPEndPoint(static_cast<const unsigned char*>(nullptr), 16); },
-    });
+    ExpectEachThrows<ArgumentNullException>(
+        {[&] { socket.SendTo(null, 1, 0, 1, flags, Loopback()); },
+         [&] { socket.SendTo(Bytes(), Room, 0, 1, flags, null); },
+         [&] { socket.SendTo(Bytes(), Room, 0, 1, null, Loopback()); },
+         [&] { socket.ReceiveFrom(Up<unsigned char[]>(), 1, 0, 1, flags, sender); },
+         [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, none); },
+         [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, sender); },
+         [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, none); }, [&] { socket.Send(Bytes(), Room, 0, 1, null); },
+         [&] { socket.Receive(Bytes(), Room, 0, 1, null); }, [&] { socket.Shutdown(null); },
+         [&] { socket.Connect(null); }, [&] { socket.Bind(null); }, [&] { socket.Bind(none); },
+         [&] { socket.SetSocketOption(null, SocketOptionName::Broadcast, true); },
+         [&] { socket.SetSocketOption(SocketOptionLevel::Socket, null, true); },
+         [&] { IPEndPoint(static_cast<const unsigned char*>(nullptr), 16); }});
     socket.Close();
     socket.Close();
     EXPECT_THROW(socket.SendTo(Bytes(), 0, 0, 0, flags, Loopback()), IndexOutOfRangeException);

@@ -32,6 +32,15 @@ public:
     EventWaitHandle ended{false, EventResetMode::ManualReset};
     Thread* thread = nullptr;
 };
+
+bool IsSeenWaiting(const Thread& thread)
+{
+    for (int turn = 0; turn < Limit * 100 && !thread.ThreadState().Has(ThreadState::WaitSleepJoin); ++turn)
+    {
+        std::this_thread::yield();
+    }
+    return thread.ThreadState().Has(ThreadState::WaitSleepJoin);
+}
 } // namespace
 
 TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
@@ -50,11 +59,7 @@ TEST(ThreadTests, StateAndPriorityFollowTheThreadFromStartToEnd)
     ASSERT_TRUE(work.running.WaitOne(Limit));
     EXPECT_TRUE(thread.IsAlive());
     EXPECT_FALSE(thread.Handle() == IntPtr::Zero);
-    for (int turn = 0; turn < Limit * 100 && !thread.ThreadState().Has(ThreadState::WaitSleepJoin); ++turn)
-    {
-        std::this_thread::yield();
-    }
-    EXPECT_TRUE(thread.ThreadState().Has(ThreadState::WaitSleepJoin));
+    EXPECT_TRUE(IsSeenWaiting(thread));
     EXPECT_THROW(thread.Start(), ThreadStateException);
     EXPECT_THROW(thread.Join(-2), ArgumentException);
     EXPECT_FALSE(thread.Join(TimeSpan::FromMilliseconds(1)));
@@ -90,11 +95,7 @@ TEST(ThreadTests, JoinCountsTheThreadLocalDestructorsAndKeepsItsLimit)
     Thread busy{ThreadStart(+[] { mayEnd.wait(false); })}; // in no wait of the library
     busy.Start();
     const std::jthread joining([&] { EXPECT_TRUE(busy.Join(Limit)); });
-    for (int turn = 0; turn < Limit * 100 && !busy.ThreadState().Has(ThreadState::WaitSleepJoin); ++turn)
-    {
-        std::this_thread::yield();
-    }
-    EXPECT_TRUE(busy.ThreadState().Has(ThreadState::WaitSleepJoin));
+    EXPECT_TRUE(IsSeenWaiting(busy));
     mayEnd = true;
     mayEnd.notify_all();
 }

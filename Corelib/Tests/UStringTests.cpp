@@ -7,24 +7,20 @@
 
 namespace
 {
-std::u32string Forward(const ustring& text)
+template <class Iterator>
+std::u32string Walk(Iterator position, const Iterator& end)
 {
     std::u32string codePoints;
-    for (const char32 c : text)
+    for (; position != end; ++position)
     {
-        codePoints.push_back(c.value);
+        codePoints.push_back((*position).value);
     }
     return codePoints;
 }
 
-std::u32string Backward(const ustring& text)
+std::u32string Forward(const ustring& text)
 {
-    std::u32string codePoints;
-    for (auto position = text.rbegin(); position != text.rend(); ++position)
-    {
-        codePoints.push_back((*position).value);
-    }
-    return {codePoints.rbegin(), codePoints.rend()};
+    return Walk(text.begin(), text.end());
 }
 
 /// Bytes as a hostile datagram could hold them: lead bytes, continuation bytes and ASCII, rarely in order.
@@ -43,7 +39,7 @@ std::string RandomBytes(std::mt19937& random)
 void CheckConsistency(const String& text)
 {
     const std::u32string codePoints = Forward(text.Text());
-    ASSERT_EQ(codePoints, Backward(text.Text()));
+    ASSERT_EQ(std::u32string(codePoints.rbegin(), codePoints.rend()), Walk(text.Text().rbegin(), text.Text().rend()));
     ASSERT_EQ(codePoints.size(), static_cast<std::size_t>(text.Length()));
     for (int i = 0; i < text.Length(); i++)
     {

@@ -19,11 +19,6 @@ std::string Nested(int levels)
     const auto count = static_cast<std::size_t>(levels);
     return std::string(count, '[') + std::string(count, ']');
 }
-
-void CopyTheDeepestDocument()
-{
-    EXPECT_EQ(Nested(1000), JSONArray(JSONArray(String(Nested(1000)))).ToString().Utf8());
-}
 } // namespace
 
 TEST(JSONTextTests, AcceptsWhatSendersWrite)
@@ -105,7 +100,8 @@ TEST(JSONTextTests, RefusesEverythingElse)
 TEST(JSONTextTests, NestingEndsAtAThousandLevelsWhichTheSmallestStackTakes)
 {
     constexpr int smallestStack = 256 * 1024; // bytes
-    Threading::Thread thread(Threading::ThreadStart(&CopyTheDeepestDocument), smallestStack);
+    const auto copy = +[] { EXPECT_EQ(Nested(1000), JSONArray(JSONArray(String(Nested(1000)))).ToString().Utf8()); };
+    Threading::Thread thread(Threading::ThreadStart(copy), smallestStack);
     thread.Start();
     thread.Join();
     EXPECT_THROW(JSONArray(String(Nested(1001))), FormatException);

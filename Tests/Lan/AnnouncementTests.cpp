@@ -27,25 +27,6 @@ TEST_F(AnnouncementTests, AHostAnnouncesItselfByteForByteWithAndWithoutADefaultR
     }
 }
 
-TEST_F(AnnouncementTests, TwoAdaptersGiveOneMessageEachFromTheirOwnAddress)
-{
-    Connect(lan1, *office, "wall1");
-    const auto expectBoth = [&](const char* type)
-    {
-        for (const Adapter& source : {lan0, lan1})
-        {
-            ExpectHeard(Announcement(type, "True", {lan0, lan1}, &source), "255.255.255.255", source.address);
-        }
-    };
-    StartClient();
-    expectBoth("Hello");
-    station->Say(Request("AllSendYourSignature", "True"), "255.255.255.255", "wall1");
-    expectBoth("SignatureBroadcast");
-    client->Signal(SIGTERM);
-    expectBoth("Bye");
-    EXPECT_EQ(0, client->ExitCode(std::chrono::milliseconds(2000)));
-}
-
 TEST_F(AnnouncementTests, AClientWithoutAdapterSpeaksWhenItGetsOneAndStopsWithoutAWordElse)
 {
     Shell("ip link del lan0");

@@ -1,11 +1,10 @@
 #include "HostFolders.h"
 
-#include <fstream>
+#include "Commands.h"
+
 #include <sched.h>
-#include <sstream>
 #include <stdexcept>
 #include <sys/mount.h>
-#include <vector>
 
 namespace
 {
@@ -51,9 +50,7 @@ fs::path HostFolders::LogFile() const
 
 std::string HostFolders::Log() const
 {
-    std::ostringstream bytes;
-    bytes << std::ifstream(LogFile(), std::ios::binary).rdbuf();
-    return bytes.str();
+    return ReadText(LogFile());
 }
 
 fs::path HostFolders::Discovery() const

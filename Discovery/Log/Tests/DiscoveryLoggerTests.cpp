@@ -16,7 +16,7 @@ void WriteRow(const char* text, LogStreamLevel level = LogStreamLevel::Critical)
 }
 
 /// Leaves the process's logger as it found it: without a stream.
-class DiscoveryLoggerTests : public testing::Test
+class DiscoveryLoggerTests : public FolderTest
 {
 protected:
     void TearDown() override
@@ -25,7 +25,6 @@ protected:
     }
 
     DiscoveryLogger& logger = DiscoveryLogger::Instance();
-    TemporaryFolder folder;
 };
 } // namespace
 
