@@ -84,23 +84,21 @@ TEST_F(SocketRoadsLinuxTests, ADatagramThatAFullQueueLosesCountsAsSent)
 TEST_F(SocketRoadsLinuxTests, ADatagramLeavesByAnInterfaceOfItsSourceOrNotAtAll)
 {
     using Row = std::tuple<const char*, const char*, const char*, int>; // a change of the network, source, target
-    const Row rows[] = {
-        {"true", "10.77.0.5", "10.77.0.1", 0},
-        {"true", "10.77.0.5", "172.17.0.1", 0}, // this host itself
-        {"true", "10.77.0.5", "192.0.2.1", SocketNetworkUnreachable},
-        {"true", "172.17.0.1", "10.77.0.1", SocketNetworkUnreachable},
-        {"true", "172.17.0.1", "10.77.0.255", SocketNetworkUnreachable},
-        {"true", "172.17.0.1", "255.255.255.255", 0},
-        {"true", "192.0.2.2", "10.77.0.1", SocketAddressNotAvailable},
-        {"true", "10.77.0.255", "10.77.0.1", SocketAddressNotAvailable},
-        {"ip route add default dev lan1", "10.77.0.5", "192.0.2.1", 0},
-        {"true", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable},
-        {"ip route add default dev docker0 metric 9", "172.17.0.1", "192.0.2.1", 0},
-        {"ip address add 10.77.0.5/32 dev docker0", "10.77.0.5", "10.77.0.1", 0}, // shared by both
-        {"true", "10.77.0.5", "192.0.2.1", 0},
-        {"ip link set lan1 down", "10.77.0.5", "10.77.0.1", 0},
-        {"ip link set docker0 down", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable},
-    };
+    const Row rows[] = {{"true", "10.77.0.5", "10.77.0.1", 0},
+                        {"true", "10.77.0.5", "172.17.0.1", 0}, // this host itself
+                        {"true", "10.77.0.5", "192.0.2.1", SocketNetworkUnreachable},
+                        {"true", "172.17.0.1", "10.77.0.1", SocketNetworkUnreachable},
+                        {"true", "172.17.0.1", "10.77.0.255", SocketNetworkUnreachable},
+                        {"true", "172.17.0.1", "255.255.255.255", 0},
+                        {"true", "192.0.2.2", "10.77.0.1", SocketAddressNotAvailable},
+                        {"true", "10.77.0.255", "10.77.0.1", SocketAddressNotAvailable},
+                        {"ip route add default dev lan1", "10.77.0.5", "192.0.2.1", 0},
+                        {"true", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable},
+                        {"ip route add default dev docker0 metric 9", "172.17.0.1", "192.0.2.1", 0},
+                        {"ip address add 10.77.0.5/32 dev docker0", "10.77.0.5", "10.77.0.1", 0}, // shared by both
+                        {"true", "10.77.0.5", "192.0.2.1", 0},
+                        {"ip link set lan1 down", "10.77.0.5", "10.77.0.1", 0},
+                        {"ip link set docker0 down", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable}};
     for (const auto& [change, source, target, code] : rows)
     {
         Shell(change);

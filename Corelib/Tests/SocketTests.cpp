@@ -97,13 +97,11 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     socket.Close();
     socket.Close();
     EXPECT_THROW(socket.SendTo(Bytes(), 0, 0, 0, flags, Loopback()), IndexOutOfRangeException);
-    ExpectEachThrows<ObjectClosedException>({
-        [&] { socket.SendTo(Bytes(), Room, 0, 1, flags, Loopback()); },
-        [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, sender); },
-        [&] { socket.Shutdown(SocketShutdown::Both); },
-        [&] { socket.Bind(Sp<EndPoint>(new IPEndPoint(Loopback()))); },
-        [&] { socket.GetAvailable(); },
-    });
+    ExpectEachThrows<ObjectClosedException>({[&] { socket.SendTo(Bytes(), Room, 0, 1, flags, Loopback()); },
+                                             [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, sender); },
+                                             [&] { socket.Shutdown(SocketShutdown::Both); },
+                                             [&] { socket.Bind(Sp<EndPoint>(new IPEndPoint(Loopback()))); },
+                                             [&] { socket.GetAvailable(); }});
 }
 
 TEST(SocketTests, FailuresTellTheirNumber)

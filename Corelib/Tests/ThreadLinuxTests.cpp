@@ -174,13 +174,11 @@ TEST(ThreadLinuxTests, WhoeverIsBlockedAtASignalGetsItWhateverComesNext)
         int waiters;
         std::function<void()> signal;
     };
-    const Row rows[] = {
-        {"each Set counts", one, 2, [&] { one.Set(), one.Set(); }},
-        {"a Reset takes no Set back", one, 1, [&] { one.Set(), one.Reset(); }},
-        {"a Reset closes behind those who waited", all, 3, [&] { all.Set(), all.Reset(); }},
-        {"permits", permits, 2, [&] { permits.Release(2); }},
-        {"ownership", mutex, 1, [&] { mutex.ReleaseMutex(); }},
-    };
+    const Row rows[] = {{"each Set counts", one, 2, [&] { one.Set(), one.Set(); }},
+                        {"a Reset takes no Set back", one, 1, [&] { one.Set(), one.Reset(); }},
+                        {"a Reset closes behind those who waited", all, 3, [&] { all.Set(), all.Reset(); }},
+                        {"permits", permits, 2, [&] { permits.Release(2); }},
+                        {"ownership", mutex, 1, [&] { mutex.ReleaseMutex(); }}};
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.name);

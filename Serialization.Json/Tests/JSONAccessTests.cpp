@@ -79,19 +79,17 @@ TEST(JSONAccessTests, NumbersBecomeIntegersByTruncationWithinTheirRange)
     using Row = std::tuple<std::string, std::int32_t, std::uint32_t, std::int64_t, std::uint64_t>;
     constexpr auto low = Int32::MinValue;
     constexpr auto high = Int32::MaxValue;
-    const Row rows[] = {
-        {"2.9", 2, 2, 2, 2},
-        {"-2.9", -2, 0, -2, 0},
-        {"-2147483648", low, 0, low, 0},
-        {"2147483646", 2147483646, 2147483646u, 2147483646, 2147483646u},
-        {"2147483648", high, 2147483648u, 2147483648, 2147483648u},
-        {"4294967295", high, 4294967295u, 4294967295, 4294967295u},
-        {"-3000000000", low, 0, -3000000000, 0},
-        {"9007199254740992", high, UInt32::MaxValue, 9007199254740992, 9007199254740992u},
-        {"1e19", high, UInt32::MaxValue, Int64::MaxValue, 10000000000000000000u},
-        {"1e999", high, UInt32::MaxValue, Int64::MaxValue, UInt64::MaxValue},
-        {"-1" + std::string(400, '0'), low, 0, Int64::MinValue, 0},
-    };
+    const Row rows[] = {{"2.9", 2, 2, 2, 2},
+                        {"-2.9", -2, 0, -2, 0},
+                        {"-2147483648", low, 0, low, 0},
+                        {"2147483646", 2147483646, 2147483646u, 2147483646, 2147483646u},
+                        {"2147483648", high, 2147483648u, 2147483648, 2147483648u},
+                        {"4294967295", high, 4294967295u, 4294967295, 4294967295u},
+                        {"-3000000000", low, 0, -3000000000, 0},
+                        {"9007199254740992", high, UInt32::MaxValue, 9007199254740992, 9007199254740992u},
+                        {"1e19", high, UInt32::MaxValue, Int64::MaxValue, 10000000000000000000u},
+                        {"1e999", high, UInt32::MaxValue, Int64::MaxValue, UInt64::MaxValue},
+                        {"-1" + std::string(400, '0'), low, 0, Int64::MinValue, 0}};
     for (const auto& [number, int32, uint32, int64, uint64] : rows)
     {
         SCOPED_TRACE(number);

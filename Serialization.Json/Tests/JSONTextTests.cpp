@@ -23,18 +23,16 @@ std::string Nested(int levels)
 
 TEST(JSONTextTests, AcceptsWhatSendersWrite)
 {
-    const Row rows[] = {
-        {"{}", "{}"},
-        {"\x01\t\r\n {\x1F\"a\"\x02:\x03[\x04]\x05,\x06\"b\":{ } }", R"({"a":[],"b":{}})"},
-        {R"({"a":"b"} trailing)", R"({"a":"b"})"},
-        {R"({"a":"b"}{"c":)", R"({"a":"b"})"},
-        {"{\"a\":\"b\"}"s + std::string(2000, '\0') + "}", R"({"a":"b"})"},
-        {R"({"a":[null,true,false]})", R"({"a":[null,true,false]})"},
-        {R"({"A":"1","a":"2","A":"3"})", R"({"A":"1","a":"2","A":"3"})"},
-        {R"({"":""})", R"({"":""})"},
-        {"{\"a\":\"raw\ntab\t\x01 \xFF\xC3\"}", "{\"a\":\"raw\\ntab\\t\\u0001 \xFF\xC3\"}"},
-        {R"({"a":"]}[{\"]}"})", R"({"a":"]}[{\"]}"})"},
-    };
+    const Row rows[] = {{"{}", "{}"},
+                        {"\x01\t\r\n {\x1F\"a\"\x02:\x03[\x04]\x05,\x06\"b\":{ } }", R"({"a":[],"b":{}})"},
+                        {R"({"a":"b"} trailing)", R"({"a":"b"})"},
+                        {R"({"a":"b"}{"c":)", R"({"a":"b"})"},
+                        {"{\"a\":\"b\"}"s + std::string(2000, '\0') + "}", R"({"a":"b"})"},
+                        {R"({"a":[null,true,false]})", R"({"a":[null,true,false]})"},
+                        {R"({"A":"1","a":"2","A":"3"})", R"({"A":"1","a":"2","A":"3"})"},
+                        {R"({"":""})", R"({"":""})"},
+                        {"{\"a\":\"raw\ntab\t\x01 \xFF\xC3\"}", "{\"a\":\"raw\\ntab\\t\\u0001 \xFF\xC3\"}"},
+                        {R"({"a":"]}[{\"]}"})", R"({"a":"]}[{\"]}"})"}};
     for (const auto& [text, printed] : rows)
     {
         EXPECT_EQ(printed, Printed(text)) << text;

@@ -80,25 +80,23 @@ TEST_F(DiscoveryClientMessageParserTests, TypeTargetAndKindOfDeliveryDecideWhatI
     const std::string toForeign = R"(,"NewNICConfigs":[)" + NIC(Foreign) + ']';
     const std::string toBoth = R"(,"NewNICConfigs":[)" + NIC(Foreign) + ',' + NIC(Own) + ']';
     using Row = std::tuple<std::string, const char*, const char*>;
-    const Row rows[] = {
-        {Text("AllSendYourSignature", ""), "0 255.255.255.255", signature},
-        {Text("AllSendYourSignature", alone), "0 10.0.0.9", signature},
-        {Text("SendYourSignature", alone), "0 10.0.0.9", signature},
-        {Text("SendYourSignature", Targeted(Own)), "0 255.255.255.255", signature},
-        {Text("SendYourSignature", Targeted(Foreign)), "", notForMe},
-        {Text("ChangeYourHostName", alone), "3 10.0.0.9", hostName},
-        {Text("ChangeYourHostName", Targeted(Own)), "3 255.255.255.255", hostName},
-        {Text("ChangeYourHostName", Targeted(Foreign)), "", notForMe},
-        {Text("ChangeYourIPConfig", alone + toBoth), "2 10.0.0.9", config},
-        {Text("ChangeYourIPConfig", alone + toForeign), "", notForMe},
-        {Text("ChangeYourIPConfig", R"(,"NewNICConfigs":[])"), "", notForMe},
-        {Text("Hello", alone + host), "", notForMe},
-        {Text("Bye", alone + host), "", notForMe},
-        {Text("SignatureBroadcast", alone + host), "", notForMe},
-        {"no JSON", "", badFormat},
-        {Text("Unknown", ""), "", badFormat},
-        {Text("SendYourSignature", "", "1.x"), "", badFormat},
-    };
+    const Row rows[] = {{Text("AllSendYourSignature", ""), "0 255.255.255.255", signature},
+                        {Text("AllSendYourSignature", alone), "0 10.0.0.9", signature},
+                        {Text("SendYourSignature", alone), "0 10.0.0.9", signature},
+                        {Text("SendYourSignature", Targeted(Own)), "0 255.255.255.255", signature},
+                        {Text("SendYourSignature", Targeted(Foreign)), "", notForMe},
+                        {Text("ChangeYourHostName", alone), "3 10.0.0.9", hostName},
+                        {Text("ChangeYourHostName", Targeted(Own)), "3 255.255.255.255", hostName},
+                        {Text("ChangeYourHostName", Targeted(Foreign)), "", notForMe},
+                        {Text("ChangeYourIPConfig", alone + toBoth), "2 10.0.0.9", config},
+                        {Text("ChangeYourIPConfig", alone + toForeign), "", notForMe},
+                        {Text("ChangeYourIPConfig", R"(,"NewNICConfigs":[])"), "", notForMe},
+                        {Text("Hello", alone + host), "", notForMe},
+                        {Text("Bye", alone + host), "", notForMe},
+                        {Text("SignatureBroadcast", alone + host), "", notForMe},
+                        {"no JSON", "", badFormat},
+                        {Text("Unknown", ""), "", badFormat},
+                        {Text("SendYourSignature", "", "1.x"), "", badFormat}};
     for (const auto& [text, task, lastRow] : rows)
     {
         SCOPED_TRACE(text);

@@ -156,16 +156,14 @@ TEST_F(DiscoveryClientTaskProcessorTests, WithoutATaskASocketOrAHostNothingIsSen
 TEST_F(DiscoveryClientTaskProcessorTests, EachFailureOfASendHasItsRowAndMayAskForARestart)
 {
     using Row = std::tuple<int, const char*, bool>;
-    const Row rows[] = {
-        {10058, "Message not sent : socket shut down", true},
-        {10004, "Message not sent : socket interrupted", true},
-        {10038, "Socket error : Operation attempted on a non-socket object.", true},
-        {10049, "Message not sent : address not available.", false},
-        {10051, "Message not sent : network unreachable.", false},
-        {10054, "Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.", false},
-        {10040, "Unexpected socket error  : The Socket operation failed. !", true},
-        {ClosedObject, "Message not sent : socket closed", true},
-    };
+    const Row rows[] = {{10058, "Message not sent : socket shut down", true},
+                        {10004, "Message not sent : socket interrupted", true},
+                        {10038, "Socket error : Operation attempted on a non-socket object.", true},
+                        {10049, "Message not sent : address not available.", false},
+                        {10051, "Message not sent : network unreachable.", false},
+                        {10054, "Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.", false},
+                        {10040, "Unexpected socket error  : The Socket operation failed. !", true},
+                        {ClosedObject, "Message not sent : socket closed", true}};
     AddNIC("10.0.0.1");
     for (const auto& [code, text, asksForRestart] : rows)
     {

@@ -67,13 +67,11 @@ TEST_F(DiscoveryReceiverTests, FailuresThatItSurvivesAreLoggedAndEachByteOfTheBu
 TEST_F(DiscoveryReceiverTests, FatalFailuresEndItAndAskForOneRestart)
 {
     using Row = std::tuple<int, const char*>;
-    const Row rows[] = {
-        {ClosedObject, "The socket has been closed : ending worker."},
-        {10004, "The socket has been closed : ending worker."},
-        {10058, "The socket has been shut down : ending worker."},
-        {10038, "Socket error : Operation attempted on a non-socket object."},
-        {10060, "Unexpected socket error  : The Socket operation failed. !"},
-    };
+    const Row rows[] = {{ClosedObject, "The socket has been closed : ending worker."},
+                        {10004, "The socket has been closed : ending worker."},
+                        {10058, "The socket has been shut down : ending worker."},
+                        {10038, "Socket error : Operation attempted on a non-socket object."},
+                        {10060, "Unexpected socket error  : The Socket operation failed. !"}};
     for (const auto& [code, text] : rows)
     {
         SCOPED_TRACE(code);
