@@ -90,7 +90,7 @@ void DiscoveryClientService::ServiceEntryPoint()
         Report(NoStopEvent(error));
         return;
     }
-    DiscoveryLogger::Instance().Open(LogPath(), LogStreamLevel::Standard);
+    DiscoveryLogger::Instance().Open(LogPath(), LogStreamLevel::Standard); // decision 176
     Sp<DiscoveryClientDataGatewayW32> gateway(new DiscoveryClientDataGatewayW32());
     Sp<DiscoveryClient> client(new DiscoveryClient(gateway));
     client->Start();

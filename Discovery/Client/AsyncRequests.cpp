@@ -25,7 +25,7 @@ void AsyncRequests::Ask(AsyncRequest request)
     const Lock lock(asyncLock);
     if (isStarting)
     {
-        askedInStart = askedInStart == AsyncRequest::None ? request : askedInStart;
+        askedInStart = askedInStart == AsyncRequest::None ? request : askedInStart; // decision 122
     }
     else if (!asyncPending)
     {
@@ -59,6 +59,7 @@ void AsyncRequests::FailStart()
     Schedule(AsyncRequest::Restart, {});
 }
 
+// decision 123
 void AsyncRequests::Withdraw()
 {
     const Lock lock(asyncLock);

@@ -208,7 +208,7 @@ void DiscoveryClient::EnqueueBroadcast(const Sp<ClientAction>& action)
 
 void DiscoveryClient::SendByeMessage()
 {
-    const Lock lock(lifecycleLock); // a send that fails raises an event that Start and Stop change
+    const Lock lock(lifecycleLock); // a send that fails raises an event that Start and Stop change (decision 124)
     if (const Sp<DiscoveryClientTaskProcessor> processor = TaskProcessor(); processor != null)
     {
         processor->SendByeMessage();

@@ -81,6 +81,7 @@ void DiscoveryClientTaskProcessor::SendHost(const ClientActionArgs& task, Discov
     }
     if (type == DiscoveryMessageType::SignatureBroadcast)
     {
+        // decision 125
         Thread::Sleep(std::min(random.Next(DelaySteps), DelaySteps - 1) * DelayStep); // Next can give its bound
     }
     LogSending(type);

@@ -64,7 +64,7 @@ void HostAnnouncer::SendHostMessage(const DiscoveryHost& host, const IPAddress& 
     {
         return;
     }
-    // The shared socket may be closed when the goodbye goes out.
+    // The shared socket may be closed when the goodbye goes out (decision 127).
     const Sp<IDiscoverySocket> socket =
         type == DiscoveryMessageType::Bye ? CreateSocket(IPAddress::Any) : Required(links.socket);
     if (socket != null)

@@ -10,6 +10,7 @@ constexpr int Shortest = 1000; // milliseconds
 constexpr int Longest = 60000;
 } // namespace
 
+// decision 121
 int RestartSpacing::Next(std::chrono::steady_clock::duration held)
 {
     const bool hasFailed = held < std::chrono::milliseconds(Longest);

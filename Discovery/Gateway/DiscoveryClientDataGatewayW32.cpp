@@ -45,6 +45,7 @@ using Tesmo::System::Net::IPAddress;
 
 namespace
 {
+// decision 141
 constexpr std::int64_t LongestInfos = 65507; // bytes of a file: what UDP over IPv4 carries at most (RFC 768, RFC 791)
 constexpr int RebootDelay = 30;              // seconds: the time that users have to save their work
 
@@ -114,7 +115,7 @@ Sp<NICConfig> MakeWorkItem(const NICConfig& request, const NICConfig& adapter)
                                        request.DefaultGateway, request.MTU));
 }
 
-/// Keeps the adapter with the requested name, else each that isn't stacked on another of them.
+/// Keeps the adapter with the requested name, else each that isn't stacked on another of them (decision 135).
 void KeepRequested(std::vector<Sp<NICConfig>>& adapters, const String& requestedName)
 {
     const auto isOther = [&](const Sp<NICConfig>& adapter) { return adapter->FriendlyName != requestedName; };

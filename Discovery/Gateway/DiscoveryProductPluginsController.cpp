@@ -134,7 +134,7 @@ Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const St
         throw EntryPointNotFoundException(String("Entry point not found: ") + EntryPointName, ThrowSite);
     }
     Answers answers; // outlive the library
-    // A plug-in that throws stays: its exception is code and data of the library.
+    // A plug-in that throws stays: its exception is code and data of the library (decision 144).
     const Platform::Library loaded = library.release();
     const bool hasAnswered = Ask(entryPoint, answers);
     Platform::CloseLibrary(loaded);

@@ -83,6 +83,7 @@ void DiscoveryLogger::Write(const LogStreamChannel& channel, const String& messa
 void DiscoveryLogger::Close()
 {
     const Sp<ILogStream> closed = stream;
+    // decision 60
     stream.Reset(nullptr); // first: a stream that can't be closed shall not stand in the way of the next one
     closed->Close();
 }

@@ -70,7 +70,7 @@ void DiscoveryMessageParser::Process(const Datagram& datagram)
     {
         channel.Critical("Error while parsing/processing message", failure);
     }
-    catch (const std::exception& failure) // an empty Sp or no memory: a datagram must not end the thread
+    catch (const std::exception& failure) // an empty Sp or no memory: a datagram must not end the thread (decision 118)
     {
         channel.Critical("Error while parsing/processing message", Exception(failure.what(), ThrowSite));
     }

@@ -83,7 +83,7 @@ bool DiscoveryReceiver::HandleFailure(const SocketException& failure)
         return true;
     case SocketError::MessageSize:
         channel.Critical(String::Format("MessageSize is too low : {0}! Doubling it...", MessageSize.load()), failure);
-        MessageSize = MessageSize * 2;
+        MessageSize = MessageSize * 2; // decision 132
         return true;
     case SocketError::ConnectionReset:
         channel.Critical("Socket error : remote peer returned a \"Port Unreachable\" ICMP packet.", failure);

@@ -49,6 +49,7 @@ void DiscoveryWorker::Stop()
 void DiscoveryWorker::CloseSocket()
 {
     // The shut-down alone can wake a stage. The lock keeps it from taking the moment before the close for a failure.
+    // decision 130
     const Lock lock(*socket);
     try
     {
@@ -66,6 +67,7 @@ void DiscoveryWorker::RequestEnd()
     stopRequested = true;
 }
 
+// decision 128
 void DiscoveryWorker::EndThread() noexcept
 {
     if (!thread->IsAlive())

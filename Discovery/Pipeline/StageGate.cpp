@@ -30,7 +30,7 @@ bool StageGate::TryAdmit()
     return false;
 }
 
-/// False where the count of a WakeUp has taken the last place; from then on nothing is admitted.
+/// False where the count of a WakeUp has taken the last place; from then on nothing is admitted (decision 117).
 bool StageGate::TryCount()
 {
     try

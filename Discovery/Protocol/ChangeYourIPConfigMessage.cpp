@@ -11,7 +11,7 @@ using Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::String;
 
 namespace
 {
-/// Bad elements of one message that have a log row each; a datagram can hold some 32,000.
+/// Bad elements of one message that have a log row each; a datagram can hold some 32,000 (decision 116).
 constexpr int MostElementRows = 100;
 
 /// @returns false where the element is no object or can't be read

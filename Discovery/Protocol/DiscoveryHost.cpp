@@ -94,7 +94,7 @@ void WriteInfos(JSONStringer& stringer, const Sp<FileTransferInfos>& infos)
     {
         infos->WriteJSON(stringer);
     }
-    catch (const Exception& failure) // an empty key: the pairs before it stay, and the host is announced all the same
+    catch (const Exception& failure) // an empty key: the host is announced with the pairs before it (decision 113)
     {
         DiscoveryChannel(channelName)
             .Critical("Exception caught during JSON FileTransfer infos parsing -> ignoring.", failure);

@@ -46,7 +46,7 @@ const cJSON* JSONArray::Locate(int index) const
     {
         return nullptr;
     }
-    const bool isAhead = lastFound != nullptr && lastIndex <= index;
+    const bool isAhead = lastFound != nullptr && lastIndex <= index; // decision 88
     const cJSON* item = isAhead ? lastFound : root->child;
     for (int steps = isAhead ? index - lastIndex : index; steps > 0 && item != nullptr; --steps)
     {

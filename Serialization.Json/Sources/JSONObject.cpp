@@ -47,7 +47,7 @@ std::uint32_t JSONObject::GetLength() const
     return static_cast<std::uint32_t>(cJSON_GetArraySize(root.get()));
 }
 
-/// What cJSON_GetObjectItem is for; that one obeys the letters of a locale.
+/// What cJSON_GetObjectItem is for; that one obeys the letters of a locale (decision 83).
 const cJSON* JSONObject::Locate(const String& key) const
 {
     const char* const name = key.Utf8().c_str(); // ends at a zero character, as names in the tree do

@@ -53,6 +53,7 @@ bool IsTooLarge(std::string_view number)
 }
 
 /// The shortest text of a double without a decimal point, for which cJSON would take the first byte of a locale's.
+/// (decision 83)
 std::string WithoutPoint(double value)
 {
     std::array<char, 32> text = {};
@@ -83,6 +84,7 @@ bool IsLowSurrogate(int unit)
 
 JSONTextScanner::JSONTextScanner(const std::string& text) : cursor(text.c_str()), pending(cursor) {}
 
+// decision 78
 bool JSONTextScanner::Scan(char opening)
 {
     while (*cursor > 0 && *cursor <= ' ')
@@ -179,6 +181,7 @@ bool JSONTextScanner::ScanEscape()
 }
 
 /// A code unit that makes no character gives nothing, and so does a pair whose second half is no low surrogate.
+/// (decision 79)
 bool JSONTextScanner::ScanUnicodeEscape()
 {
     constexpr int length = 6;

@@ -94,6 +94,7 @@ int RunService(const char*, void (*entry)())
     sigemptyset(&stopSignals);
     sigaddset(&stopSignals, SIGTERM);
     sigaddset(&stopSignals, SIGINT);
+    // decision 173
     pthread_sigmask(SIG_BLOCK, &stopSignals, nullptr); // every thread that starts from here on inherits it
     const Descriptor signals(signalfd(-1, &stopSignals, SFD_CLOEXEC | SFD_NONBLOCK));
     const Descriptor wakes(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
@@ -126,7 +127,7 @@ int ReportServiceStatus(const ServiceStatus& status)
                         : status.currentState == ServiceStopPending ? "STOPPING=1"
                                                                     : nullptr;
     const int result = state == nullptr ? 0 : sd_notify(0, state);
-    // Only now: a stop signal that was held back is reported by the controlling thread at once.
+    // Only now: a stop signal that was held back is reported by the controlling thread at once (decision 172).
     acceptsControls = status.controlsAccepted != AcceptNothing;
     WakeController();
     return result < 0 ? -result : 0;

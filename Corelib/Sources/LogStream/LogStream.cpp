@@ -231,7 +231,7 @@ void LogStream::Close()
         const FileStream* const file = File();
         WriteOwnRow("Close " + (file == nullptr ? String("Log") : Path::GetFileName(file->Name())));
     }
-    if (IsEnded()) // this row, too, may have been the one that could not be split off
+    if (IsEnded()) // this row, too, may have been the one that could not be split off (decision 60)
     {
         return;
     }

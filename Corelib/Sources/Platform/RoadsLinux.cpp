@@ -153,6 +153,7 @@ BroadcastInterface MakeBroadcastInterface(const ifaddrs& entry, const RoutingTab
 }
 } // namespace
 
+// decision 91
 std::optional<Road> FindBroadcastRoad()
 {
     BroadcastInterface best;
@@ -176,6 +177,7 @@ std::optional<Road> FindBroadcastRoad()
     return best.road.interface == 0 ? std::nullopt : std::optional(best.road);
 }
 
+// decision 98
 std::optional<Road> FindRoad(in_addr source, in_addr target)
 {
     if (target.s_addr == INADDR_BROADCAST)

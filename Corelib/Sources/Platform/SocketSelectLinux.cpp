@@ -36,7 +36,7 @@ int Poll(std::vector<pollfd>& waits, Clock::duration limit, bool isLimited)
     return errno == EINTR ? 0 : SocketErrorOf(errno);
 }
 
-/// What was found, with reports of earlier datagrams only where a receive would tell of them.
+/// What was found, with reports of earlier datagrams only where a receive would tell of them (decision 94).
 int Findings(NativeSocket& socket, int found)
 {
     if (socket.datagram && (found & POLLERR) != 0 && DrainReports(socket))

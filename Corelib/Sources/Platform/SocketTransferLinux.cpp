@@ -28,6 +28,7 @@ bool IsReport(int error)
     return std::find(std::begin(reports), std::end(reports), error) != std::end(reports);
 }
 
+// decision 92
 bool TellsOfClosedPort(msghdr& message)
 {
     for (cmsghdr* part = CMSG_FIRSTHDR(&message); part != nullptr; part = CMSG_NXTHDR(&message, part))
@@ -111,7 +112,7 @@ int Send(NativeSocket& socket, const Call& call, const Outgoing& outgoing, const
         const int error = errno;
         if (result >= 0 || (error == ENOBUFS && socket.datagram))
         {
-            // ENOBUFS: lost in a full queue of the interface, which is told only because we ask for reports
+            // ENOBUFS: lost in a full queue of the interface, told only because we ask for reports (decision 93)
             sent = result >= 0 ? static_cast<int>(result) : outgoing.size;
             return 0;
         }
@@ -146,7 +147,7 @@ bool IsBoundToNoAddress(const NativeSocket& socket)
     return ReadLocalAddress(socket, local) == 0 && local.IsIPv4() && local.IPv4().s_addr == INADDR_ANY;
 }
 
-/// The error number of a send that failed for a reason of its own.
+/// The error number of a send that failed for a reason of its own (decision 96).
 int SendErrorOf(const NativeSocket& socket, int error, const NativeAddress& target)
 {
     if (error == EAGAIN)
@@ -228,7 +229,7 @@ int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int fla
     }
     if (socket.datagram && call.End(ReceivingDirection) == 0 && !HasPort(socket))
     {
-        return SocketInvalidArgument; // nothing can come; the kernel would wait for ever
+        return SocketInvalidArgument; // nothing can come; the kernel would wait for ever (decision 95)
     }
     for (;;)
     {

@@ -154,7 +154,7 @@ int BindSocketForSending(NativeSocket& socket, const unsigned char* address, int
     {
         return SocketAddressNotAvailable;
     }
-    local.IPv4(htonl(Nowhere));
+    local.IPv4(htonl(Nowhere)); // decision 97
     const int code = ResultOf(::bind(socket.descriptor, local.Get(), local.length));
     if (code == 0)
     {

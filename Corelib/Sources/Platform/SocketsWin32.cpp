@@ -94,6 +94,7 @@ DWORD ReceiveLimit(const NativeSocket& socket)
 }
 
 /// Receives by an overlapped call: unlike a blocking one it can be broken off at any moment of its course.
+/// (decision 102)
 int ReceiveBlocking(NativeSocket& socket, WSABUF part, DWORD flags, sockaddr* sender, int* senderSize, int& received)
 {
     const Event done;
@@ -235,7 +236,7 @@ int BindSocketForSending(NativeSocket& socket, const unsigned char* address, int
     {
         return code;
     }
-    // a connected datagram socket takes what its peer sends alone, and this peer is the socket itself
+    // a connected datagram socket takes what its peer sends alone, and this peer is the socket itself (decision 99)
     return ResultOf(::getsockname(socket.handle, reinterpret_cast<sockaddr*>(&local), &size) == SOCKET_ERROR
                         ? SOCKET_ERROR
                         : ::connect(socket.handle, reinterpret_cast<sockaddr*>(&local), size));

@@ -1,6 +1,6 @@
 #include "Platform/StackWalker.h"
 
-#include <unwind.h> // the compiler's own, the same on both platforms; it needs no frame pointers
+#include <unwind.h> // the compiler's own, the same on both platforms; it needs no frame pointers (decision 76)
 
 #include <atomic>
 #include <cstddef>

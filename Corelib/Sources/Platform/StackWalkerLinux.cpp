@@ -107,7 +107,7 @@ void KeepSymbol(void* symbol, std::uintptr_t, const char* name, std::uintptr_t s
 }
 
 /// Whether the address lies in the program or plug-in that this library is linked into. Others may be unloaded and
-/// their place taken by another.
+/// their place taken by another (decision 72).
 bool IsInOwnModule(const void* address)
 {
     static const char ownPlace = 0;
@@ -151,7 +151,7 @@ private:
         backtrace_pcinfo(state, call, AddEntry, NoteError, &found);
         if (found.entries.empty())
         {
-            // A state keeps a failed load for good and cannot be freed: the next look-up takes another.
+            // A state keeps a failed load for good and cannot be freed: the next look-up takes another (decision 74).
             state = found.isShortOfResources ? nullptr : state;
             return found;
         }

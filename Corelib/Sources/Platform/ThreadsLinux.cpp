@@ -31,7 +31,7 @@ struct ThreadSlot : ThreadSlotUse
 
 namespace
 {
-constexpr std::size_t MinimumStack = 256 * 1024; // bytes; a JSON text of 1000 levels needs 135 KB
+constexpr std::size_t MinimumStack = 256 * 1024; // bytes; a JSON text of 1000 levels needs 135 KB (decision 40)
 constexpr int NiceStep = 5;
 constexpr int HighestPriority = 4;
 constexpr std::size_t NameSize = 16; // bytes with the closing zero (pthread_setname_np(3))
@@ -75,7 +75,7 @@ void RegisterMainThread()
     }
 }
 
-/// Its destructor tells that the thread has ended.
+/// Its destructor tells that the thread has ended (decision 38).
 struct EndOfThread
 {
     ~EndOfThread()
@@ -91,6 +91,7 @@ struct EndOfThread
 };
 
 /// A thread inherits the nice level of its starter. Without the right to raise it, that level is its normal one.
+/// (decision 36)
 int TakeNormalNice()
 {
     return setpriority(PRIO_PROCESS, 0, mainNice) == 0 ? mainNice.load() : getpriority(PRIO_PROCESS, 0);

@@ -142,7 +142,7 @@ bool TerminateThread(ThreadSlot& slot, int code)
     {
         return false;
     }
-    ::WaitForSingleObject(slot.nativeHandle, INFINITE); // the call above only begins it
+    ::WaitForSingleObject(slot.nativeHandle, INFINITE); // the call above only begins it (decision 39)
     slot.LeaveOfThread();                               // in place of the thread, which may not have come to it
     return true;
 }

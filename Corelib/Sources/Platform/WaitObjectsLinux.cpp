@@ -49,6 +49,7 @@ struct WaitObject
     }
 
     /// Serves as many of the blocked threads as the state allows. Called with the lock held, after each change of it.
+    /// (decision 42)
     void Serve()
     {
         while (Waiter* const waiter = waiters.First())
@@ -174,7 +175,7 @@ bool MutexObject::Release()
     return true;
 }
 
-/// The owner ends. Nobody can reach a closed mutex any more.
+/// The owner ends. Nobody can reach a closed mutex any more (decision 43).
 void MutexObject::Abandon()
 {
     std::unique_lock guard(lock);
@@ -188,6 +189,7 @@ void MutexObject::Abandon()
     }
 }
 
+// decision 41
 struct NamedObjects
 {
     std::mutex lock;

@@ -58,7 +58,7 @@ std::vector<std::string> StackLines(const Diagnostics::CallStack& callStack, con
 }
 
 /// The lines behind the last one that names the type: its constructor is not of interest. The first of them gets the
-/// place of the throw. Empty where no line is left.
+/// place of the throw. Empty where no line is left (decision 70).
 std::string StackText(const std::vector<std::string>& lines, const std::string& typeName, const std::string& throwPlace)
 {
     const auto namesType = [&typeName](const std::string& line) { return line.find(typeName) != std::string::npos; };

@@ -2,5 +2,5 @@
 
 namespace Tesmo::Detail
 {
-constinit const NullBlock nullBlock{};
+constinit const NullBlock nullBlock{}; // decision 1
 } // namespace Tesmo::Detail

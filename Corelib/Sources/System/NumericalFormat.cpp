@@ -134,7 +134,7 @@ void Group(std::string& text, std::size_t start)
     }
 }
 
-/// Precision 0 leaves the bare '.' behind an integer: required.
+/// Precision 0 leaves the bare '.' behind an integer: required (decision 17).
 void AppendFraction(std::string& text, int zeros)
 {
     text += '.';
@@ -154,7 +154,7 @@ std::string_view FloatDigits(double value, std::chars_format style, int precisio
     std::string_view digits(begin, static_cast<std::size_t>(end - begin));
     if (digits.front() == '-' && digits.find_first_of("123456789") == digits.npos)
     {
-        digits.remove_prefix(1); // no negative zero
+        digits.remove_prefix(1); // no negative zero (decision 18)
     }
     return digits;
 }
@@ -244,7 +244,7 @@ void AppendInteger(std::string& text, const Integer& number, std::string_view fo
             Group(text, start);
         }
         return;
-    default: // an unknown letter prints the format, a known one with a bad precision nothing: required
+    default: // an unknown letter prints the format, a known one with a bad precision nothing: required (decision 16)
         if (StandardLetter(format.front()) == 0)
         {
             text += format;

@@ -123,7 +123,7 @@ int PrimitiveWrapper<W, P>::GetHashCode() const
 {
     if constexpr (std::is_same_v<P, double>)
     {
-        return HashOf(std::bit_cast<std::uint64_t>(value + 0.0)); // one hash for both zeros
+        return HashOf(std::bit_cast<std::uint64_t>(value + 0.0)); // one hash for both zeros (decision 18)
     }
     else if constexpr (std::is_same_v<P, float>)
     {

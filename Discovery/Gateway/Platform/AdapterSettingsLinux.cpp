@@ -41,7 +41,7 @@ Manager Make()
     return std::make_unique<Kind>();
 }
 
-/// In the order in which they are asked; the last one owns what is left.
+/// In the order in which they are asked; the last one owns what is left (decision 156).
 constexpr std::array<Manager (*)(), 4> Makers = {Make<NetworkManager>, Make<Networkd>, Make<Ifupdown>,
                                                  Make<KernelAddresses>};
 
@@ -167,7 +167,7 @@ try
     {
         return Refuse(EIO, Failure(owner->Name() + ": " + failure.Reason()));
     }
-    outcome.isUnseen = showedAddress || !ShowsAddress(plan);
+    outcome.isUnseen = showedAddress || !ShowsAddress(plan); // decision 146
     return outcome;
 }
 catch (const std::exception& failure) // a folder that can't be read to its end, no memory

@@ -28,7 +28,7 @@ namespace
 using Socket = std::unique_ptr<nl_sock, decltype(&nl_socket_free)>;
 using Cache = std::unique_ptr<nl_cache, decltype(&nl_cache_free)>;
 
-/// Fetches at most: one in which entries occur twice, since they changed meanwhile, is repeated.
+/// Fetches at most: one in which entries occur twice, since they changed meanwhile, is repeated (decision 137).
 constexpr int MaximumFetches = 5;
 
 /// An adapter, with the metric of its best gateway so far.
@@ -63,7 +63,7 @@ void WriteText(const void* address, char (&text)[AdapterTextSize])
 Entry MakeEntry(rtnl_link* link)
 {
     Entry entry;
-    entry.up = (rtnl_link_get_flags(link) & IFF_UP) != 0;
+    entry.up = (rtnl_link_get_flags(link) & IFF_UP) != 0; // decision 133
     entry.adapter.index = static_cast<std::uint32_t>(rtnl_link_get_ifindex(link));
     const char* name = rtnl_link_get_name(link);
     entry.adapter.friendlyName = name == nullptr ? "" : name;
@@ -77,6 +77,7 @@ Entry MakeEntry(rtnl_link* link)
     return entry;
 }
 
+// decision 136
 LinkPlace MakePlace(rtnl_link* link)
 {
     LinkPlace place;
@@ -98,6 +99,7 @@ void TakeLinks(const Cache& links, Snapshot& snapshot)
                            const int index = rtnl_link_get_ifindex(link);
                            snapshot.hasDuplicates |= !places.emplace(index, MakePlace(link)).second;
                            // A bridge has its port's hardware address: if both were listed, a request would hit both.
+                           // decision 134
                            if ((rtnl_link_get_flags(link) & IFF_LOOPBACK) == 0 && rtnl_link_get_master(link) == 0)
                            {
                                snapshot.entries.emplace(index, MakeEntry(link));

@@ -84,7 +84,7 @@ private:
     bool subscribed = false;
 };
 
-/// From the first wait on: a subscription for each wait would miss what happens between two of them.
+/// From the first wait on: a subscription for each wait would miss what happens between two of them (decision 148).
 std::optional<AddressSocket> subscription;
 
 /// There were changes, or may have been, that no wait has told of, and the socket holds no message of them any more.
@@ -183,6 +183,7 @@ Outcome WaitForChange()
     {
         outcome = Wait(Sources::All, milliseconds(untold ? 0 : -1));
     }
+    // decision 147
     if (outcome == Outcome::Cancelled)
     {
         return outcome;

@@ -25,7 +25,7 @@ int WriteThroughService(SystemBus& bus, const std::string& name)
                     Interactive);
 }
 
-/// The running system first: its name can be put back when the file can't be written.
+/// The running system first: its name can be put back when the file can't be written (decision 153).
 int WriteWithoutService(const std::string& name)
 {
     char oldName[HostNameSize];

@@ -31,7 +31,7 @@ int CallManager(SystemBus& bus, const char* method, const char* types, Arguments
 }
 
 /// The manager counts in microseconds of the real-time clock. It keeps the message for users until the next shutdown,
-/// whoever asks for that, so the message is taken back when the restart is refused.
+/// whoever asks for that, so the message is taken back when the restart is refused (decision 154).
 int RequestFromManager(SystemBus& bus, int seconds)
 {
     const auto when = std::chrono::system_clock::now() + std::chrono::seconds(seconds);
@@ -47,7 +47,7 @@ int RequestFromManager(SystemBus& bus, int seconds)
 }
 
 /// shutdown(8) counts whole minutes. On some systems it waits for the restart itself: so it gets a session of its own,
-/// to live on when this wait has ended, and ignores SIGPIPE, since nobody reads its output then.
+/// to live on when this wait has ended, and ignores SIGPIPE, since nobody reads its output then (decision 155).
 int RequestFromShutdown(int seconds)
 {
     const Deadline deadline = std::chrono::steady_clock::now() + ShutdownLimit;

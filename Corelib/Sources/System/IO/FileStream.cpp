@@ -64,6 +64,7 @@ void CreateEmpty(const String& name)
 }
 
 /// Create and Truncate with reading and writing keep what the file holds, as required: OpenInput stands for that.
+/// (decision 50)
 int FlagsOf(const FileMode& mode, int access)
 {
     constexpr int both = Platform::OpenInput | Platform::OpenOutput;

@@ -41,7 +41,7 @@ using OwnedMonitors = Platform::ThreadOwnership<MonitorData>;
 /// A part of the table with a lock of its own, so that threads with different objects seldom meet. Records are used
 /// again and never given back, as threads may still lock while the process ends: there are as many as were ever in use
 /// at once.
-struct alignas(64) Shard // a cache line of its own
+struct alignas(64) Shard // a cache line of its own (decision 48)
 {
     std::mutex lock;
     MonitorData* used = nullptr;
@@ -130,7 +130,7 @@ bool Wait(std::unique_lock<std::mutex>& guard, MonitorData& data, double millise
                       data.released.wait_for(guard, std::chrono::duration_cast<std::chrono::nanoseconds>(limit), free));
 }
 
-/// Gives up the reference of an owner that ended inside; false when there was none. The lock is free.
+/// Gives up the reference of an owner that ended inside; false when there was none. The lock is free (decision 47).
 bool TakeBackAbandoned(MonitorData& data)
 {
     if (!std::exchange(data.abandoned, false))

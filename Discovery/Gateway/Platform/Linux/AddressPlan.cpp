@@ -56,6 +56,7 @@ bool IsNeighbour(std::uint32_t gateway, std::uint32_t address, std::uint32_t mas
 
 } // namespace
 
+// decision 157
 Failure MakePlan(const AdapterSettings& settings, AddressPlan& plan)
 {
     std::uint32_t address = 0;

@@ -55,6 +55,7 @@ std::string WithoutVariables(const std::string& word)
 
 } // namespace
 
+// decision 171
 CommandResult RunHostCommand(const std::vector<std::string>& arguments, Deadline deadline)
 {
     if (prctl(PR_CAPBSET_READ, CAP_NET_ADMIN) == 1)

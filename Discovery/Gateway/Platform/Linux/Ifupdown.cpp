@@ -26,7 +26,7 @@ constexpr int MaximumTemplates = 16;       // each inheriting from the next
 constexpr unsigned int FirstMetric = 1000; // of a second default route, before the adapter's index
 
 /// Whether ifup takes a name as it is: it puts names into shell commands without quotes, and takes what follows '=' for
-/// another name.
+/// another name (decision 167).
 bool IsPlainName(const std::string& adapter)
 {
     return std::all_of(adapter.begin(), adapter.end(),
@@ -205,7 +205,7 @@ Failure Ifupdown::Obstacle(const std::string& adapter) const
     return TemplateObstacle(adapter);
 }
 
-/// ifup puts inherited options first; an address that is set twice makes its command fail.
+/// ifup puts inherited options first; an address that is set twice makes its command fail (decision 166).
 Failure Ifupdown::TemplateObstacle(const std::string& adapter) const
 {
     std::string name = adapter;
@@ -278,6 +278,7 @@ Failure Ifupdown::Commit()
     return {};
 }
 
+// decision 163
 Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
 {
     if (Failure failure = Obstacle(plan.adapter))
@@ -306,7 +307,7 @@ Failure Ifupdown::Apply(const AddressPlan& plan, Deadline deadline)
     return {};
 }
 
-/// ifdown took them down with the adapter, but ifup brings up the adapter alone.
+/// ifdown took them down with the adapter, but ifup brings up the adapter alone (decision 164).
 Failure Ifupdown::BringUpVlans(Deadline deadline) const
 {
     std::string failures;

@@ -175,6 +175,7 @@ void NetworkManager::ReadDevice(SystemBus& bus, const char* path)
     isActive = !profile.empty();
 }
 
+// decision 169
 void NetworkManager::DisableProbes(const std::string& adapter, Deadline deadline)
 {
     if (isActive)
@@ -296,6 +297,7 @@ Failure NetworkManager::Keep(const AddressPlan& plan, Deadline deadline)
 }
 
 /// On disk too, if it was there: a profile that is changed in memory alone hides its file from the administrator.
+/// (decision 161)
 Failure NetworkManager::RestoreProfile(Deadline deadline)
 {
     if (isStored && !Write({"connection", "modify", "uuid", profile}, *former, deadline))

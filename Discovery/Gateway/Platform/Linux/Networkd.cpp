@@ -20,7 +20,7 @@ constexpr const char* LinkInterface = "org.freedesktop.network1.Link";
 
 constexpr const char* OwnFolder = "/etc/systemd/network/";
 
-/// Of the files that match an adapter, the first in the order of their names counts.
+/// Of the files that match an adapter, the first in the order of their names counts (decision 162).
 std::string OwnName(const std::string& adapter)
 {
     return "00-zelkor-discovery-" + adapter + ".network";
