@@ -56,8 +56,13 @@ TEST(EnumTests, NamesAndNumbersParseAndFlagsAsAListOfNames)
     expect(FileAttributes(), {"ReadOnly,Hidden", false, true, 3});
     FileMode mode(9);
     EXPECT_FALSE(mode.TryParse(null, false, mode));
-    EXPECT_THROW(mode.TryParse("Open", false, const_cast<FileMode&>(static_cast<const FileMode&>(null))),
-                 ArgumentNullException);
+    ExpectEachThrows<ArgumentNullException>(
+        {[] { FileMode(9).TryParse("Open", false, const_cast<FileMode&>(static_cast<const FileMode&>(null))); },
+         []
+         {
+             auto& nothing = const_cast<AddressFamily&>(static_cast<const AddressFamily&>(null));
+             AddressFamily::TryParse("InterNetwork", false, nothing);
+         }});
 }
 
 TEST(EnumTests, ComparisonStaysWithinTheClass)

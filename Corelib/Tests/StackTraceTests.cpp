@@ -171,6 +171,8 @@ TEST(StackTraceTests, AFrameNamesWhatItKnowsAndNoneIsOutOfRange)
     EXPECT_EQ(0, StackTrace(Int32::MaxValue, true).GetFrameCount());
     const CallStackEntry known{"a.cpp", 12, "Run()", 48, 3};
     EXPECT_EQ("Run() at 48  in file:line:column a.cpp : 12 : 3", StackFrame(known, true).ToString().Utf8());
+    EXPECT_EQ("Run() at <unknown offset>  in file:line:column <filename unknown> : 0 : 0",
+              StackFrame(known, false).ToString().Utf8());
     EXPECT_EQ("<unknown method> at <unknown offset>  in file:line:column <filename unknown> : 0 : 0",
               StackFrame(CallStackEntry(), true).ToString().Utf8());
 }

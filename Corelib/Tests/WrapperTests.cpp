@@ -24,6 +24,13 @@ TEST(WrapperTests, EachClassKnowsItsTypeCodeNameAndSign)
     }
 }
 
+TEST(WrapperTests, AWrapperWithoutAValueIsZeroAndEachIsItsPrimitive)
+{
+    EXPECT_TRUE(!Boolean() && SByte() == 0 && Byte() == 0 && Int16() == 0 && UInt16() == 0 && Int32() == 0);
+    EXPECT_TRUE(UInt32() == 0 && Int64() == 0 && UInt64() == 0 && Single() == 0 && Double() == 0);
+    EXPECT_TRUE(char32(Char()) == U'\0' && char32(Char(U'A')) == U'A' && Int32(7) + 1 == 8);
+}
+
 TEST(WrapperTests, EqualityLooksAtTheNumber)
 {
     const auto equal = [](const ValueType& left, const ValueType& right)
@@ -98,6 +105,7 @@ TEST(WrapperTests, ToTypeMakesAWrapperOfTheClassAndPointersAreNumbers)
     int local = 0;
     EXPECT_TRUE(IntPtr(0).Equals(IntPtr::Zero) && !IntPtr(0).Equals(UIntPtr::Zero));
     EXPECT_TRUE(IntPtr(-1).CompareTo(IntPtr::Zero) < 0 && IntPtr(&local).ToPointer() == &local);
+    EXPECT_TRUE(IntPtr(5) + 1 == 6 && UIntPtr(5).Value() == 5);
     EXPECT_EQ("-1 " + std::string(sizeof(void*) * 2, 'f'), String::Format("{0} {0:x}", IntPtr(-1)).Utf8());
     const IFormatProvider& provider = FormatProvider::Default();
     const Up<Object> wide = Int32(7).ToType(Type(typeid(Int64)), provider);
