@@ -80,9 +80,9 @@ Sp<StreamWriter> MakeWriter(const ILogStreamRefTime* source, const String& autho
 
 LogStream::LogStream(const String& path, LogStreamLevel level) : LogStream(&LogStreamRefTime::Default(), path, level) {}
 
-LogStream::LogStream(const String& path, LogStreamLevel level, const String& usedAuthor, const String& usedCompany,
-                     const String& usedProduct)
-    : LogStream(&LogStreamRefTime::Default(), path, level, usedAuthor, usedCompany, usedProduct)
+LogStream::LogStream(const String& path, LogStreamLevel level, const String& headerAuthor, const String& headerCompany,
+                     const String& headerProduct)
+    : LogStream(&LogStreamRefTime::Default(), path, level, headerAuthor, headerCompany, headerProduct)
 {
 }
 
@@ -92,9 +92,9 @@ LogStream::LogStream(const ILogStreamRefTime* source, const String& path, LogStr
 }
 
 LogStream::LogStream(const ILogStreamRefTime* source, const String& path, LogStreamLevel level,
-                     const String& usedAuthor, const String& usedCompany, const String& usedProduct)
-    : LogStream(source, MakeWriter(source, usedAuthor, usedCompany, usedProduct, path, true), path, level, usedAuthor,
-                usedCompany, usedProduct)
+                     const String& headerAuthor, const String& headerCompany, const String& headerProduct)
+    : LogStream(source, MakeWriter(source, headerAuthor, headerCompany, headerProduct, path, true), path, level,
+                headerAuthor, headerCompany, headerProduct)
 {
 }
 
@@ -103,9 +103,9 @@ LogStream::LogStream(const Sp<IO::Stream>& stream, LogStreamLevel level)
 {
 }
 
-LogStream::LogStream(const Sp<IO::Stream>& stream, LogStreamLevel level, const String& usedAuthor,
-                     const String& usedCompany, const String& usedProduct)
-    : LogStream(&LogStreamRefTime::Default(), stream, level, usedAuthor, usedCompany, usedProduct)
+LogStream::LogStream(const Sp<IO::Stream>& stream, LogStreamLevel level, const String& headerAuthor,
+                     const String& headerCompany, const String& headerProduct)
+    : LogStream(&LogStreamRefTime::Default(), stream, level, headerAuthor, headerCompany, headerProduct)
 {
 }
 
@@ -115,20 +115,20 @@ LogStream::LogStream(const ILogStreamRefTime* source, const Sp<IO::Stream>& stre
 }
 
 LogStream::LogStream(const ILogStreamRefTime* source, const Sp<IO::Stream>& stream, LogStreamLevel level,
-                     const String& usedAuthor, const String& usedCompany, const String& usedProduct)
-    : LogStream(source, MakeWriter(source, usedAuthor, usedCompany, usedProduct, stream), String(), level, usedAuthor,
-                usedCompany, usedProduct)
+                     const String& headerAuthor, const String& headerCompany, const String& headerProduct)
+    : LogStream(source, MakeWriter(source, headerAuthor, headerCompany, headerProduct, stream), String(), level,
+                headerAuthor, headerCompany, headerProduct)
 {
 }
 
 LogStream::LogStream(const ILogStreamRefTime* source, const Sp<StreamWriter>& sink, const String& path,
-                     LogStreamLevel level, const String& usedAuthor, const String& usedCompany,
-                     const String& usedProduct)
+                     LogStreamLevel level, const String& headerAuthor, const String& headerCompany,
+                     const String& headerProduct)
     : writer(sink),
       fileName(path),
-      author(usedAuthor),
-      company(usedCompany),
-      product(usedProduct)
+      author(headerAuthor),
+      company(headerCompany),
+      product(headerProduct)
 {
     SetRefTime(source);
     ILogStream::SetLevel(level);

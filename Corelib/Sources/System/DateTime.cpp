@@ -88,7 +88,9 @@ String PrintFields(const std::tm& fields, const char* pattern)
 
 DateTime::DateTime(long long value) : DateTime(value, DateTimeKind::Unspecified) {}
 
-DateTime::DateTime(long long value, DateTimeKind usedKind) : ticks(static_cast<std::uint64_t>(value)), kind(usedKind)
+DateTime::DateTime(long long value, DateTimeKind fieldsKind)
+    : ticks(static_cast<std::uint64_t>(value)),
+      kind(fieldsKind)
 {
     if (ticks > LastTick)
     {
@@ -96,19 +98,19 @@ DateTime::DateTime(long long value, DateTimeKind usedKind) : ticks(static_cast<s
     }
 }
 
-DateTime::DateTime(int year, int month, int day, DateTimeKind usedKind)
-    : DateTime(year, month, day, 0, 0, 0, 0, usedKind)
+DateTime::DateTime(int year, int month, int day, DateTimeKind fieldsKind)
+    : DateTime(year, month, day, 0, 0, 0, 0, fieldsKind)
 {
 }
 
-DateTime::DateTime(int year, int month, int day, int hour, int minute, int second, DateTimeKind usedKind)
-    : DateTime(year, month, day, hour, minute, second, 0, usedKind)
+DateTime::DateTime(int year, int month, int day, int hour, int minute, int second, DateTimeKind fieldsKind)
+    : DateTime(year, month, day, hour, minute, second, 0, fieldsKind)
 {
 }
 
 DateTime::DateTime(int year, int month, int day, int hour, int minute, int second, int millisecond,
-                   DateTimeKind usedKind)
-    : kind(usedKind)
+                   DateTimeKind fieldsKind)
+    : kind(fieldsKind)
 {
     if (!IsDate(year, month, day) || !IsTime(hour, minute, second, millisecond))
     {

@@ -58,9 +58,9 @@ int ParseInt(std::string_view text)
 class CompositeFormatter
 {
 public:
-    CompositeFormatter(const IFormatProvider& usedProvider, std::string_view format, const FormatArgument* list,
+    CompositeFormatter(const IFormatProvider& formatProvider, std::string_view format, const FormatArgument* list,
                        int size)
-        : provider(usedProvider),
+        : provider(formatProvider),
           rest(format),
           arguments(list),
           count(size)

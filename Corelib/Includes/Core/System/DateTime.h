@@ -104,7 +104,7 @@ private:
         std::uint64_t ticks;
     };
 
-    constexpr DateTime(Checked checked, DateTimeKind usedKind) : ticks(checked.ticks), kind(usedKind) {}
+    constexpr DateTime(Checked checked, DateTimeKind fieldsKind) : ticks(checked.ticks), kind(fieldsKind) {}
 
     std::tm BrokenDown() const;
     String Print(const char* pattern) const;

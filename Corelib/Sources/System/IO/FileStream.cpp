@@ -88,10 +88,10 @@ void CheckResult(int code)
 }
 } // namespace
 
-FileStream::FileStream(const String& path, FileMode usedMode, int usedAccess, FileShare)
+FileStream::FileStream(const String& path, FileMode openMode, int openAccess, FileShare)
     : name(CheckedName(path)),
-      mode(usedMode),
-      access(usedAccess),
+      mode(openMode),
+      access(openAccess),
       handle(Platform::NoFile)
 {
     const bool exists = File::Exists(name);
