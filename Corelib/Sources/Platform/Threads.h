@@ -43,7 +43,7 @@ bool SuspendThread(ThreadSlot& slot);
 bool ResumeThread(ThreadSlot& slot);
 bool TerminateThread(ThreadSlot& slot, int code);
 
-/// @param milliseconds  -1 for ever, 0 gives the processor away once
+/// @param milliseconds  -1 for ever, 0 lets other threads that are ready run first
 void SleepThread(int milliseconds);
 
 /// Waits for the end of the thread, thread_local destructors included; true once it has ended. Any number may wait.

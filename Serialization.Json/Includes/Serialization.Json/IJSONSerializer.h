@@ -13,12 +13,13 @@ template <class T>
 class IJSONSerializer : public Tesmo::System::Virtual
 {
 public:
-    /// Parses the text and hands the object on.
+    /// Parses the text as JSONObject does, with its exceptions, and reads the object.
     virtual Tesmo::Up<T> Deserialize(const Tesmo::System::String& text)
     {
         return Deserialize(JSONObject(text));
     }
 
+    /// A new T from the members of object. What a missing or wrong member throws, each serializer tells.
     virtual Tesmo::Up<T> Deserialize(const JSONObject& object) = 0;
 
     /// The text of what the other form writes.
@@ -29,6 +30,7 @@ public:
         return stringer.ToString();
     }
 
+    /// Adds value where the stringer stands: as the root, an element, or the member of its pending key.
     virtual void Serialize(const T& value, JSONStringer& stringer) = 0;
 };
 } // namespace Zelkor::Serialization::Json

@@ -9,6 +9,7 @@ namespace Zelkor::Serialization::Json
 /// Deletes a tree with all that hangs on it.
 struct JSONItemDeleter
 {
+    /// @param item  a null pointer is nothing to delete
     void operator()(cJSON* item) const noexcept;
 };
 

@@ -19,6 +19,7 @@ public:
     };
     using enum Constant;
 
+    /// Without a level: None, at which a stream writes everything.
     LogStreamLevel(Constant constant = None) : LogStreamLevel(static_cast<int>(constant)) {}
 
     /// Takes any number; one outside the table is refused when it is turned into text.

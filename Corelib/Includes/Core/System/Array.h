@@ -56,8 +56,8 @@ public:
         items.assign(source, source + NotNegative(length));
     }
 
+    /// The elements given. A single int would be a length.
     explicit Array(const T& value) requires(!std::same_as<T, int>) : items{value} {}
-
     Array(const T& first, const T& second) : items{first, second} {}
     Array(const T& first, const T& second, const T& third) : items{first, second, third} {}
     Array(const T& first, const T& second, const T& third, const T& fourth) : items{first, second, third, fourth} {}
@@ -85,6 +85,7 @@ public:
     }
     ~Array() override = default;
 
+    /// The number of elements, which nothing but assignment changes.
     int Length() const
     {
         return static_cast<int>(items.size());
@@ -193,6 +194,7 @@ public:
     {
         return Up<Collections::Generic::IEnumerator<T>>(new Enumerator(*this));
     }
+    /// A walk from the last element to the first.
     Up<Collections::Generic::IEnumerator<T>> GetReverseEnumerator() const
     {
         return Up<Collections::Generic::IEnumerator<T>>(new ReverseEnumerator(*this));

@@ -14,9 +14,11 @@ public:
     static constexpr bool MinValue = false;
     static constexpr bool MaxValue = true;
 
+    /// False, or the given value; implicit, so that a plain truth value passes for an object.
     constexpr Boolean() : PrimitiveWrapper(false) {}
     constexpr Boolean(bool primitive) : PrimitiveWrapper(primitive) {}
 
+    /// The texts that ToString gives: "True" and "False".
     static const String& TrueString();
     static const String& FalseString();
 

@@ -29,7 +29,7 @@ public:
         return IsFlags ? EnumNameTable::AreFlagsDefined(this->Names(), this->ToInt32()) : Enum<E>::IsDefined();
     }
 
-    /// Reads a name or a decimal number, for flags also names parted by ",".
+    /// Reads a name or a decimal number, for flags also names with "," between them.
     /// @param result  unchanged where text is none of them, but for flags set to the parts that have a name
     /// @throws ArgumentNullException  result is null
     static bool TryParse(const String& text, bool ignoreCase, BoxEnum& result)

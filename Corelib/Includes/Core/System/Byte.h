@@ -12,6 +12,7 @@ extern template class IntegerWrapper<Byte, std::uint8_t>;
 class Byte : public IntegerWrapper<Byte, std::uint8_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr Byte() : IntegerWrapper(0) {}
     constexpr Byte(std::uint8_t primitive) : IntegerWrapper(primitive) {}
 };

@@ -23,9 +23,9 @@ public:
     static constexpr char32 MinValue{0};
     static constexpr char32 MaxValue{0x10FFFF}; ///< the last code point of Unicode
 
+    /// Code point 0, or the given one; implicit both ways, so that a plain code point passes for an object and back.
     constexpr Char() = default;
     constexpr Char(char32 primitive) : value(primitive) {}
-
     constexpr operator char32() const
     {
         return value;
@@ -38,6 +38,8 @@ public:
     /// False, and no change of result, where Parse throws.
     static bool TryParse(const String& text, char32& result);
 
+    /// Digits are '0' to '9' alone. Upper and lower case are letters that have a partner of the other case; U+00DF is
+    /// lower case although it has none.
     static bool IsDigit(char32 c);
     static bool IsDigit(const String& text, int index);
     static bool IsLetter(char32 c);
@@ -65,6 +67,7 @@ public:
     static bool IsControl(char32 c);
     static bool IsControl(const String& text, int index);
 
+    /// The partner of the other case; c itself where it has none.
     static char32 ToLower(char32 c);
     static char32 ToUpper(char32 c);
 

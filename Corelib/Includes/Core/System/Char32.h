@@ -10,6 +10,7 @@ struct char32
 {
     std::uint32_t value = 0;
 
+    /// 0, or the given number, which is not checked to be a code point.
     constexpr char32() = default;
     constexpr char32(std::uint32_t codePoint) : value(codePoint) {}
     constexpr char32(char32_t codePoint) : value(codePoint) {}

@@ -10,7 +10,7 @@ namespace Tesmo::System
 {
 namespace Detail
 {
-/// Out of line, so that a check costs its caller a comparison alone.
+/// Out of line, so that a check costs its caller only a comparison.
 [[noreturn, gnu::cold]] void ThrowArgumentNull(CallSite site);
 [[noreturn, gnu::cold]] void ThrowArgumentOutOfRange(CallSite site);
 

@@ -16,6 +16,7 @@ class Convert
 public:
     Convert() = delete;
 
+    /// As IConvertible tells; fractions are cut off.
     static bool ToBoolean(const IConvertible& value);
     static std::uint8_t ToByte(const IConvertible& value);
     static char32 ToChar(const IConvertible& value);

@@ -24,6 +24,7 @@ public:
     static const DateTime MinValue;
     static const DateTime MaxValue;
 
+    /// MinValue, or the moment of so many ticks in UTC, whatever the kind; of kind Unspecified where none is given.
     constexpr DateTime() = default;
     explicit DateTime(long long ticks);
     DateTime(long long ticks, DateTimeKind kind);
@@ -41,6 +42,7 @@ public:
     /// Midnight of the present local day, as kind Local.
     static DateTime Today();
 
+    /// Since midnight of 1 January of year 1 in UTC, whatever the kind.
     std::int64_t Ticks() const
     {
         return static_cast<std::int64_t>(ticks);
@@ -49,13 +51,15 @@ public:
     {
         return kind;
     }
+
+    /// The calendar fields: in local time where the kind is Local, else in UTC.
     int Year() const;
-    int Month() const; ///< 1 to 12
-    int Day() const;   ///< 1 to 31
-    int Hour() const;
-    int Minute() const;
-    int Second() const;
-    int Millisecond() const;
+    int Month() const;       ///< 1 to 12
+    int Day() const;         ///< 1 to 31
+    int Hour() const;        ///< 0 to 23
+    int Minute() const;      ///< 0 to 59
+    int Second() const;      ///< 0 to 59
+    int Millisecond() const; ///< 0 to 999
     System::DayOfWeek DayOfWeek() const;
     int DayOfYear() const; ///< 1 to 366
 
@@ -64,7 +68,8 @@ public:
     /// The same moment as kind Local.
     DateTime ToLocalTime() const;
 
-    /// The kind stays.
+    /// The sum has the kind of this moment; a difference of moments goes by the ticks, whatever the kinds.
+    /// @throws ArgumentNullException  the argument is null
     DateTime Add(const TimeSpan& span) const;
     DateTime Subtract(const TimeSpan& span) const;
     TimeSpan Subtract(const DateTime& other) const;

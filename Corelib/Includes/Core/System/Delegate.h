@@ -20,6 +20,7 @@ template <class R, class... Args>
 class Delegate : public Object
 {
 public:
+    /// Empty: equals null, and Invoke calls nothing.
     Delegate() = default;
     Delegate(const Null&) {}
 
@@ -41,6 +42,7 @@ public:
         Take({Record::Bind(static_cast<Base*>(&target), NotNull(method, site))});
     }
 
+    /// The same for an object that may only be read.
     template <class Base, std::derived_from<Base> T>
     Delegate(const T& target, R (Base::*method)(Args...) const, CallSite site = CallSite::Here())
     {
@@ -50,6 +52,7 @@ public:
 
     Delegate(const Delegate&) = default;
     Delegate& operator=(const Delegate&) = default;
+    /// Takes every function out; calls under way go on.
     Delegate& operator=(const Null&)
     {
         records.reset();
@@ -57,7 +60,7 @@ public:
     }
 
     /// Calls every function of the list in order; the last result counts. An empty list gives a default value.
-    /// A function may change the list, or end the delegate: this call goes on with the list as it began.
+    /// A function may change the list, or destroy the delegate: this call goes on with the list as it began.
     R Invoke(Args... args) const
     {
         const Snapshot walked = records;

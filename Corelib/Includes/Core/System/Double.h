@@ -12,6 +12,7 @@ extern template class FloatWrapper<Double, double>;
 class Double : public FloatWrapper<Double, double>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr Double() : FloatWrapper(0) {}
     constexpr Double(double primitive) : FloatWrapper(primitive) {}
 };

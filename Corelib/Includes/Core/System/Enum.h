@@ -26,8 +26,10 @@ template <NamedEnum E>
 class Enum : public Object, public IComparable, public IHashable, public IEnum
 {
 public:
+    /// Takes every number that the type can hold, also one without a name.
     Enum(E constant = E()) : value(constant) {}
 
+    /// The plain constant; implicit too, so that an object passes for it.
     E Value() const
     {
         return value;

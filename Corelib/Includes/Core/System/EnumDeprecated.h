@@ -58,6 +58,7 @@ public:
     int CompareTo(const IComparable& other) const override;
     int GetHashCode() const override; ///< the value
 
+    /// The number, which need not have a name.
     int Value() const
     {
         return value;

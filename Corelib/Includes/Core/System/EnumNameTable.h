@@ -22,10 +22,11 @@ public:
     /// The name of value, or value in decimal.
     static String TextOf(const Names& names, int value);
 
-    /// The names of the bits of value, the highest first, parted by ", "; the name of 0 or "0" for none. In decimal where
-    /// a bit has no name.
+    /// The names of the bits of value, the highest first, with ", " between them; the name of 0 or "0" for none. In
+    /// decimal where a bit has no name.
     static String FlagsTextOf(const Names& names, int value);
 
+    /// True where value itself has a name; AreFlagsDefined looks at its bits.
     static bool IsDefined(const Names& names, int value);
 
     /// True where the bits of value are made of named values.
@@ -34,8 +35,8 @@ public:
     /// Reads a name or a decimal number. False, and no change of value, for other text and for null.
     static bool TryParse(const Names& names, const String& text, bool ignoreCase, int& value);
 
-    /// Reads names parted by ",", blanks around each allowed, or one decimal number. False where a part has no name:
-    /// value then holds the parts that have one.
+    /// Reads names with "," between them, blanks around each allowed, or one decimal number. False where a part has no
+    /// name: value then holds the parts that have one.
     static bool TryParseFlags(const Names& names, const String& text, bool ignoreCase, int& value);
 };
 } // namespace Tesmo::System

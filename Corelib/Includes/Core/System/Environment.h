@@ -22,7 +22,7 @@ public:
     static String UserDomainName();        ///< USERDOMAIN
     static String ProcessorArchitecture(); ///< PROCESSOR_ARCHITECTURE
     static int ProcessorCount();           ///< NUMBER_OF_PROCESSORS; 1 where it is no number
-    static bool Is64BitProcess();
+    static bool Is64BitProcess();          ///< of this program, not of the system under it
 
     /// The running operating system.
     static const OperatingSystem& OSVersion();

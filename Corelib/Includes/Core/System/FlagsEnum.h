@@ -14,8 +14,8 @@ public:
     /// True where the bits are made of named values.
     bool IsDefined() const override;
 
-    /// Reads names parted by ",", blanks around each allowed, or one decimal number. Result is set to 0 first; where a
-    /// part has no name it holds the others, and the outcome is false.
+    /// Reads names with "," between them, blanks around each allowed, or one decimal number. Result is set to 0 first;
+    /// where a part has no name it holds the others, and the outcome is false.
     /// @throws ArgumentNullException  result is null
     bool TryParse(const String& text, bool ignoreCase, EnumDeprecated& result) const override;
 

@@ -17,6 +17,8 @@ namespace Tesmo::System
 class FormatArgument
 {
 public:
+    /// Implicit, so that Format takes its arguments as they are. A char is read as ISO 8859-1, a C string as UTF-8; a
+    /// null pointer is a null argument.
     FormatArgument() = default;
     FormatArgument(const Null&) {}
     FormatArgument(char32 value) : kind(Kind::Character), unsignedValue(value.value) {}
@@ -27,6 +29,7 @@ public:
     FormatArgument(const char* value) : kind(value == nullptr ? Kind::Null : Kind::Bytes), bytes(value) {}
     FormatArgument(const String& value) : kind(IsNull(value) ? Kind::Null : Kind::Text), text(&value) {}
 
+    /// The width is kept: hexadecimal shows a negative number in two's complement of that width.
     template <std::signed_integral T>
     FormatArgument(T value) : kind(Kind::Signed),
                               bits(sizeof(T) * 8),
@@ -43,6 +46,7 @@ public:
     {
     }
 
+    /// Its text is that of IFormattable by the format, where the class has it, else ToString().
     template <std::derived_from<Object> T>
     FormatArgument(const T& value)
     {

@@ -10,6 +10,7 @@ namespace Tesmo::System
 class FormatProvider : public Object, public IFormatProvider, public ICustomFormatter
 {
 public:
+    /// Without state, so any number of threads may use it at once, also before main.
     static const FormatProvider& Default()
     {
         return instance;

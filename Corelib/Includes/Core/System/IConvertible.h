@@ -17,6 +17,9 @@ class IFormatProvider;
 class IConvertible : public Virtual
 {
 public:
+    /// The class of the value, and the value as each primitive: a number counts as true unless it is 0, true counts as
+    /// 1, a moment as its ticks, a character as its code point; fractions are cut off. The provider is not looked at.
+    /// @throws FormatException  the value is a text that does not read as the target
     virtual TypeCode GetTypeCode() const = 0;
     virtual bool ToBoolean(const IFormatProvider& provider) const = 0;
     virtual std::uint8_t ToByte(const IFormatProvider& provider) const = 0;

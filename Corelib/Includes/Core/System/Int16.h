@@ -12,6 +12,7 @@ extern template class IntegerWrapper<Int16, std::int16_t>;
 class Int16 : public IntegerWrapper<Int16, std::int16_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr Int16() : IntegerWrapper(0) {}
     constexpr Int16(std::int16_t primitive) : IntegerWrapper(primitive) {}
 };

@@ -12,6 +12,7 @@ extern template class IntegerWrapper<Int32, std::int32_t>;
 class Int32 : public IntegerWrapper<Int32, std::int32_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr Int32() : IntegerWrapper(0) {}
     constexpr Int32(std::int32_t primitive) : IntegerWrapper(primitive) {}
 };

@@ -12,6 +12,7 @@ extern template class IntegerWrapper<Int64, std::int64_t>;
 class Int64 : public IntegerWrapper<Int64, std::int64_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr Int64() : IntegerWrapper(0) {}
     constexpr Int64(std::int64_t primitive) : IntegerWrapper(primitive) {}
 };

@@ -13,6 +13,7 @@ class IntPtr : public PointerWrapper<IntPtr, std::intptr_t>
 public:
     static const IntPtr Zero;
 
+    /// 0, a number, or the address that a pointer holds.
     constexpr IntPtr() : PointerWrapper(0) {}
     constexpr IntPtr(std::intptr_t number) : PointerWrapper(number) {}
     template <class T>

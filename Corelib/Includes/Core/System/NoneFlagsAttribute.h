@@ -4,7 +4,7 @@
 
 namespace Tesmo::System
 {
-/// Marks an enumeration whose values stand alone.
+/// Marks an enumeration whose values do not combine.
 class NoneFlagsAttribute : public Attribute
 {
 };

@@ -15,6 +15,7 @@ public:
     /// @throws ArgumentNullException  version is null
     OperatingSystem(PlatformID platform, const Version& version);
 
+    /// Platform and version as given; the service pack follows from the numbers of the version.
     PlatformID Platform() const
     {
         return platform;

@@ -17,6 +17,7 @@ class PointerWrapper : public Object, public IComparable, public IFormattable
 public:
     static constexpr int Size = sizeof(P); ///< bytes
 
+    /// The number. As a pointer it is not checked to point anywhere.
     constexpr operator P() const
     {
         return value;

@@ -22,6 +22,7 @@ class PrimitiveWrapper : public ValueType,
 public:
     using Primitive = P;
 
+    /// Implicit, so that an object passes for its plain value.
     constexpr operator P() const
     {
         return value;

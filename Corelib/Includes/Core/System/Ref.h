@@ -10,6 +10,7 @@ template <class T>
 class Ref
 {
 public:
+    /// Links to nothing: equals null.
     Ref() = default;
     Ref(const Null&) {}
     /// @throws ArgumentNullException  object is the null reference

@@ -12,6 +12,7 @@ extern template class IntegerWrapper<SByte, std::int8_t>;
 class SByte : public IntegerWrapper<SByte, std::int8_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr SByte() : IntegerWrapper(0) {}
     constexpr SByte(std::int8_t primitive) : IntegerWrapper(primitive) {}
 };

@@ -12,6 +12,7 @@ extern template class FloatWrapper<Single, float>;
 class Single : public FloatWrapper<Single, float>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr Single() : FloatWrapper(0) {}
     constexpr Single(float primitive) : FloatWrapper(primitive) {}
 };

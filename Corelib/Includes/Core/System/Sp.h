@@ -17,6 +17,7 @@ template <class T>
 class Sp
 {
 public:
+    /// Holds nothing: equals null.
     Sp() = default;
     Sp(const Null&) {}
 
@@ -44,6 +45,7 @@ public:
     {
     }
 
+    /// Takes the object over from its sole owner, which is empty afterwards.
     template <HeldAs<T> U>
     explicit Sp(Up<U>&& sole)
     {

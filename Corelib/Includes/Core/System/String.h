@@ -59,14 +59,15 @@ public:
 
     String& operator=(const String& other);
     String& operator=(String&& other) noexcept = default;
-    String& operator=(const char* text);
+    String& operator=(const char* text); ///< UTF-8, not checked
 
     bool Equals(const Object& other) const override; ///< null throws here; another class gives false
     String ToString() const override;
     ~String() override = default;
-    virtual bool Equals(const String& other) const; ///< false for null
-    virtual bool IsSigned() const;
-    virtual bool Contains(const String& value) const;
+    virtual bool Equals(const String& other) const;   ///< false for null
+    virtual bool IsSigned() const;                    ///< false: a text is no number with a sign
+    virtual bool Contains(const String& value) const; ///< true for an empty value
+    /// A walk from the last code point to the first.
     virtual Up<Collections::Generic::IEnumerator<char32>> GetReverseEnumerator() const;
 
     int GetHashCode() const override; ///< h = h * 5 + c over the code points; fixes the walk order of dictionaries
@@ -78,6 +79,7 @@ public:
     {
         return value.Length();
     }
+    /// True for a text of no code points; bytes that form none do not count.
     bool IsEmpty() const
     {
         return value.Length() == 0;
@@ -96,6 +98,7 @@ public:
     }
 
     bool operator==(const String& other) const; ///< false for null
+    /// Appends. A text that is built in a loop grows in its place, without a copy at each step.
     String& operator+=(const String& other);
     template <Detail::Character C> // a number would convert
     String& operator+=(C c)
@@ -104,6 +107,7 @@ public:
         return *this;
     }
 
+    /// The texts one behind the other, nothing between them.
     static String Concat(const String& a, const String& b);
     static String Concat(const String& a, const String& b, const String& c);
     static String Concat(const String& a, const String& b, const String& c, const String& d);
@@ -140,6 +144,7 @@ public:
     bool EndsWith(const String& value) const;
     bool EndsWith(const String& value, bool ignoreCase) const;
 
+    /// From startIndex to the end; empty at startIndex Length().
     String Substring(int startIndex) const;
     /// A length past the end is cut down; -1 means all that remains.
     String Substring(int startIndex, int length) const;
@@ -203,6 +208,7 @@ private:
     ustring value;
 };
 
+/// @throws ArgumentNullException  a text is null, or a null pointer
 String operator+(const String& left, const String& right);
 String operator+(const String& left, const char* right);
 String operator+(const char* left, const String& right);
@@ -223,12 +229,13 @@ requires(!Detail::TwoNumbers<L, R>) String operator+(const L& left, const R& rig
     return Detail::TextOf(left) + Detail::TextOf(right);
 }
 
+/// An object beside a C string, which is read as UTF-8.
+/// @throws ArgumentNullException  the object is null, or the C string a null pointer
 template <std::derived_from<Object> L>
 String operator+(const L& left, const char* right)
 {
     return Detail::TextOf(left) + right;
 }
-
 template <std::derived_from<Object> R>
 String operator+(const char* left, const R& right)
 {

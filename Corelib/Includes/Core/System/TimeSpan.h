@@ -23,6 +23,7 @@ public:
     static const TimeSpan MinValue;
     static const TimeSpan MaxValue;
 
+    /// Zero; a number of ticks; or the sum of the parts, each of any size and sign.
     constexpr TimeSpan() = default;
     constexpr explicit TimeSpan(long long value) : ticks(value) {}
     TimeSpan(int hours, int minutes, int seconds);
@@ -37,6 +38,7 @@ public:
     static TimeSpan FromMilliseconds(double value);
     static TimeSpan FromTicks(long long value);
 
+    /// The whole span, in units of 100 nanoseconds.
     std::int64_t Ticks() const
     {
         return ticks;
@@ -56,11 +58,11 @@ public:
     double TotalSeconds() const;
     double TotalMilliseconds() const;
 
+    /// The operators + and - do the same. Null gives ArgumentNullException; MinValue has no negation.
     TimeSpan Add(const TimeSpan& other) const;
     TimeSpan Subtract(const TimeSpan& other) const;
     TimeSpan Negate() const;
     TimeSpan Duration() const; ///< without its sign
-
     TimeSpan operator+(const TimeSpan& other) const;
     TimeSpan operator-(const TimeSpan& other) const;
     TimeSpan operator-() const;

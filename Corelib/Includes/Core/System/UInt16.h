@@ -12,6 +12,7 @@ extern template class IntegerWrapper<UInt16, std::uint16_t>;
 class UInt16 : public IntegerWrapper<UInt16, std::uint16_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr UInt16() : IntegerWrapper(0) {}
     constexpr UInt16(std::uint16_t primitive) : IntegerWrapper(primitive) {}
 };

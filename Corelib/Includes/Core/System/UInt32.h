@@ -12,6 +12,7 @@ extern template class IntegerWrapper<UInt32, std::uint32_t>;
 class UInt32 : public IntegerWrapper<UInt32, std::uint32_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr UInt32() : IntegerWrapper(0) {}
     constexpr UInt32(std::uint32_t primitive) : IntegerWrapper(primitive) {}
 };

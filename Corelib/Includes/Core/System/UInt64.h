@@ -12,6 +12,7 @@ extern template class IntegerWrapper<UInt64, std::uint64_t>;
 class UInt64 : public IntegerWrapper<UInt64, std::uint64_t>
 {
 public:
+    /// 0, or the given number; implicit, so that a plain number passes for an object.
     constexpr UInt64() : IntegerWrapper(0) {}
     constexpr UInt64(std::uint64_t primitive) : IntegerWrapper(primitive) {}
 };

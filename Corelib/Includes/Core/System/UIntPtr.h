@@ -13,6 +13,7 @@ class UIntPtr : public PointerWrapper<UIntPtr, std::uintptr_t>
 public:
     static const UIntPtr Zero;
 
+    /// 0, a number, or the address that a pointer holds.
     constexpr UIntPtr() : PointerWrapper(0) {}
     constexpr UIntPtr(std::uintptr_t number) : PointerWrapper(number) {}
     template <class T>

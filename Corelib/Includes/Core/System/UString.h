@@ -36,6 +36,7 @@ public:
         std::int8_t sequenceLength = 0; ///< bytes of the current sequence
         std::int32_t charIndex = 0;     ///< index of the current code point
 
+        /// Code point 0 at the end.
         char32 operator*() const
         {
             return byteIndex < 0 ? char32() : Utf8::Decode(Sequence());
@@ -49,17 +50,20 @@ public:
                        : std::string_view(owner->data() + byteIndex, static_cast<std::size_t>(sequenceLength));
         }
 
+        /// One code point on in the direction of the walk; none at the end.
         basic_iterator& operator++()
         {
             Reverse ? Backward() : Forward();
             return *this;
         }
 
+        /// The same; gives where it stood before.
         basic_iterator operator++(int)
         {
             return std::exchange(*this, ++basic_iterator(*this));
         }
 
+        /// One code point back; from the end to the last code point of the walk.
         basic_iterator& operator--()
         {
             if (byteIndex < 0)
@@ -73,6 +77,7 @@ public:
             return *this;
         }
 
+        /// The same; gives where it stood before.
         basic_iterator operator--(int)
         {
             return std::exchange(*this, --basic_iterator(*this));
@@ -139,6 +144,7 @@ public:
     }
     ~ustring() = default;
 
+    /// The bytes as they are, unchecked, or count copies of c.
     explicit ustring(std::string utf8);
     ustring(char32 c, std::size_t count);
 
@@ -151,6 +157,7 @@ public:
         return length;
     }
 
+    /// UTF-8, with the bytes that form no sequence.
     const std::string& Bytes() const
     {
         return bytes;
@@ -162,6 +169,7 @@ public:
         return bytes.size() == static_cast<std::size_t>(length);
     }
 
+    /// Walks over the code points, from the first on or from the last back.
     const_iterator begin() const;
     const_iterator end() const;
     const_reverse_iterator rbegin() const;
@@ -172,8 +180,10 @@ public:
     /// A walk backwards that begins at an index below Length().
     const_reverse_iterator BackFrom(std::size_t charIndex) const;
 
+    /// A sequence that is cut short at the end becomes a code point when other begins with the rest of it.
     void Append(const ustring& other);
     void Append(char32 c);
+    /// Makes room for a text of byteCount bytes in all, so that appending up to there allocates nothing.
     void Reserve(std::size_t byteCount);
 
     /// Byte position of a code point's index; 0 for the index 0, the byte count for the index Length(); npos past it.

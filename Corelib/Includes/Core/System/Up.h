@@ -19,6 +19,7 @@ class Up
 public:
     using Element = std::remove_extent_t<T>;
 
+    /// Holds nothing, or owns object from now on; a null pointer is nothing.
     Up() = default;
     Up(const Null&) {}
     explicit Up(Element* object) : pointer(object) {}

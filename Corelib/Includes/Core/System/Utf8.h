@@ -24,6 +24,7 @@ constexpr int LengthByLead(char lead)
     return ones == 1 ? 0 : ones > static_cast<int>(MaxSequenceLength) ? -1 : ones;
 }
 
+/// True for 0x80 to 0xBF.
 constexpr bool IsContinuation(char byte)
 {
     return LengthByLead(byte) == 0;

@@ -25,13 +25,15 @@ public:
     Version(int major, int minor, int build);
     Version(int major, int minor, int build, int revision);
 
-    /// Reads up to four numbers parted by ".". The first two are 0 and the others not given where they are missing.
+    /// Reads up to four numbers with "." between them. Missing ones count as 0 in the first two places and as not given
+    /// in the others.
     /// @throws ArgumentNullException        text is null
     /// @throws FormatException              a part is no number, or there are more than four
     /// @throws OverflowException            a part does not fit 32 bits
     /// @throws ArgumentOutOfRangeException  a part is negative
     static Version Parse(const String& text);
 
+    /// 0 or more; so are Build and Revision where they are given.
     int Major() const
     {
         return majorNumber;

@@ -17,11 +17,11 @@ public:
     /// @param needFileInfo  false: the method alone
     StackFrame(const CallStackEntry& entry, bool needFileInfo);
 
-    const String& GetFileName() const;
-    int GetFileLineNumber() const;
-    int GetFileColumnNumber() const; ///< bytes from the first instruction of the line
-    const String& GetMethod() const;
-    int GetOffset() const; ///< bytes from the start of the function
+    const String& GetFileName() const; ///< as the compiler was given it; empty without file information
+    int GetFileLineNumber() const;     ///< from 1
+    int GetFileColumnNumber() const;   ///< bytes from the first instruction of the line
+    const String& GetMethod() const;   ///< with its parameters, as the symbols have it
+    int GetOffset() const;             ///< bytes from the start of the function
 
     /// "method at offset  in file:line:column file : line : column"
     String ToString() const override;

@@ -31,6 +31,7 @@ public:
     /// @throws ArgumentOutOfRangeException  skipFrames is negative
     StackTrace(const CallStack& callStack, int skipFrames, bool needFileInfo);
 
+    /// 0 where there are no symbols.
     int GetFrameCount() const;
 
     /// A copy of the frame; empty where there is no such frame.

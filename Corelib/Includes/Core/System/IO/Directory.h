@@ -10,6 +10,7 @@ class Directory
 public:
     Directory() = delete;
 
+    /// False also where a file has that name.
     static bool Exists(const String& path);
     /// Makes the folder and all its missing parents.
     static void CreateDirectory(const String& path);

@@ -10,7 +10,7 @@ class File
 public:
     File() = delete;
 
-    /// False for any path that is none, null included.
+    /// False also for null and for a path that is not valid.
     static bool Exists(const String& path);
     static void Delete(const String& path);
     static void Move(const String& source, const String& target);

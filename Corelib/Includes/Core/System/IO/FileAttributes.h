@@ -8,7 +8,7 @@
 
 namespace Tesmo::System::IO
 {
-/// The constants of FileAttributes (winnt.h: FILE_ATTRIBUTE_READONLY and its kin).
+/// The constants of FileAttributes (winnt.h: FILE_ATTRIBUTE_READONLY and the like).
 struct FileAttributesConstants
 {
     enum Constant
@@ -47,6 +47,7 @@ struct FileAttributesConstants
     };
 };
 
+/// By which Enum finds the names (see NamedEnum).
 constexpr std::span<const EnumName> EnumNamesOf(FileAttributesConstants::Constant)
 {
     return FileAttributesConstants::Names;
@@ -59,8 +60,10 @@ public:
     using enum FileAttributesConstants::Constant;
 
     using BoxEnum::BoxEnum;
+    /// A number is kept with the bits that no constant has; it prints in decimal then.
     explicit FileAttributes(int number) : BoxEnum(static_cast<FileAttributesConstants::Constant>(number)) {}
 
+    /// True where the bit is set, whatever the others are; false for a bit of 0.
     bool Has(FileAttributesConstants::Constant bit) const
     {
         return (ToInt32() & bit) != 0;

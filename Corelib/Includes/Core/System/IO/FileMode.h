@@ -18,6 +18,7 @@ public:
         Append = 6,   ///< every write goes to the end; for writing only
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     FileMode(Constant constant) : EnumDeprecated(constant) {}
     explicit FileMode(int number) : EnumDeprecated(number) {}
 

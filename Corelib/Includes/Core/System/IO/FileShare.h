@@ -19,6 +19,7 @@ public:
         Inheritable = 16,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     FileShare(Constant constant = None) : EnumDeprecated(constant) {}
     explicit FileShare(int number) : EnumDeprecated(number) {}
 

@@ -12,9 +12,11 @@ class FileSystemInfo : public Object
 public:
     ~FileSystemInfo() override = default;
 
+    /// False where a file has the name of a folder, or a folder that of a file.
     virtual bool Exists() const = 0;
-    virtual String FullName() const;
+    virtual String FullName() const; ///< from the root on, without "." and ".."
     virtual String Name() const = 0; ///< the last part of the path
+    /// A failure gives Security::SecurityException for a file, IOException for a folder.
     virtual void Delete() = 0;
 
     /// @throws FileNotFoundException  they cannot be read

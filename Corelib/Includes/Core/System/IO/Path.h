@@ -7,13 +7,14 @@ namespace Tesmo::System::IO
 {
 /// Names of files and folders as text. Nothing here looks at the disk, but GetFullPath asks for the current folder.
 /// A path is drive + folders + name + extension: the folders end with the last separator, the extension begins at the
-/// last dot of what follows. On Win32 the separator is the backslash, and a slash parts too; on Linux it is the slash,
-/// and there is no drive. Every operation but IsValid gives ArgumentException for a path that is not valid.
+/// last dot of what follows. On Win32 the separator is the backslash, and a slash separates too; on Linux it is the
+/// slash, and there is no drive. Every operation but IsValid gives ArgumentException for a path that is not valid.
 class Path
 {
 public:
     Path() = delete;
 
+    /// The backslash on Win32, the slash on Linux.
     static char32 DirectorySeparator();
 
     /// False for null and for a path with a double quote, '<', '>', '|' or a control character from 1 to 31.

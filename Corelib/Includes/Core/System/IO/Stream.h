@@ -17,10 +17,13 @@ public:
     Stream(const Stream&) = delete;
     Stream& operator=(const Stream&) = delete;
 
+    /// What the stream is made for; a closed one can be neither read nor written.
     virtual bool CanRead() const = 0;
     virtual bool CanSeek() const = 0;
     virtual bool CanTimeout() const; ///< false
     virtual bool CanWrite() const = 0;
+    /// In bytes; positions count from the start.
+    /// @throws ArgumentOutOfRangeException  the argument is negative
     virtual void SetLength(std::int64_t length) = 0;
     virtual std::int64_t Length() = 0; ///< in bytes
     virtual void SetPosition(std::int64_t position) = 0;

@@ -27,7 +27,9 @@ public:
     String ReadLine() override;
     String ReadToEnd() override;
 
+    /// Reads a byte ahead to find out, so it may block as Read does.
     bool EndOfStream();
+    /// The stream given, or the one opened for path. Its position may be one byte ahead of what was read here.
     const Sp<Stream>& BaseStream() const;
 
 private:

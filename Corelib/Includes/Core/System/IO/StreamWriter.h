@@ -31,6 +31,7 @@ public:
     virtual void AutoFlush(bool value);
     virtual bool AutoFlush() const;
 
+    /// The stream given, or the one opened for path. All that was written here has reached it.
     const Sp<Stream>& BaseStream() const;
 
 private:

@@ -20,9 +20,10 @@ public:
     /// @throws ArgumentNullException  reader is null or empty
     static Sp<TextReader> Synchronized(const Sp<TextReader>& reader);
 
-    virtual void Close();
-    virtual int Peek(); ///< the next number that Read gives; -1 here
-    virtual int Read(); ///< -1 at the end, and here
+    virtual void Close(); ///< no effect here
+    virtual int Peek();   ///< the next number that Read gives; -1 here
+    virtual int Read();   ///< -1 at the end, and here
+    /// Up to the next line end, which is left out, or all that is left; empty at the end.
     virtual String ReadLine() = 0;
     virtual String ReadToEnd() = 0;
 

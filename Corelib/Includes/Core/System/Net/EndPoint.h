@@ -11,8 +11,10 @@ namespace Tesmo::System::Net
 class EndPoint : public Object
 {
 public:
+    /// An end point without an address; classes of a family add theirs.
     explicit EndPoint(const Sockets::AddressFamily& family) : addressFamily(family) {}
 
+    /// The family that stands first in the raw form.
     Sockets::AddressFamily AddressFamily() const
     {
         return addressFamily;

@@ -52,10 +52,12 @@ public:
 
     ~IPAddress() override = default;
 
+    /// Goes by the address alone: IPv6 addresses that differ in the scope have the same.
     virtual int GetHashCode() const;
 
     bool operator==(const IPAddress& other) const;
 
+    /// InterNetwork or InterNetworkV6.
     Sockets::AddressFamily AddressFamily() const;
 
     /// IPv4: the address as a number, first octet in the low byte; 0 for IPv6.
@@ -67,7 +69,7 @@ public:
     /// @throws Sockets::SocketException  the address is IPv6
     void Address(std::uint32_t value);
 
-    /// IPv4: the address as a number that is fit to reckon with, first octet in the high byte: 10.0.0.1 is 0x0A000001;
+    /// IPv4: the address as a number that can be calculated with, first octet in the high byte: 10.0.0.1 is 0x0A000001;
     /// 0 for IPv6.
     std::uint32_t HostOrder() const;
 

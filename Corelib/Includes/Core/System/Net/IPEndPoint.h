@@ -37,6 +37,7 @@ public:
     /// byte first).
     SocketAddress Serialize() const override;
 
+    /// A part of this object: it changes with it.
     const IPAddress& Address() const
     {
         return address;
@@ -46,6 +47,7 @@ public:
     /// @throws ArgumentNullException  value is null
     void Address(const IPAddress& value);
 
+    /// 0 to 65535; Serialize puts the high byte first.
     int Port() const
     {
         return port;

@@ -11,6 +11,7 @@ namespace Tesmo::System::Net
 class IPHostEntry : public Object
 {
 public:
+    /// Copies all three.
     IPHostEntry(const String& name, const Array<String>& aliasNames, const Array<IPAddress>& addresses)
         : hostName(name),
           aliases(aliasNames),
@@ -18,6 +19,7 @@ public:
     {
     }
 
+    /// The name that the service has for the host, which may differ from the one looked up.
     const String& HostName() const
     {
         return hostName;
@@ -27,6 +29,7 @@ public:
         hostName = value;
     }
 
+    /// The host's further names; empty where there are none.
     const Array<String>& Aliases() const
     {
         return aliases;

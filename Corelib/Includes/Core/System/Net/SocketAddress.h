@@ -25,6 +25,7 @@ public:
     /// Equal bytes; false for null and for another class.
     bool Equals(const Object& other) const override;
 
+    /// The number in the first two bytes, which need not be a constant of AddressFamily.
     Sockets::AddressFamily Family() const;
 
     /// In bytes.
@@ -43,6 +44,7 @@ public:
         return data[index];
     }
 
+    /// All Size() bytes, those of the family included.
     const Array<Byte>& Data() const
     {
         return data;

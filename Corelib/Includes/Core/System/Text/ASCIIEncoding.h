@@ -8,6 +8,7 @@ namespace Tesmo::System::Text
 class ASCIIEncoding : public Encoding
 {
 public:
+    /// Without a preamble; all objects of the class behave alike.
     ASCIIEncoding();
 
     bool IsSingleByte() const override;

@@ -8,6 +8,7 @@ namespace Tesmo::System::Text
 class CodePage28591Encoding : public ANSIEncoding
 {
 public:
+    /// Without a preamble; all objects of the class behave alike.
     CodePage28591Encoding();
 
     using ANSIEncoding::operator=;

@@ -8,6 +8,7 @@ namespace Tesmo::System::Text
 class CodePage28592Encoding : public ANSIEncoding
 {
 public:
+    /// Without a preamble; all objects of the class behave alike.
     CodePage28592Encoding();
 
     using ANSIEncoding::operator=;

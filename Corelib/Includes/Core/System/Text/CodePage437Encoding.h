@@ -8,6 +8,7 @@ namespace Tesmo::System::Text
 class CodePage437Encoding : public ANSIEncoding
 {
 public:
+    /// Without a preamble; all objects of the class behave alike.
     CodePage437Encoding();
 
     using ANSIEncoding::operator=;

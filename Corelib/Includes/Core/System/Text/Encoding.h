@@ -39,6 +39,8 @@ public:
     /// @throws NotSupportedException  webName is none of the family
     static Up<Encoding> GetEncoding(const String& webName);
 
+    /// Decodes by source and encodes by destination, without a preamble.
+    /// @throws ArgumentNullException  an encoding is null
     static ByteArray Convert(const Encoding& source, const Encoding& destination, const ByteArray& bytes);
     static ByteArray Convert(const Encoding& source, const Encoding& destination, const ByteArray& bytes, int index,
                              int count);
@@ -46,13 +48,15 @@ public:
     bool Equals(const Object& other) const override; ///< true for the same code page
     String ToString() const override;                ///< the web name
     ~Encoding() override = default;
-    virtual int CodePage() const;
-    virtual String WebName() const;
-    virtual bool IsSingleByte() const;
+    virtual int CodePage() const;      ///< the number that GetEncoding takes, such as 65001
+    virtual String WebName() const;    ///< the name that GetEncoding takes, such as "utf-8"
+    virtual bool IsSingleByte() const; ///< true where every code point takes one byte
+    /// How many bytes GetBytes gives for c; 0 where the encoding leaves it out.
     virtual int GetByteCount(char32 c) const = 0;
     /// Writes the bytes of one code point at index.
     /// @returns the number of bytes
     virtual int GetBytes(char32 c, ByteArray& bytes, int index) const;
+    /// How many code points GetChars gives for the bytes.
     virtual int GetCharCount(const ByteArray& bytes, int index, int count) const;
     /// Bounds for buffers.
     /// @throws ArgumentOutOfRangeException  the argument is negative, or the bound does not fit an int
@@ -60,12 +64,14 @@ public:
     virtual int GetMaxCharCount(int byteCount) const;
     /// The bytes that mark the encoding at the start of a file; empty if it has none or was built without.
     virtual ByteArray GetPreamble() const;
+    /// A new one each, for text that comes in pieces.
     virtual Up<Decoder> CreateDecoder() const = 0;
     virtual Up<Encoder> CreateEncoder() const = 0;
     /// Takes the flags of an encoding of the same class.
     /// @throws ArgumentException  other is of another class
     virtual Encoding& operator=(const Encoding& other);
 
+    /// The bytes of a text, or of count code points from index on; no preamble.
     ByteArray GetBytes(const String& text) const;
     ByteArray GetBytes(const CharArray& chars) const;
     ByteArray GetBytes(const CharArray& chars, int index, int count) const;
@@ -74,14 +80,17 @@ public:
     int GetBytes(const String& text, int index, int count, ByteArray& bytes, int byteIndex) const;
     int GetBytes(const CharArray& chars, int index, int count, ByteArray& bytes, int byteIndex) const;
 
+    /// How many bytes GetBytes gives for the same.
     int GetByteCount(const String& text) const;
     int GetByteCount(const CharArray& chars) const;
     int GetByteCount(const CharArray& chars, int index, int count) const;
 
+    /// The code points of the bytes. A code point that is cut short at the end is left out, a preamble is not.
     CharArray GetChars(const ByteArray& bytes) const;
     CharArray GetChars(const ByteArray& bytes, int index, int count) const;
     int GetCharCount(const ByteArray& bytes) const;
 
+    /// The same as a text.
     String GetString(const ByteArray& bytes) const;
     String GetString(const ByteArray& bytes, int index, int count) const;
 
@@ -110,6 +119,7 @@ public:
         int count = 0;
     };
 
+    /// Keeps nothing between calls, so the order of the code points does not matter.
     virtual Bytes Encode(char32 c) const = 0;
 };
 

@@ -8,6 +8,7 @@ namespace Tesmo::System::Threading
 class AutoResetEvent : public EventWaitHandle
 {
 public:
+    /// @param initialState  true: the first waiter passes without a Set
     explicit AutoResetEvent(bool initialState) : EventWaitHandle(initialState, EventResetMode::AutoReset) {}
 };
 } // namespace Tesmo::System::Threading

@@ -18,6 +18,7 @@ public:
     Lock(const Lock&) = delete;
     Lock& operator=(const Lock&) = delete;
 
+    /// True until Release.
     bool IsLocked() const
     {
         return target != nullptr;

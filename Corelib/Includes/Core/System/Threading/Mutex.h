@@ -8,6 +8,7 @@ namespace Tesmo::System::Threading
 class Mutex : public WaitHandle
 {
 public:
+    /// Without a name, for the threads of this process; owned by nobody unless the caller is to own it at once.
     Mutex();
     explicit Mutex(bool initiallyOwned);
     /// A named mutex that exists already is not owned by the caller, whatever initiallyOwned says.

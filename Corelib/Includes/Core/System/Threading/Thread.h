@@ -51,7 +51,7 @@ public:
     bool Join(int milliseconds);
     bool Join(const TimeSpan& timeout);
 
-    /// @param milliseconds  -1 for ever, 0 gives the processor away once
+    /// @param milliseconds  -1 for ever, 0 lets other threads that are ready run first
     /// @throws ArgumentException  milliseconds is below -1
     static void Sleep(int milliseconds);
     static void Sleep(const TimeSpan& timeout);
@@ -79,7 +79,7 @@ public:
     void Interrupt();
     /// @throws ThreadStateException  not running
     void Suspend();
-    /// @throws ThreadStateException  not started, ended or, oddly, suspended
+    /// @throws ThreadStateException  not started, ended or suspended
     void Resume();
 
     /// A new object for the calling thread.

@@ -17,6 +17,7 @@ public:
         Highest = 4,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     ThreadPriority(Constant constant) : EnumDeprecated(constant) {}
     explicit ThreadPriority(int number) : EnumDeprecated(number) {}
 

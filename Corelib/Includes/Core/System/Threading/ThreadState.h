@@ -22,6 +22,7 @@ public:
         Aborted = 256,
     };
 
+    /// A number is kept with the bits that no constant has; it prints in decimal then.
     ThreadState(Constant constant) : FlagsEnum(constant) {}
     explicit ThreadState(int number) : FlagsEnum(number) {}
 

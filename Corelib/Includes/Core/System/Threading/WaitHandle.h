@@ -18,8 +18,8 @@ struct WaitObject;
 
 namespace Tesmo::System::Threading
 {
-/// Something that threads wait for. Copies share one native object, which goes with the last of them. Any thread may
-/// wait and signal; Close and assignment are for a time when nobody else uses the same C++ object.
+/// Something that threads wait for. Copies share one native object, which is closed with the last of them. Any thread
+/// may wait and signal; Close and assignment are for a time when nobody else uses the same C++ object.
 ///
 /// Named objects are shared by all processes on Win32 and within this process on Linux. A name is at most 128 bytes of
 /// code page 437; an empty one makes an unnamed object.
@@ -30,7 +30,7 @@ public:
     bool Equals(const Object& other) const override;
     ~WaitHandle() override = default;
 
-    /// Lets go of the native object; a closed handle stays closed.
+    /// Releases the native object; a closed handle stays closed.
     virtual void Close();
 
     /// @throws OverflowException  the time has more than 2147483647 milliseconds

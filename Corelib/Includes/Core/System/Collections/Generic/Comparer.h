@@ -9,7 +9,7 @@
 
 namespace Tesmo::System::Collections::Generic
 {
-/// The order that a type brings along: IComparable, else the operator <. Null sorts first.
+/// The natural order of a type: IComparable, else the operator <. Null sorts first.
 template <class T>
 class Comparer : public Object, public IComparer<T>
 {

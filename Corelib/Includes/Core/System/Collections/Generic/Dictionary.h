@@ -15,6 +15,7 @@ class Dictionary : public DictionaryBase<std::unordered_map<K, V, Detail::KeyHas
     static constexpr int InitialBuckets = 8;
 
 public:
+    /// Empty, with room for at least 8 entries before the table grows.
     Dictionary() : DictionaryBase<Map, K, V>(Map(InitialBuckets)) {}
 
     /// @throws ArgumentNullException  source is null

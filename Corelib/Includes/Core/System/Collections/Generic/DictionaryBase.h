@@ -33,6 +33,7 @@ public:
     {
         return false;
     }
+    /// False: entries may be added and taken out.
     bool IsFixedSize() const
     {
         return false;

@@ -11,9 +11,9 @@ template <class T>
 class ICollection : public IEnumerable<T>
 {
 public:
-    virtual int Count() const = 0;
-    virtual bool IsReadOnly() const = 0;
-    virtual bool IsSynchronized() const = 0;
+    virtual int Count() const = 0;           ///< number of elements
+    virtual bool IsReadOnly() const = 0;     ///< true where every change is refused; nowhere in the library
+    virtual bool IsSynchronized() const = 0; ///< true where the operations lock; nowhere in the library
 
     /// The object that users of a shared collection agree to lock: the collection itself.
     virtual Object& SyncRoot() = 0;
@@ -21,6 +21,8 @@ public:
     /// @throws ArgumentNullException  item is null
     virtual void Add(const T& item) = 0;
 
+    /// Takes out all elements.
+    /// @throws InvalidOperationException  the number of elements is fixed (Array)
     virtual void Clear() = 0;
 
     /// False for null.

@@ -24,6 +24,7 @@ public:
     /// @throws ArgumentException      the key is there already
     virtual void Add(const K& key, const V& value) = 0;
 
+    /// True where the key is there. Unlike reading by the operator [] it adds nothing.
     virtual bool ContainsKey(const K& key) const = 0;
 
     /// False where the key is absent.

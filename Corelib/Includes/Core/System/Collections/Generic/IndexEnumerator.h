@@ -16,6 +16,8 @@ template <class Collection, class T, bool Reversed = false>
 class IndexEnumerator : public Object, public IEnumerator<T>
 {
 public:
+    /// Stands before the first element.
+    /// @throws ArgumentNullException  walked is null
     explicit IndexEnumerator(const Collection& walked) : version(NotNull(walked).version), collection(walked) {}
 
     const T& Current() const override

@@ -11,9 +11,11 @@ template <class K, class V>
 class KeyValuePair : public Object
 {
 public:
+    /// Of default values, or of copies of key and value.
     KeyValuePair() = default;
     KeyValuePair(const K& pairKey, const V& pairValue) : key(pairKey), value(pairValue) {}
 
+    /// Parts of this pair, valid as long as it is.
     const K& Key() const
     {
         return key;

@@ -182,6 +182,7 @@ public:
         return *(begin() + CheckIndex(index, Count() + 1));
     }
 
+    /// A copy of the elements in their order.
     Up<Array<T>> ToArray() const
     {
         return Up<Array<T>>(new Array<T>(items));
@@ -192,6 +193,7 @@ public:
         return Up<IEnumerator<T>>(new Enumerator(*this));
     }
 
+    /// The elements in one piece, for loops by range. Invalid when elements are added or taken out.
     const T* begin() const
     {
         return Storage();

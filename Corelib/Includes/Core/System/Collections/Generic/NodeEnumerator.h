@@ -16,6 +16,8 @@ template <class Collection, class T>
 class NodeEnumerator : public Object, public IEnumerator<T>
 {
 public:
+    /// Stands before the first element.
+    /// @throws ArgumentNullException  walked is null
     explicit NodeEnumerator(const Collection& walked)
         : version(NotNull(walked).version),
           collection(walked),

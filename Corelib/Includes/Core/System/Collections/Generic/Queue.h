@@ -73,6 +73,7 @@ public:
     {
         return false;
     }
+    /// False: elements may be added and taken out.
     bool IsFixedSize() const
     {
         return false;
@@ -117,6 +118,7 @@ public:
         return -1;
     }
 
+    /// A copy of the elements, front first.
     Up<Array<T>> ToArray() const
     {
         return Up<Array<T>>(new Array<T>(std::vector<T>(items.begin(), items.end())));
@@ -127,6 +129,7 @@ public:
         return Up<IEnumerator<T>>(new Enumerator(*this));
     }
 
+    /// From front to back, for loops by range. Adding elements leaves a position valid.
     typename std::list<T>::const_iterator begin() const
     {
         return items.begin();

@@ -15,8 +15,10 @@ template <class K>
 class MapComparer
 {
 public:
+    /// @param order  not empty
     explicit MapComparer(const Sp<IComparer<K>>& order) : comparer(order) {}
 
+    /// True where left comes before right.
     bool operator()(const K& left, const K& right) const
     {
         return comparer->Compare(left, right) < 0;
@@ -33,7 +35,7 @@ class SortedDictionary : public DictionaryBase<std::map<K, V, MapComparer<K>>, K
     using Map = std::map<K, V, MapComparer<K>>;
 
 public:
-    /// In the order that the keys bring along.
+    /// In the natural order of the keys: that of Comparer.
     SortedDictionary() : SortedDictionary(Comparer<K>::Default()) {}
 
     /// @throws ArgumentNullException  comparer is null or empty

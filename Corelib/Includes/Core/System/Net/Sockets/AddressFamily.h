@@ -8,7 +8,7 @@
 
 namespace Tesmo::System::Net::Sockets
 {
-/// The constants of AddressFamily (winsock2.h: AF_INET and its kin).
+/// The constants of AddressFamily (winsock2.h: AF_INET and the like).
 struct AddressFamilyConstants
 {
     enum Constant
@@ -26,6 +26,7 @@ struct AddressFamilyConstants
     };
 };
 
+/// By which Enum finds the names (see NamedEnum).
 constexpr std::span<const EnumName> EnumNamesOf(AddressFamilyConstants::Constant)
 {
     return AddressFamilyConstants::Names;
@@ -38,6 +39,7 @@ public:
     using enum AddressFamilyConstants::Constant;
 
     using BoxEnum::BoxEnum;
+    /// A number that no constant has is kept, and prints in decimal.
     explicit AddressFamily(int number) : BoxEnum(static_cast<AddressFamilyConstants::Constant>(number)) {}
 };
 } // namespace Tesmo::System::Net::Sockets

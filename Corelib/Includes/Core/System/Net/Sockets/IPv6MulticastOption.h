@@ -14,6 +14,8 @@ public:
     /// @throws ArgumentOutOfRangeException  index does not fit 32 bits
     explicit IPv6MulticastOption(const IPAddress& group, std::int64_t index = 0);
 
+    /// Not checked to be a multicast address: the socket refuses others when it joins.
+    /// @throws ArgumentNullException  value is null
     const IPAddress& Group() const
     {
         return groupAddress;
@@ -23,6 +25,7 @@ public:
         groupAddress = value;
     }
 
+    /// The system's number of the interface; 0 lets the system choose.
     std::int64_t InterfaceIndex() const
     {
         return interfaceIndex;

@@ -12,6 +12,7 @@ public:
     /// @throws ArgumentOutOfRangeException  seconds is not in that range
     LingerOption(bool enable, int seconds);
 
+    /// False: closing returns at once, and the system sends what is left by itself.
     bool Enabled() const
     {
         return enabled;

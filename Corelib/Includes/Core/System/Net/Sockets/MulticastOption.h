@@ -21,6 +21,8 @@ public:
     {
     }
 
+    /// Not checked to be a multicast address: the socket refuses others when it joins.
+    /// @throws ArgumentNullException  value is null
     const IPAddress& Group() const
     {
         return groupAddress;
@@ -30,6 +32,8 @@ public:
         groupAddress = value;
     }
 
+    /// An address of the interface; 0.0.0.0 lets the system choose.
+    /// @throws ArgumentNullException  value is null
     const IPAddress& LocalAddress() const
     {
         return interfaceAddress;

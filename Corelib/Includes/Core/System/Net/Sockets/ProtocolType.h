@@ -21,6 +21,7 @@ public:
         Raw = 255,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     ProtocolType(Constant constant) : EnumDeprecated(constant) {}
     explicit ProtocolType(int number) : EnumDeprecated(number) {}
 

@@ -30,16 +30,18 @@ struct NativeSocket;
 namespace Tesmo::System::Net::Sockets
 {
 /// A socket of the operating system. One thread may block in a receive while others send, shut down and close;
-/// whoever calls must hold the object until the call has returned.
+/// each must keep the object alive until its call has returned.
 ///
 /// A call that the platform refuses throws SocketException with its number. Arguments are checked before the state of
-/// the socket: null gives ArgumentNullException, and so does a buffer that is null or empty-handed; then
+/// the socket: null gives ArgumentNullException, and so does a buffer that is null or owns no bytes; then
 /// IndexOutOfRangeException where offset is not below length or size goes beyond the end: a buffer of length 0 can
 /// therefore not be sent. On a closed socket every operation that asks the platform throws ObjectClosedException; Close
-/// does not, nor do those that tell of the object itself (GetBlocking, IsConnected, LocalEndPoint and the like).
+/// does not, nor do those that only read this object (GetBlocking, IsConnected, LocalEndPoint and the like).
 class Socket : public Object
 {
 public:
+    /// Opens a socket, neither bound nor connected.
+    /// @throws SocketException  the platform has none of that kind, or no more room
     Socket(const AddressFamily& family, const SocketType& type, const ProtocolType& protocol);
 
     /// Closes the socket. No call may be under way.
@@ -89,7 +91,7 @@ public:
     /// Ends a direction for good and wakes the calls that wait in it.
     void Shutdown(const SocketShutdown& how);
 
-    /// Gives the socket back and wakes every call that waits in it. Raises nothing and may be repeated.
+    /// Returns the socket to the system and wakes every call that waits in it. Throws nothing and may be repeated.
     void Close();
 
     /// @param value  true is passed on as -1, all bits set, as the protocol's sockets have always had it
@@ -101,15 +103,17 @@ public:
     void SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name,
                          const IPv6MulticastOption& value);
 
+    /// @param value  receives the option; true for any number but 0
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, bool& value);
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, int& value);
     /// @param value  receives as many bytes as it is long; those that the platform does not fill become 0
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, Array<Byte>& value);
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, LingerOption& value);
-    /// @param value  receives what the platform fills of the option, zeros behind it; of memberships none tells (10042)
+    /// @param value  receives what the platform fills of the option, then zeros; memberships cannot be read (10042)
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, MulticastOption& value);
     void GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, IPv6MulticastOption& value);
 
+    /// True at first. Otherwise a call that would have to wait throws SocketException 10035 instead.
     bool GetBlocking() const;
     void SetBlocking(bool blocking);
 
@@ -117,13 +121,15 @@ public:
     int GetAvailable() const;
 
     /// @throws SocketException  NotConnected (10057): the socket is not bound
+    /// @param backlog           connections that may wait for Accept; the platform has a limit of its own
     void Listen(int backlog);
+    /// Waits for a connection and gives its socket. Close from another thread wakes it.
     Sp<Socket> Accept();
 
     /// @throws ArgumentNullException  endPoint is null
     void Connect(const EndPoint& endPoint);
 
-    /// Dissolves the association with a peer.
+    /// Ends the association with a peer; IsConnected and IsBound are false then.
     void Disconnect();
 
     /// Waits until a socket can be read, written, or has an error, and leaves in each list those of which it holds.
@@ -133,6 +139,8 @@ public:
                        Collections::Generic::List<Sp<Socket>>& checkWrite,
                        Collections::Generic::List<Sp<Socket>>& checkError, int microseconds);
 
+    /// Whether Connect or Bind has succeeded, until Close or Disconnect; a peer that went away is not noticed. The
+    /// other three are what the socket was made with.
     bool IsConnected() const;
     bool IsBound() const;
     Sockets::AddressFamily AddressFamily() const;

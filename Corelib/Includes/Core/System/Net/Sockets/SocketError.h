@@ -60,6 +60,7 @@ public:
         NoData = 11004,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     SocketError(Constant constant) : EnumDeprecated(constant) {}
     explicit SocketError(int number) : EnumDeprecated(number) {}
 

@@ -4,7 +4,7 @@
 
 namespace Tesmo::System::Net::Sockets
 {
-/// How one transfer of a socket is done (winsock2.h: MSG_OOB and its kin).
+/// How one transfer of a socket is done (winsock2.h: MSG_OOB and the like).
 class SocketFlags : public FlagsEnum
 {
 public:
@@ -22,6 +22,7 @@ public:
         Partial = 32768,
     };
 
+    /// A number is kept with the bits that no constant has; it prints in decimal then.
     SocketFlags(Constant constant) : FlagsEnum(constant) {}
     explicit SocketFlags(int number) : FlagsEnum(number) {}
 

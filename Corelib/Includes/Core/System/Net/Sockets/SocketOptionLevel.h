@@ -4,7 +4,7 @@
 
 namespace Tesmo::System::Net::Sockets
 {
-/// The layer that an option of a socket belongs to (winsock2.h: SOL_SOCKET, IPPROTO_IP and their kin).
+/// The layer that an option of a socket belongs to (winsock2.h: SOL_SOCKET, IPPROTO_IP and the like).
 class SocketOptionLevel : public EnumDeprecated
 {
 public:
@@ -17,6 +17,7 @@ public:
         Socket = 65535,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     SocketOptionLevel(Constant constant) : EnumDeprecated(constant) {}
     explicit SocketOptionLevel(int number) : EnumDeprecated(number) {}
 

@@ -37,6 +37,7 @@ public:
         Type = 4104,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     SocketOptionName(Constant constant) : EnumDeprecated(constant) {}
     explicit SocketOptionName(int number) : EnumDeprecated(number) {}
 

@@ -15,6 +15,7 @@ public:
         Both = 2,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     SocketShutdown(Constant constant) : EnumDeprecated(constant) {}
     explicit SocketShutdown(int number) : EnumDeprecated(number) {}
 

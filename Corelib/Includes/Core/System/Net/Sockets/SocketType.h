@@ -4,7 +4,7 @@
 
 namespace Tesmo::System::Net::Sockets
 {
-/// What a socket carries (winsock2.h: SOCK_STREAM and its kin).
+/// What a socket carries (winsock2.h: SOCK_STREAM and the like).
 class SocketType : public EnumDeprecated
 {
 public:
@@ -18,6 +18,7 @@ public:
         Seqpacket = 5,
     };
 
+    /// A number that no constant has is kept, and prints in decimal.
     SocketType(Constant constant) : EnumDeprecated(constant) {}
     explicit SocketType(int number) : EnumDeprecated(number) {}
 

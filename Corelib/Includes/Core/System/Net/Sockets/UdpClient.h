@@ -35,11 +35,12 @@ public:
     /// @throws InvalidOperationException    the look-up has no answer
     UdpClient(const String& hostName, int port);
 
+    /// The socket itself, shared with the caller; empty where none is set.
     Sp<Socket> Client() const
     {
         return client;
     }
-    /// Lets go of the socket held before.
+    /// Releases the socket held before.
     void Client(const Sp<Socket>& value)
     {
         client = value;
@@ -47,7 +48,7 @@ public:
 
     /// Sends one datagram. Before one to 255.255.255.255 it switches the socket's broadcast option on, which stays on.
     /// @returns the bytes sent
-    /// @throws NullReferenceException     buffer is null or empty-handed
+    /// @throws NullReferenceException     buffer is null or owns no bytes
     /// @throws ArgumentNullException      endPoint is null
     /// @throws InvalidOperationException  the client is connected
     int Send(const Up<unsigned char[]>& buffer, int length, const IPEndPoint& endPoint);
@@ -60,6 +61,7 @@ public:
     /// @param endPoint  receives the sender
     int Receive(const Up<unsigned char[]>& buffer, int length, IPEndPoint& endPoint);
 
+    /// Closes the socket, which stays in Client, and wakes the calls that wait in it.
     void Close();
 
     /// @throws ArgumentNullException  endPoint is null
