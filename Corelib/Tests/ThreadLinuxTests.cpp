@@ -31,7 +31,7 @@ bool Sleeps(int thread)
     return stat.ignore(1000, ')') >> word && word == "S";
 }
 
-/// A thread that waits; it is blocked when this returns.
+/// A thread that waits; it is blocked when this returns, or its wait has run out.
 std::future<bool> BlockIn(std::function<bool()> wait)
 {
     const auto id = std::make_shared<std::atomic<int>>(0);
@@ -41,7 +41,7 @@ std::future<bool> BlockIn(std::function<bool()> wait)
                                  *id = gettid();
                                  return wait();
                              });
-    while (*id == 0 || !Sleeps(*id))
+    while ((*id == 0 || !Sleeps(*id)) && waiter.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
     {
         std::this_thread::yield();
     }

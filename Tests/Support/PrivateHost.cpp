@@ -31,6 +31,8 @@ done)";
 
 PrivateHost::PrivateHost()
     : oldMounts(open("/proc/thread-self/ns/mnt", O_RDONLY | O_CLOEXEC)),
+      oldRoot(open("/", O_PATH | O_CLOEXEC)),
+      oldFolder(open(".", O_PATH | O_CLOEXEC)),
       left(network.IsEntered() && unshare(CLONE_NEWNS) == 0),
       entered(left && std::system(Mounts) == 0)
 {
@@ -43,7 +45,8 @@ PrivateHost::~PrivateHost()
     if (left)
     {
         EXPECT_EQ(0, unshare(CLONE_FS)); // a thread of a sanitizer's own may share what the return needs alone
-        EXPECT_EQ(0, setns(oldMounts.Number(), CLONE_NEWNS));
+        EXPECT_EQ(0, setns(oldMounts.Number(), CLONE_NEWNS)); // it leads to the root of these mounts
+        EXPECT_EQ(0, fchdir(oldRoot.Number()) | chroot(".") | fchdir(oldFolder.Number()));
     }
 }
 

@@ -35,6 +35,8 @@ public:
 private:
     PrivateNetwork network;
     Descriptor oldMounts;
+    Descriptor oldRoot;
+    Descriptor oldFolder;
     bool left; ///< the old mounts
     bool entered;
     Descriptor silentBus;
