@@ -1,6 +1,6 @@
 #include <Tests/Support/CoreTest.h>
 
-#include "Platform/WaitObjects.h"
+#include <Platform/WaitObjects.h>
 
 #include <Core/System/Threading/AutoResetEvent.h>
 

@@ -7,9 +7,8 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null, Tesmo::Sp, Tesmo::System::Object, Tesmo::System::Threading::EventResetMode,
-    Tesmo::System::Threading::Lock, Tesmo::System::Threading::ParameterizedThreadStart,
-    Tesmo::System::Threading::Thread;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::Threading::EventResetMode, Tesmo::System::Threading::Lock,
+    Tesmo::System::Threading::ParameterizedThreadStart, Tesmo::System::Threading::Thread;
 
 AsyncRequests::AsyncRequests(const DiscoveryChannel& clientChannel, const Sp<RestartSpacing>& restartSpacing,
                              Work requestWork)

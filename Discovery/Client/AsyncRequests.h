@@ -50,7 +50,7 @@ public:
     void End();
 
 private:
-    static void ThreadMain(Tesmo::System::Object& requests);
+    static void ThreadMain(Tesmo::System::Object& object);
     AsyncRequest Await();
     void Accept(AsyncRequest request);
     void Schedule(AsyncRequest request, std::chrono::steady_clock::duration held);

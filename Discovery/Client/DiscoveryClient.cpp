@@ -13,7 +13,7 @@
 namespace Zelkor::Discovery::Client
 {
 using Tesmo::null, Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::EventHandler, Tesmo::System::Exception,
-    Tesmo::System::Object, Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Threading::Lock;
+    Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Threading::Lock;
 
 DiscoveryClient::DiscoveryClient(const Sp<IDiscoveryClientDataGateway>& host)
     : DiscoveryClient(host, DiscoveryPorts::Default())

@@ -4,8 +4,8 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::Exception, Tesmo::System::Object,
-    Tesmo::System::Threading::ParameterizedThreadStart, Tesmo::System::Threading::Thread;
+using Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::Exception, Tesmo::System::Threading::ParameterizedThreadStart,
+    Tesmo::System::Threading::Thread;
 
 DiscoveryClientIPChangeWatcher::DiscoveryClientIPChangeWatcher(const Sp<IDiscoveryClientDataGateway>& host)
     : thread(new Thread(ParameterizedThreadStart(ThreadMain))),

@@ -11,8 +11,8 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::IsNull, Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::Exception, Tesmo::System::Object,
-    Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Threading::Thread;
+using Tesmo::IsNull, Tesmo::Sp, Tesmo::System::EventArgs, Tesmo::System::Exception, Tesmo::System::String,
+    Tesmo::System::Net::IPAddress, Tesmo::System::Threading::Thread;
 
 namespace
 {

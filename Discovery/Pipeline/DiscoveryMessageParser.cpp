@@ -4,7 +4,7 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::FormatException, Tesmo::System::Object, Tesmo::System::String,
+using Tesmo::Sp, Tesmo::System::Exception, Tesmo::System::FormatException, Tesmo::System::String,
     Tesmo::System::Threading::ThreadPriority;
 
 DiscoveryMessageParser::DiscoveryMessageParser() : DiscoveryMessageParser("MessageParser") {}

@@ -4,9 +4,9 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp, Tesmo::Up, Tesmo::System::Exception, Tesmo::System::Object, Tesmo::System::ObjectClosedException,
-    Tesmo::System::String, Tesmo::System::Net::IPAddress, Tesmo::System::Net::IPEndPoint,
-    Tesmo::System::Net::Sockets::SocketError, Tesmo::System::Net::Sockets::SocketException;
+using Tesmo::Sp, Tesmo::Up, Tesmo::System::Exception, Tesmo::System::ObjectClosedException, Tesmo::System::String,
+    Tesmo::System::Net::IPAddress, Tesmo::System::Net::IPEndPoint, Tesmo::System::Net::Sockets::SocketError,
+    Tesmo::System::Net::Sockets::SocketException;
 
 std::atomic<int> DiscoveryReceiver::MessageSize = 2048;
 

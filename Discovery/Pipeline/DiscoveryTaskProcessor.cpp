@@ -5,8 +5,7 @@
 
 namespace Zelkor::Discovery
 {
-using Tesmo::Sp, Tesmo::System::Object, Tesmo::System::String, Tesmo::System::Threading::Lock,
-    Tesmo::System::Threading::ThreadPriority;
+using Tesmo::Sp, Tesmo::System::String, Tesmo::System::Threading::Lock, Tesmo::System::Threading::ThreadPriority;
 
 DiscoveryTaskProcessor::DiscoveryTaskProcessor(const Sp<IDiscoverySocket>& sharedSocket)
     : DiscoveryTaskProcessor(sharedSocket, "TaskProcessor")

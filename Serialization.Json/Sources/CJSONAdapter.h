@@ -5,6 +5,7 @@
 
 #include <cjson/cJSON.h>
 
+#include <cmath>
 #include <limits>
 #include <string>
 
@@ -43,7 +44,7 @@ template <class T>
 T ToInteger(double value)
 {
     constexpr double lowest = static_cast<double>(std::numeric_limits<T>::min());
-    constexpr double beyond = static_cast<double>(std::numeric_limits<T>::max() / 2 + 1) * 2.0;
+    const double beyond = std::ldexp(1.0, std::numeric_limits<T>::digits);
     if (!(value > lowest))
     {
         return value <= lowest ? std::numeric_limits<T>::min() : T{0};

@@ -17,7 +17,6 @@ using CJSONAdapter::Checked;
 using CJSONAdapter::Kind;
 using Tesmo::System::FormatException;
 using Tesmo::System::NotNull;
-using Tesmo::System::Object;
 using Tesmo::System::OutOfMemoryException;
 using Tesmo::System::String;
 

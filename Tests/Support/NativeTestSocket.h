@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Sockets.h"
+#include <Platform/Sockets.h>
 
 #include <Tests/Support/CoreTest.h>
 

@@ -1,4 +1,4 @@
-#include "Platform/Calendar.h"
+#include "Calendar.h"
 
 #include <chrono>
 
@@ -16,9 +16,9 @@ sys_days StartOf(year when)
 }
 } // namespace
 
-std::tm CalendarFields(std::int64_t moment)
+std::tm CalendarFields(std::int64_t unixSeconds)
 {
-    const sys_seconds point{seconds(moment)};
+    const sys_seconds point{seconds(unixSeconds)};
     const sys_days day = floor<days>(point);
     const year_month_day date(day);
     const hh_mm_ss time(point - day);

@@ -1,4 +1,4 @@
-#include "Platform/Clock.h"
+#include "Clock.h"
 
 #include <atomic>
 

@@ -1,6 +1,6 @@
-#include "Platform/Clock.h"
+#include "Clock.h"
 
-#include "Platform/Calendar.h"
+#include "Calendar.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "Platform/Files.h"
+#include "Files.h"
 
 #include <cerrno>
 #include <cstdio>

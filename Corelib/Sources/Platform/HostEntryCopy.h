@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/HostNames.h"
+#include "HostNames.h"
 
 #include <algorithm>
 #include <cstring>

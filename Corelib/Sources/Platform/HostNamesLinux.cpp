@@ -1,5 +1,5 @@
-#include "Platform/HostEntryCopy.h"
-#include "Platform/SocketErrorsLinux.h"
+#include "HostEntryCopy.h"
+#include "SocketErrorsLinux.h"
 
 #include <netdb.h>
 #include <sys/socket.h>

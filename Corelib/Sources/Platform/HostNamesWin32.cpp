@@ -1,5 +1,5 @@
-#include "Platform/HostEntryCopy.h"
-#include "Platform/WinsockWin32.h"
+#include "HostEntryCopy.h"
+#include "WinsockWin32.h"
 
 #include <ws2tcpip.h>
 

@@ -1,4 +1,4 @@
-#include "Platform/HostSystem.h"
+#include "HostSystem.h"
 
 #include <charconv>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/SocketCall.h"
+#include "SocketCall.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>

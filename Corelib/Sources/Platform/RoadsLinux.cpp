@@ -1,4 +1,4 @@
-#include "Platform/RoadsLinux.h"
+#include "RoadsLinux.h"
 
 #include <ifaddrs.h>
 #include <net/if.h>

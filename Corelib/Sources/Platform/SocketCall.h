@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/SocketState.h"
-#include "Platform/Sockets.h"
+#include "SocketState.h"
+#include "Sockets.h"
 
 namespace Tesmo::Platform
 {

@@ -1,6 +1,6 @@
-#include "Platform/SocketErrorsLinux.h"
+#include "SocketErrorsLinux.h"
 
-#include "Platform/Sockets.h"
+#include "Sockets.h"
 
 #include <algorithm>
 #include <cerrno>

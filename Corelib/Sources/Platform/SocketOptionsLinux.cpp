@@ -1,5 +1,5 @@
-#include "Platform/NativeSocketLinux.h"
-#include "Platform/SocketErrorsLinux.h"
+#include "NativeSocketLinux.h"
+#include "SocketErrorsLinux.h"
 
 #include <netinet/tcp.h>
 #include <sys/time.h>

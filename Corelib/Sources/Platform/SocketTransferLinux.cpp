@@ -1,6 +1,6 @@
-#include "Platform/NativeSocketLinux.h"
-#include "Platform/RoadsLinux.h"
-#include "Platform/SocketErrorsLinux.h"
+#include "NativeSocketLinux.h"
+#include "RoadsLinux.h"
+#include "SocketErrorsLinux.h"
 
 #include <linux/errqueue.h>
 #include <netinet/icmp6.h>

@@ -1,8 +1,8 @@
-#include "Platform/Sockets.h"
+#include "Sockets.h"
 
-#include "Platform/NativeSocketLinux.h"
-#include "Platform/RoadsLinux.h"
-#include "Platform/SocketErrorsLinux.h"
+#include "NativeSocketLinux.h"
+#include "RoadsLinux.h"
+#include "SocketErrorsLinux.h"
 
 #include <poll.h>
 #include <sys/ioctl.h>

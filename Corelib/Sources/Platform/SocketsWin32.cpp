@@ -1,7 +1,7 @@
-#include "Platform/Sockets.h"
+#include "Sockets.h"
 
-#include "Platform/SocketCall.h"
-#include "Platform/WinsockWin32.h"
+#include "SocketCall.h"
+#include "WinsockWin32.h"
 
 #include <ws2tcpip.h>
 

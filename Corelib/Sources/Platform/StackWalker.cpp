@@ -1,4 +1,4 @@
-#include "Platform/StackWalker.h"
+#include "StackWalker.h"
 
 #include <unwind.h> // the compiler's own, the same on both platforms; it needs no frame pointers (decision 76)
 

@@ -1,4 +1,4 @@
-#include "Platform/StackWalker.h"
+#include "StackWalker.h"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/LinkedList.h"
+#include "LinkedList.h"
 
 #include <atomic>
 #include <cstdint>

@@ -1,5 +1,5 @@
-#include "Platform/ThreadSlotUse.h"
-#include "Platform/Threads.h"
+#include "ThreadSlotUse.h"
+#include "Threads.h"
 
 #include <algorithm>
 #include <cerrno>

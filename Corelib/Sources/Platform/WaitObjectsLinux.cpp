@@ -1,5 +1,5 @@
-#include "Platform/ThreadOwnership.h"
-#include "Platform/WaitObjects.h"
+#include "ThreadOwnership.h"
+#include "WaitObjects.h"
 
 #include <cerrno>
 #include <chrono>

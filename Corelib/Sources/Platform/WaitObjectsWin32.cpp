@@ -1,4 +1,4 @@
-#include "Platform/WaitObjects.h"
+#include "WaitObjects.h"
 
 #include <cstring>
 #include <iterator>

@@ -3,7 +3,7 @@
 #include <Core/System/Convertible.h>
 #include <Core/System/DateTime.h>
 
-#include "System/ConvertToType.h"
+#include "ConvertToType.h"
 
 namespace Tesmo::System
 {

@@ -1,4 +1,4 @@
-#include "System/ConvertToType.h"
+#include "ConvertToType.h"
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/Boolean.h>

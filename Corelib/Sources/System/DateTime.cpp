@@ -4,8 +4,8 @@
 #include <Core/System/ArgumentOutOfRangeException.h>
 #include <Core/System/Checks.h>
 
-#include "Platform/Calendar.h"
-#include "Platform/Clock.h"
+#include <Platform/Calendar.h>
+#include <Platform/Clock.h>
 
 #include <array>
 #include <chrono>
@@ -86,10 +86,10 @@ String PrintFields(const std::tm& fields, const char* pattern)
 }
 } // namespace
 
-DateTime::DateTime(long long value) : DateTime(value, DateTimeKind::Unspecified) {}
+DateTime::DateTime(long long utcTicks) : DateTime(utcTicks, DateTimeKind::Unspecified) {}
 
-DateTime::DateTime(long long value, DateTimeKind fieldsKind)
-    : ticks(static_cast<std::uint64_t>(value)),
+DateTime::DateTime(long long utcTicks, DateTimeKind fieldsKind)
+    : ticks(static_cast<std::uint64_t>(utcTicks)),
       kind(fieldsKind)
 {
     if (ticks > LastTick)

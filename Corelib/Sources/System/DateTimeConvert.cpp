@@ -1,8 +1,8 @@
 #include <Core/System/DateTime.h>
 #include <Core/System/Type.h>
 
-#include "System/ConvertTo.h"
-#include "System/NumberCast.h"
+#include "ConvertTo.h"
+#include "NumberCast.h"
 
 namespace Tesmo::System
 {

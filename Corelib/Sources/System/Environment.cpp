@@ -2,7 +2,7 @@
 
 #include <Core/System/Int32.h>
 
-#include "Platform/HostSystem.h"
+#include <Platform/HostSystem.h>
 
 #include <algorithm>
 #include <cstdlib>

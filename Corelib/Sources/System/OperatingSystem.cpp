@@ -25,14 +25,14 @@ bool HasServicePacks(PlatformID platform)
 }
 } // namespace
 
-OperatingSystem::OperatingSystem(PlatformID system, const System::Version& number) : platform(system)
+OperatingSystem::OperatingSystem(PlatformID hostPlatform, const System::Version& hostVersion) : platform(hostPlatform)
 {
     if (platform < PlatformID::Unknown || platform > PlatformID::Android)
     {
         throw ArgumentException(ThrowSite);
     }
-    NotNull(number);
-    version = number;
+    NotNull(hostVersion);
+    version = hostVersion;
     if (HasServicePacks(platform) && version.Build() % 10 != 0) // by the build's last digit: required
     {
         servicePack = String::Format("Service Pack {0}", version.Minor() % 10);

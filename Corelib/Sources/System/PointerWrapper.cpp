@@ -4,7 +4,7 @@
 #include <Core/System/NumericalFormat.h>
 #include <Core/System/UIntPtr.h>
 
-#include "System/NumberCast.h"
+#include "NumberCast.h"
 
 #include <type_traits>
 

@@ -16,8 +16,8 @@
 #include <Core/System/UInt32.h>
 #include <Core/System/UInt64.h>
 
-#include "System/ConvertTo.h"
-#include "System/NumberCast.h"
+#include "ConvertTo.h"
+#include "NumberCast.h"
 
 #include <algorithm>
 #include <bit>

@@ -17,7 +17,7 @@
 #include <Core/System/UInt32.h>
 #include <Core/System/UInt64.h>
 
-#include "System/ConvertTo.h"
+#include "ConvertTo.h"
 
 #include <array>
 #include <string_view>

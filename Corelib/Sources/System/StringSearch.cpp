@@ -14,7 +14,7 @@ namespace
 std::string_view Range(const ustring& text, int startIndex, int count)
 {
     const std::size_t first = text.BytePosition(static_cast<std::size_t>(startIndex));
-    const std::size_t last = text.BytePosition(static_cast<std::size_t>(startIndex + count));
+    const std::size_t last = text.BytePosition(static_cast<std::size_t>(startIndex) + static_cast<std::size_t>(count));
     return std::string_view(text.Bytes()).substr(first, last - first);
 }
 

@@ -1,6 +1,6 @@
 #include <Core/System/String.h>
 
-#include "System/Text/CodePageTable.h"
+#include <System/Text/CodePageTable.h>
 
 #include <algorithm>
 

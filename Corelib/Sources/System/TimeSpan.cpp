@@ -7,7 +7,7 @@
 #include <Core/System/OverflowException.h>
 #include <Core/System/String.h>
 
-#include "System/TimeSpanParser.h"
+#include "TimeSpanParser.h"
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "System/TimeSpanParser.h"
+#include "TimeSpanParser.h"
 
 #include <Core/System/TimeSpan.h>
 

@@ -40,9 +40,9 @@ ustring::ustring(char32 c, std::size_t count) : length(static_cast<std::int32_t>
     }
 }
 
-ustring ustring::FromLatin1(const unsigned char* source, std::size_t size)
+ustring ustring::FromLatin1(const unsigned char* sourceBytes, std::size_t size)
 {
-    const std::string_view view = View(source, size);
+    const std::string_view view = View(sourceBytes, size);
     ustring text;
     text.length = static_cast<std::int32_t>(size);
     text.bytes.reserve(size);
@@ -51,9 +51,9 @@ ustring ustring::FromLatin1(const unsigned char* source, std::size_t size)
         const std::size_t run = Utf8::AsciiRun(view, position);
         text.bytes += view.substr(position, run);
         position += run;
-        for (; position < size && source[position] >= 128; position++)
+        for (; position < size && sourceBytes[position] >= 128; position++)
         {
-            Utf8::Append(text.bytes, char32(std::uint32_t{source[position]}));
+            Utf8::Append(text.bytes, char32(std::uint32_t{sourceBytes[position]}));
         }
     }
     return text;

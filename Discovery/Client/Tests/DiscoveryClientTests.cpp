@@ -137,6 +137,7 @@ TEST_F(DiscoveryClientTests, ProducersStopBeforeConsumersAndTheByeIsLast)
         (Rows{"C IPChangeWatcher: ---IPChangeWatcher stopped---", "C Receiver: ---Receiver stopped---",
               "C MessageParser: ---Message parser stopped---", "C ClientTaskProcessor: ---Task Processor stopped---"}),
         With("stopped---", rows));
+    EXPECT_EQ(1, std::ranges::count(rows, "C ClientTaskProcessor: Worker stopped")); // its thread was waited for
     EXPECT_EQ("C Discovery Client: Discovery Client service stopped", rows.back());
     EXPECT_EQ("S ClientTaskProcessor: Message sent", rows[rows.size() - 2]);
     EXPECT_TRUE(With("restart", rows).empty());

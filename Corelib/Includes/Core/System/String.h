@@ -64,9 +64,9 @@ public:
     bool Equals(const Object& other) const override; ///< null throws here; another class gives false
     String ToString() const override;
     ~String() override = default;
-    virtual bool Equals(const String& other) const;   ///< false for null
-    virtual bool IsSigned() const;                    ///< false: a text is no number with a sign
-    virtual bool Contains(const String& value) const; ///< true for an empty value
+    virtual bool Equals(const String& other) const;  ///< false for null
+    virtual bool IsSigned() const;                   ///< false: a text is no number with a sign
+    virtual bool Contains(const String& text) const; ///< true for an empty text
     /// A walk from the last code point to the first.
     virtual Up<Collections::Generic::IEnumerator<char32>> GetReverseEnumerator() const;
 
@@ -120,35 +120,35 @@ public:
     static int Compare(const String& strA, int indexA, const String& strB, int indexB, int length, bool ignoreCase);
 
     /// Searches count code points and give -1 when nothing is found.
-    int IndexOf(char32 value) const;
-    int IndexOf(char32 value, int startIndex) const;
-    int IndexOf(char32 value, int startIndex, int count) const;
-    int IndexOf(const String& value) const;
-    int IndexOf(const String& value, int startIndex) const;
-    int IndexOf(const String& value, int startIndex, int count) const;
+    int IndexOf(char32 c) const;
+    int IndexOf(char32 c, int startIndex) const;
+    int IndexOf(char32 c, int startIndex, int count) const;
+    int IndexOf(const String& text) const;
+    int IndexOf(const String& text, int startIndex) const;
+    int IndexOf(const String& text, int startIndex, int count) const;
     /// The backward searches begin at startIndex and end count code points before it.
-    int LastIndexOf(char32 value) const;
-    int LastIndexOf(char32 value, int startIndex) const;
-    int LastIndexOf(char32 value, int startIndex, int count) const;
-    int LastIndexOf(const String& value) const;
-    int LastIndexOf(const String& value, int startIndex) const;
-    int LastIndexOf(const String& value, int startIndex, int count) const;
+    int LastIndexOf(char32 c) const;
+    int LastIndexOf(char32 c, int startIndex) const;
+    int LastIndexOf(char32 c, int startIndex, int count) const;
+    int LastIndexOf(const String& text) const;
+    int LastIndexOf(const String& text, int startIndex) const;
+    int LastIndexOf(const String& text, int startIndex, int count) const;
     int IndexOfAny(const Array<char32, 1>& anyOf) const;
     int IndexOfAny(const Array<char32, 1>& anyOf, int startIndex) const;
     int IndexOfAny(const Array<char32, 1>& anyOf, int startIndex, int count) const;
     int LastIndexOfAny(const Array<char32, 1>& anyOf) const;
     int LastIndexOfAny(const Array<char32, 1>& anyOf, int startIndex) const;
     int LastIndexOfAny(const Array<char32, 1>& anyOf, int startIndex, int count) const;
-    bool StartsWith(const String& value) const;
-    bool StartsWith(const String& value, bool ignoreCase) const;
-    bool EndsWith(const String& value) const;
-    bool EndsWith(const String& value, bool ignoreCase) const;
+    bool StartsWith(const String& text) const;
+    bool StartsWith(const String& text, bool ignoreCase) const;
+    bool EndsWith(const String& text) const;
+    bool EndsWith(const String& text, bool ignoreCase) const;
 
     /// From startIndex to the end; empty at startIndex Length().
     String Substring(int startIndex) const;
     /// A length past the end is cut down; -1 means all that remains.
     String Substring(int startIndex, int length) const;
-    String Insert(int startIndex, const String& value) const;
+    String Insert(int startIndex, const String& text) const;
     String Remove(int startIndex) const;
     String Remove(int startIndex, int count) const;
     String Replace(char32 oldChar, char32 newChar) const;

@@ -1,6 +1,6 @@
 #include <Core/System/Diagnostics/CallStack.h>
 
-#include "Platform/StackWalker.h"
+#include <Platform/StackWalker.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include <Core/System/IO/DirectoryInfo.h>
 
-#include "Platform/Files.h"
-#include "System/IO/FailureText.h"
+#include "FailureText.h"
+#include <Platform/Files.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Checks.h>

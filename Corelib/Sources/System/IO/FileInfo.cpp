@@ -1,11 +1,11 @@
 #include <Core/System/IO/FileInfo.h>
 
-#include "Platform/Files.h"
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Checks.h>
 #include <Core/System/IO/FileNotFoundException.h>
 #include <Core/System/IO/Path.h>
 #include <Core/System/Security/SecurityException.h>
+#include <Platform/Files.h>
 
 namespace Tesmo::System::IO
 {

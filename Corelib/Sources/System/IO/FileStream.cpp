@@ -1,7 +1,6 @@
 #include <Core/System/IO/FileStream.h>
 
-#include "Platform/Files.h"
-#include "System/IO/FailureText.h"
+#include "FailureText.h"
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Array.h>
 #include <Core/System/Checks.h>
@@ -12,6 +11,7 @@
 #include <Core/System/IO/Path.h>
 #include <Core/System/NotSupportedException.h>
 #include <Core/System/ObjectClosedException.h>
+#include <Platform/Files.h>
 
 #include <algorithm>
 

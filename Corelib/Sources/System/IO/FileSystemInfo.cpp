@@ -1,10 +1,10 @@
 #include <Core/System/IO/FileSystemInfo.h>
 
-#include "Platform/Files.h"
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Checks.h>
 #include <Core/System/IO/FileNotFoundException.h>
 #include <Core/System/IO/Path.h>
+#include <Platform/Files.h>
 
 namespace Tesmo::System::IO
 {

@@ -1,6 +1,6 @@
 #include <Core/System/IO/Path.h>
 
-#include "Platform/Files.h"
+#include <Platform/Files.h>
 
 #include <Core/System/ArgumentException.h>
 

@@ -5,7 +5,7 @@
 #include <Core/System/InvalidOperationException.h>
 #include <Core/System/Net/Sockets/SocketException.h>
 
-#include "Platform/HostNames.h"
+#include <Platform/HostNames.h>
 
 #include <algorithm>
 #include <functional>

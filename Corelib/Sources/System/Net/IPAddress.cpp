@@ -112,9 +112,9 @@ IPAddress::IPAddress(std::uint8_t first, std::uint8_t second, std::uint8_t third
 {
 }
 
-IPAddress::IPAddress(std::int64_t number) : address(static_cast<std::uint32_t>(number))
+IPAddress::IPAddress(std::int64_t rawAddress) : address(static_cast<std::uint32_t>(rawAddress))
 {
-    if (static_cast<std::uint64_t>(number) >> 32 != 0)
+    if (static_cast<std::uint64_t>(rawAddress) >> 32 != 0)
     {
         throw ArgumentOutOfRangeException(ThrowSite);
     }

@@ -49,9 +49,9 @@ std::uint32_t ReadLowFirst(const unsigned char* bytes)
 }
 } // namespace
 
-IPEndPoint::IPEndPoint(const IPAddress& host, int portNumber)
+IPEndPoint::IPEndPoint(const IPAddress& hostAddress, int portNumber)
     : EndPoint(Sockets::AddressFamily::InterNetwork),
-      address(host),
+      address(hostAddress),
       port(CheckedPort(portNumber))
 {
     AddressFamily(address.AddressFamily());

@@ -51,10 +51,10 @@ private:
 };
 } // namespace
 
-ANSIEncoding::ANSIEncoding(int number, const CodePageTable& codePageTable, const char* workerName)
-    : Encoding(number),
+ANSIEncoding::ANSIEncoding(int ownCodePage, const CodePageTable& codePageTable, const char* ownClassName)
+    : Encoding(ownCodePage),
       table(&codePageTable),
-      className(workerName)
+      className(ownClassName)
 {
 }
 

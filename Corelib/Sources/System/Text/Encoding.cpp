@@ -179,7 +179,7 @@ Encoding::ByteArray Encoding::Convert(const Encoding& source, const Encoding& de
     return destination.GetBytes(source.GetChars(bytes, index, count));
 }
 
-Encoding::Encoding(int number) : codePage(number) {}
+Encoding::Encoding(int ownCodePage) : codePage(ownCodePage) {}
 
 bool Encoding::Equals(const Object& other) const
 {

@@ -1,6 +1,6 @@
 #include <Core/System/Threading/EventWaitHandle.h>
 
-#include "Platform/WaitObjects.h"
+#include <Platform/WaitObjects.h>
 
 #include <Core/System/Threading/AbandonedMutexException.h>
 #include <Core/System/ThrowSite.h>

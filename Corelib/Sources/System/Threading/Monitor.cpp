@@ -1,6 +1,6 @@
 #include <Core/System/Threading/Monitor.h>
 
-#include "Platform/ThreadOwnership.h"
+#include <Platform/ThreadOwnership.h>
 
 #include <Core/System/ArgumentNullException.h>
 #include <Core/System/Checks.h>

@@ -1,6 +1,6 @@
 #include <Core/System/Threading/Mutex.h>
 
-#include "Platform/WaitObjects.h"
+#include <Platform/WaitObjects.h>
 
 #include <Core/System/ApplicationException.h>
 #include <Core/System/IO/IOException.h>

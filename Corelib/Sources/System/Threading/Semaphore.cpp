@@ -1,6 +1,6 @@
 #include <Core/System/Threading/Semaphore.h>
 
-#include "Platform/WaitObjects.h"
+#include <Platform/WaitObjects.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/IO/IOException.h>

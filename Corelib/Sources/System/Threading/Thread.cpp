@@ -1,8 +1,8 @@
 #include <Core/System/Threading/Thread.h>
 
 #include "RunningThreads.h"
-#include "System/NumberCast.h"
 #include "WaitSleepJoin.h"
+#include <System/NumberCast.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Threads.h"
+#include <Platform/Threads.h>
 
 #include <Core/System/Threading/Thread.h>
 

@@ -1,8 +1,8 @@
 #include <Core/System/Threading/WaitHandle.h>
 
-#include "Platform/WaitObjects.h"
-#include "System/NumberCast.h"
 #include "WaitSleepJoin.h"
+#include <Platform/WaitObjects.h>
+#include <System/NumberCast.h>
 
 #include <Core/System/ArgumentException.h>
 #include <Core/System/ArgumentNullException.h>

@@ -60,7 +60,11 @@ void FlushFolder(const std::string& path)
 
 } // namespace
 
-StagedFile::StagedFile(const std::string& name) : path(Resolve(name)), folder(path.substr(0, path.rfind('/') + 1)) {}
+StagedFile::StagedFile(const std::string& filePath)
+    : path(Resolve(filePath)),
+      folder(path.substr(0, path.rfind('/') + 1))
+{
+}
 
 StagedFile::~StagedFile() // allocates nothing: a lack of memory may be what ended the change
 {

@@ -38,7 +38,7 @@ int WaitUntilReady(sd_bus* bus, Deadline deadline)
 
 } // namespace
 
-SystemBus::SystemBus(Deadline end) : deadline(end)
+SystemBus::SystemBus(Deadline callDeadline) : deadline(callDeadline)
 {
     sd_bus* opened = nullptr;
     const int result = sd_bus_open_system(&opened);

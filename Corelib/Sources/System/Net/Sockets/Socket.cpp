@@ -7,7 +7,7 @@
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/ObjectClosedException.h>
 
-#include "Platform/Sockets.h"
+#include <Platform/Sockets.h>
 
 #include <algorithm>
 #include <cstring>
