@@ -4,8 +4,7 @@
 #include <Core/System/IO/FileMode.h>
 #include <Core/System/Net/Sockets/AddressFamily.h>
 
-using IO::FileAttributes;
-using IO::FileMode;
+using IO::FileAttributes, IO::FileMode;
 using Net::Sockets::AddressFamily;
 using Threading::ThreadState;
 

@@ -29,19 +29,10 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::Sp;
-using Tesmo::System::Array;
-using Tesmo::System::Byte;
-using Tesmo::System::Exception;
-using Tesmo::System::String;
-using Tesmo::System::Collections::Generic::List;
-using Tesmo::System::IO::File;
-using Tesmo::System::IO::FileAttributes;
-using Tesmo::System::IO::FileInfo;
-using Tesmo::System::IO::IOException;
-using Tesmo::System::IO::Path;
-using Tesmo::System::IO::StreamReader;
-using Tesmo::System::Net::IPAddress;
+using Tesmo::Sp, Tesmo::System::Array, Tesmo::System::Byte, Tesmo::System::Exception, Tesmo::System::String,
+    Tesmo::System::Collections::Generic::List, Tesmo::System::IO::File, Tesmo::System::IO::FileAttributes,
+    Tesmo::System::IO::FileInfo, Tesmo::System::IO::IOException, Tesmo::System::IO::Path,
+    Tesmo::System::IO::StreamReader, Tesmo::System::Net::IPAddress;
 
 namespace
 {

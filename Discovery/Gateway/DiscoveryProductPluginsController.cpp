@@ -21,17 +21,10 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null;
-using Tesmo::Sp;
-using Tesmo::System::Array;
-using Tesmo::System::BadImageFormatException;
-using Tesmo::System::EntryPointNotFoundException;
-using Tesmo::System::Exception;
-using Tesmo::System::String;
-using Tesmo::System::Collections::Generic::List;
-using Tesmo::System::IO::DirectoryInfo;
-using Tesmo::System::IO::FileInfo;
-using Tesmo::System::IO::Path;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::Array, Tesmo::System::BadImageFormatException,
+    Tesmo::System::EntryPointNotFoundException, Tesmo::System::Exception, Tesmo::System::String,
+    Tesmo::System::Collections::Generic::List, Tesmo::System::IO::DirectoryInfo, Tesmo::System::IO::FileInfo,
+    Tesmo::System::IO::Path;
 
 namespace
 {

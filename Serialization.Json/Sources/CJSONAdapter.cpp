@@ -22,18 +22,9 @@
 
 namespace Zelkor::Serialization::Json::CJSONAdapter
 {
-using Tesmo::System::Boolean;
-using Tesmo::System::Double;
-using Tesmo::System::EnumDeprecated;
-using Tesmo::System::FormatException;
-using Tesmo::System::IEnum;
-using Tesmo::System::Int32;
-using Tesmo::System::Int64;
-using Tesmo::System::Object;
-using Tesmo::System::OutOfMemoryException;
-using Tesmo::System::String;
-using Tesmo::System::UInt32;
-using Tesmo::System::UInt64;
+using Tesmo::System::Boolean, Tesmo::System::Double, Tesmo::System::EnumDeprecated, Tesmo::System::FormatException,
+    Tesmo::System::IEnum, Tesmo::System::Int32, Tesmo::System::Int64, Tesmo::System::Object,
+    Tesmo::System::OutOfMemoryException, Tesmo::System::String, Tesmo::System::UInt32, Tesmo::System::UInt64;
 
 namespace
 {

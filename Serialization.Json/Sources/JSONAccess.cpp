@@ -18,18 +18,10 @@
 
 namespace Zelkor::Serialization::Json
 {
-using CJSONAdapter::Kind;
-using CJSONAdapter::ToInteger;
-using Tesmo::System::Boolean;
-using Tesmo::System::Double;
-using Tesmo::System::EnumDeprecated;
-using Tesmo::System::Int32;
-using Tesmo::System::Int64;
-using Tesmo::System::NotNull;
-using Tesmo::System::Object;
-using Tesmo::System::String;
-using Tesmo::System::UInt32;
-using Tesmo::System::UInt64;
+using CJSONAdapter::Kind, CJSONAdapter::ToInteger;
+using Tesmo::System::Boolean, Tesmo::System::Double, Tesmo::System::EnumDeprecated, Tesmo::System::Int32,
+    Tesmo::System::Int64, Tesmo::System::NotNull, Tesmo::System::Object, Tesmo::System::String, Tesmo::System::UInt32,
+    Tesmo::System::UInt64;
 
 namespace
 {

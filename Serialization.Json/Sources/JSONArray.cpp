@@ -10,9 +10,7 @@
 
 namespace Zelkor::Serialization::Json
 {
-using Tesmo::System::ArgumentOutOfRangeException;
-using Tesmo::System::OutOfMemoryException;
-using Tesmo::System::String;
+using Tesmo::System::ArgumentOutOfRangeException, Tesmo::System::OutOfMemoryException, Tesmo::System::String;
 
 JSONArray::JSONArray() = default;
 

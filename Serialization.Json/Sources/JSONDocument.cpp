@@ -11,9 +11,7 @@
 
 namespace Zelkor::Serialization::Json
 {
-using Tesmo::System::FormatException;
-using Tesmo::System::NotNull;
-using Tesmo::System::String;
+using Tesmo::System::FormatException, Tesmo::System::NotNull, Tesmo::System::String;
 
 namespace
 {

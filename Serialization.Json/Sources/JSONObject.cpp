@@ -13,10 +13,8 @@
 
 namespace Zelkor::Serialization::Json
 {
-using Tesmo::System::ArgumentException;
-using Tesmo::System::Array;
-using Tesmo::System::OutOfMemoryException;
-using Tesmo::System::String;
+using Tesmo::System::ArgumentException, Tesmo::System::Array, Tesmo::System::OutOfMemoryException,
+    Tesmo::System::String;
 
 namespace
 {

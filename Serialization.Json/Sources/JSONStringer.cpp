@@ -13,12 +13,9 @@
 
 namespace Zelkor::Serialization::Json
 {
-using CJSONAdapter::Checked;
-using CJSONAdapter::Kind;
-using Tesmo::System::FormatException;
-using Tesmo::System::NotNull;
-using Tesmo::System::OutOfMemoryException;
-using Tesmo::System::String;
+using CJSONAdapter::Checked, CJSONAdapter::Kind;
+using Tesmo::System::FormatException, Tesmo::System::NotNull, Tesmo::System::OutOfMemoryException,
+    Tesmo::System::String;
 
 JSONStringer& JSONStringer::BeginObject()
 {

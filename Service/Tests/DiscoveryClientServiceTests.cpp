@@ -5,8 +5,7 @@
 #include <Tests/Support/HostFolders.h>
 #include <Tests/Support/IsolatedTest.h>
 
-using Zelkor::Discovery::DiscoveryLogger;
-using Zelkor::Discovery::Client::DiscoveryClientService;
+using Zelkor::Discovery::DiscoveryLogger, Zelkor::Discovery::Client::DiscoveryClientService;
 
 namespace
 {

@@ -12,8 +12,7 @@
 namespace Zelkor::Discovery
 {
 using Serialization::Json::JSONObject;
-using Tesmo::Sp;
-using Tesmo::System::String;
+using Tesmo::Sp, Tesmo::System::String;
 
 bool TakeDatagram(const unsigned char* bytes, int size)
 {

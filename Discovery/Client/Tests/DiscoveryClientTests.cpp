@@ -6,8 +6,7 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::System::Threading::Semaphore;
-using Tesmo::System::Threading::Thread;
+using Tesmo::System::Threading::Semaphore, Tesmo::System::Threading::Thread;
 
 namespace
 {

@@ -11,8 +11,7 @@
 #include <Tests/Support/LogRecorder.h>
 
 using namespace Zelkor::Discovery;
-using Zelkor::Serialization::Json::JSONObject;
-using Zelkor::Serialization::Json::JSONStringer;
+using Zelkor::Serialization::Json::JSONObject, Zelkor::Serialization::Json::JSONStringer;
 
 namespace
 {
