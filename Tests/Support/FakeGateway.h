@@ -16,7 +16,6 @@ class FakeGateway : public IDiscoveryClientDataGateway
 public:
     using MACList = Tesmo::System::Collections::Generic::List<MACAddress>;
     using ProductList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<DiscoveryHostProduct>>;
-    using NICList = Tesmo::System::Collections::Generic::List<Tesmo::Sp<NICConfig>>;
 
     static Tesmo::Sp<NICConfig> MakeNIC(const char* mac, const char* address, const char* mask = "255.0.0.0")
     {

@@ -41,7 +41,7 @@ ClientAction* Signature()
 
 ClientAction* Config(const char* address)
 {
-    Sp<FakeGateway::NICList> configs(new FakeGateway::NICList);
+    Sp<NICList> configs(new NICList);
     configs->Add(FakeGateway::MakeNIC("1", address));
     return new ChangeYourIPConfigAction(configs);
 }

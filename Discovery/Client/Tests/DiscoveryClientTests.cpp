@@ -81,7 +81,7 @@ protected:
     /// Ends the announcements: after a restart they would go to the network.
     void Silence()
     {
-        gateway->host.NICs.Reset(new FakeGateway::NICList);
+        gateway->host.NICs.Reset(new NICList);
         gateway->failing = "GetHost";
     }
     void Restart()
