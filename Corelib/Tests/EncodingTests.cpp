@@ -123,7 +123,8 @@ TEST(EncodingTests, BuffersAndSizesAreChecked)
     ExpectEachThrows<ArgumentOutOfRangeException>(
         {[&] { utf8->GetBytes(char32(0x20AC), bytes, 2); }, [&] { utf8->GetBytes(char32(U'a'), bytes, -1); },
          [&] { utf8->GetString(bytes, 3, 2); }, [&] { utf8->GetChars(bytes, -1, 1); },
-         [&] { utf8->GetBytes(Array<char32>(2), 1, 2, bytes, 0); }, [&] { utf8->GetMaxByteCount(536870912); }});
+         [&] { utf8->GetBytes(Array<char32>(2), 1, 2, bytes, 0); },
+         [&] { utf8->GetBytes(Array<char32>(0), 0, 0, bytes, -1); }, [&] { utf8->GetMaxByteCount(536870912); }});
     const ByteArray& nothing = null;
     ExpectEachThrows<ArgumentNullException>({[&] { utf8->GetString(nothing); },
                                              [&] { utf8->GetCharCount(nothing, 0, 1); },

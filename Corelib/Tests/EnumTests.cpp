@@ -3,9 +3,10 @@
 #include <Core/System/IO/FileAttributes.h>
 #include <Core/System/IO/FileMode.h>
 #include <Core/System/Net/Sockets/AddressFamily.h>
+#include <Core/System/Net/Sockets/SocketError.h>
 
 using IO::FileAttributes, IO::FileMode;
-using Net::Sockets::AddressFamily;
+using Net::Sockets::AddressFamily, Net::Sockets::SocketError;
 using Threading::ThreadState;
 
 TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCoverThem)
@@ -24,6 +25,7 @@ TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCo
     expect("512", false, ThreadState(512));
     expect("InterNetwork", true, AddressFamily(AddressFamily::InterNetwork));
     expect("3", false, AddressFamily(3));
+    expect("ConnectionReset", true, SocketError(SocketError::ConnectionReset));
     expect("0", false, FileAttributes(0));
     expect("Hidden, ReadOnly", true, FileAttributes(3));
     expect("8", false, FileAttributes(8));

@@ -129,8 +129,10 @@ TEST_F(FileStreamTests, AStreamRefusesWhatItIsNotOpenFor)
 
 TEST_F(FileStreamTests, ReopenGoesOnWhereTheStreamStood)
 {
-    FileStream stream(folder.Path("f"), FileMode::Create, W, FileShare::None);
+    FileStream stream(folder.Path("f"), FileMode::Create, RW, FileShare::None);
     stream.Write(Array<unsigned char>('a', 'b', 'c', 'd', 'e'), 0, 5);
+    stream.SetPosition(1);
+    EXPECT_EQ('b', stream.ReadByte());
     stream.SetPosition(2);
     stream.Close();
     stream.Reopen();

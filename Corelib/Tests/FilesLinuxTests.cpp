@@ -35,6 +35,12 @@ TEST_F(FilesLinuxTests, AnOpenFileIsNotHandedToChildProcesses)
     EXPECT_NE(0, std::system("ls -l /proc/$$/fd | grep -q held.log"));
 }
 
+TEST_F(FilesLinuxTests, AFailedReadIsNoEndOfTheFile)
+{
+    FileStream memory("/proc/self/mem", FileMode::Open, FileAccess::Read, FileShare::None); // nothing lies at address 0
+    EXPECT_THROW(memory.ReadByte(), IOException);
+}
+
 TEST_F(FilesLinuxTests, DeadLinksAndFilesWhosePathsAreTooLongAreLeftOut)
 {
     std::filesystem::path deep(folder.Path().Utf8());

@@ -7,7 +7,9 @@
 #include <Core/System/Net/IPEndPoint.h>
 #include <Core/System/Net/IPHostEntry.h>
 #include <Core/System/Net/Sockets/SocketException.h>
+#include <Core/System/Random.h>
 #include <Core/System/Ref.h>
+#include <Core/System/Threading/AutoResetEvent.h>
 
 using namespace Tesmo::System::Collections::Generic;
 using namespace Tesmo::System::Net;
@@ -104,6 +106,7 @@ TEST(NullTests, OperationsThatNeedAnObjectRefuseNull)
 {
     static const Concrete target;
     static Delegate<int> delegate;
+    static Threading::AutoResetEvent event(false);
     ExpectEachThrows<ArgumentNullException>({
         [] { static_cast<void>(DateTime() < Nothing<DateTime>); },
         [] { static_cast<void>(TimeSpan() < Nothing<TimeSpan>); },
@@ -116,6 +119,12 @@ TEST(NullTests, OperationsThatNeedAnObjectRefuseNull)
         [] { Queue<int>::Enumerator walk(Nothing<Queue<int>>); },
         [] { EndPoint(Nothing<Sockets::AddressFamily>); },
         [] { IPEndPoint(Nothing<IPAddress>, 1); },
+        [] { SocketAddress(static_cast<const unsigned char*>(nullptr), 16); },
+        [] { TimeSpan::Parse(Nothing<String>); },
+        [] { String("a").IndexOfAny(Nothing<Array<char32>>); },
+        [] { String("a").LastIndexOfAny(Nothing<Array<char32>>); },
+        [] { Random().NextBytes(const_cast<Array<unsigned char>&>(Nothing<Array<unsigned char>>)); },
+        [] { Threading::WaitHandle::SignalAndWait(event, event, Nothing<TimeSpan>); },
         [] { IPHostEntry("", Nothing<Array<String>>, Array<IPAddress>(0)); },
         [] { throw Sockets::SocketException(Nothing<Sockets::SocketError>, ThrowSite); },
     });

@@ -167,6 +167,8 @@ TEST(StackTraceTests, AFrameNamesWhatItKnowsAndNoneIsOutOfRange)
     ExpectEachThrows<ArgumentOutOfRangeException>(
         {[] { StackTrace(-1, true); }, [] { StackTrace("main", -1, true); }, [] { StackFrame(-1, true); }});
     const StackTrace trace(0, true);
+    const std::string lines = trace.ToString().Utf8();
+    EXPECT_EQ(trace.GetFrameCount(), std::ranges::count(lines, '\n'));
     EXPECT_TRUE(trace.GetFrame(-1) == null && trace.GetFrame(trace.GetFrameCount()) == null);
     EXPECT_EQ(0, StackTrace(Int32::MaxValue, true).GetFrameCount());
     const CallStackEntry known{"a.cpp", 12, "Run()", 48, 3};
