@@ -3,6 +3,7 @@
 #include <Core/System/BadImageFormatException.h>
 #include <Core/System/DivideByZeroException.h>
 #include <Core/System/EntryPointNotFoundException.h>
+#include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/NotImplementedException.h>
 #include <Core/System/ObjectDisposedException.h>
 #include <Core/System/Runtime/Serialization/SerializationException.h>
@@ -46,6 +47,7 @@ TEST(ExceptionTests, EveryClassHasItsBaseAndItsDefaultMessage)
     ExpectMessage<TypeLoadException>("Failure has occurred while loading a type");
     ExpectMessage<EntryPointNotFoundException, TypeLoadException>("Entry point was not found.");
     ExpectMessage<BadImageFormatException>("Format for the executable or library is invalid.");
+    ExpectMessage<Net::Sockets::SocketException>("The Socket operation failed.");
     ExpectMessage<Security::SecurityException>("Security error detected.");
     ExpectMessage<IO::IOException>("I/O error occured.");
     ExpectMessage<IO::FileNotFoundException, IO::IOException>("Unable to find the specified file.");

@@ -23,7 +23,7 @@ int CodeOfReceiveEndedBy(NativeTestSocket& socket, End end)
 }
 } // namespace
 
-TEST(NativeSocketsTests, ShutdownAndCloseWakeABlockedReceive)
+TEST(NativeSocketsTests, ShutdownAndCloseWakeABlockedReceiveAndHarmNoSocketThatTakesTheNumberOver)
 {
     for (int round = 0; round < 200; ++round)
     {
@@ -36,43 +36,12 @@ TEST(NativeSocketsTests, ShutdownAndCloseWakeABlockedReceive)
         ASSERT_EQ(SocketShutDown, one.Receive());
         ASSERT_EQ(SocketShutDown, one.SendTo(one.local, "late"));
 
-        const int code = CodeOfReceiveEndedBy(two, [&] { CloseSocket(*two.socket); });
+        std::optional<NativeTestSocket> next;
+        const int code = CodeOfReceiveEndedBy(two, [&] { CloseSocket(*two.socket), next.emplace(); });
         ASSERT_TRUE(code == SocketInterrupted || code == SocketNotSocket) << code;
-        ASSERT_EQ(SocketNotSocket, two.Receive());
-        ASSERT_EQ(SocketNotSocket, two.SendTo(one.local, "late"));
-        ASSERT_EQ(SocketNotSocket, ShutdownSocket(*two.socket, 2));
-        CloseSocket(*two.socket);
-    }
-}
-
-TEST(NativeSocketsTests, CloseAgainstManyReceivesHarmsNoSocketThatTakesTheNumberOver)
-{
-    for (int round = 0; round < 200; ++round)
-    {
-        NativeTestSocket old;
-        std::latch started(3);
-        const auto receiveUntilClosed = [&]
-        {
-            unsigned char buffer[16];
-            NativeTestSocket::Address sender;
-            int size = 0;
-            int code = 0;
-            started.arrive_and_wait();
-            while (code == 0)
-            {
-                code = ReceiveSocket(*old.socket, buffer, sizeof(buffer), 0, sender, size, size);
-            }
-            EXPECT_TRUE(code == SocketInterrupted || code == SocketNotSocket) << code;
-        };
-        const std::jthread receivers[] = {std::jthread(receiveUntilClosed), std::jthread(receiveUntilClosed)};
-        started.arrive_and_wait();
-        old.SendTo(old.local, "one");
-        CloseSocket(*old.socket);
-
-        NativeTestSocket next;
-        ASSERT_EQ(0, next.SendTo(next.local, "mine"));
-        ASSERT_EQ(0, next.Receive());
-        ASSERT_EQ("mine", next.text);
+        ASSERT_EQ(0, next->SendTo(next->local, "mine"));
+        ASSERT_EQ(0, next->Receive());
+        ASSERT_EQ("mine", next->text);
     }
 }
 
@@ -86,8 +55,6 @@ TEST(NativeSocketsTests, AnEmptyDatagramIsOneAndALongerOneThanTheBufferIsLostAnd
 
     ASSERT_EQ(0, receiver.Receive());
     EXPECT_EQ("", receiver.text);
-    EXPECT_EQ(16, receiver.senderSize);
-    EXPECT_EQ(sender.Port(), receiver.sender[2] << 8 | receiver.sender[3]);
     EXPECT_EQ(SocketMessageSize, receiver.Receive(64));
     EXPECT_EQ(0, receiver.Receive(64));
     EXPECT_EQ(std::string(64, 'y'), receiver.text);
@@ -99,44 +66,22 @@ TEST(NativeSocketsTests, OptionsKeepTheirWindowsNumbersAndValues)
     // winsock2.h: SO_REUSEADDR, SO_BROADCAST, SO_RCVBUF, SO_RCVTIMEO
     using Row = std::tuple<int, int, int>;
     NativeTestSocket one;
+    const auto valueOrCode = [&](int name, int size)
+    {
+        int value = -2;
+        const int code = GetSocketOption(*one.socket, 65535, name, &value, size);
+        return code == 0 ? value : code;
+    };
     for (const auto& [name, written, readBack] :
          {Row{4, -1, 1}, Row{32, -1, 1}, Row{32, 0, 0}, Row{4098, 65536, 65536}, Row{4102, 1500, 1500}})
     {
-        SCOPED_TRACE(name);
-        ASSERT_EQ(0, one.SetOption(name, written));
-        int value = -2;
-        int size = sizeof(value);
-        ASSERT_EQ(0, GetSocketOption(*one.socket, 65535, name, &value, size));
-        EXPECT_EQ(readBack, value);
+        ASSERT_EQ(0, one.SetOption(name, written)) << name;
+        EXPECT_EQ(readBack, valueOrCode(name, 4)) << name;
     }
-    int failure = -1;
-    int size = sizeof(failure);
-    EXPECT_EQ(0, GetSocketOption(*one.socket, 65535, 4103, &failure, size)); // SO_ERROR
-    EXPECT_EQ(0, failure);
-    size = 1;
-    EXPECT_EQ(SocketFault, GetSocketOption(*one.socket, 65535, 4098, &failure, size));
-    EXPECT_EQ(SocketFault, SetSocketOption(*one.socket, 65535, 4098, &failure, 1));
+    EXPECT_EQ(0, valueOrCode(4103, 4)); // SO_ERROR
+    EXPECT_EQ(SocketFault, valueOrCode(4098, 1));
+    EXPECT_EQ(SocketFault, SetSocketOption(*one.socket, 65535, 4098, "", 1));
     EXPECT_EQ(SocketProtocolOption, one.SetOption(12345, 1));
-    EXPECT_EQ(SocketAccessDenied, one.SendTo({2, 0, 1, 1, 255, 255, 255, 255}, "without SO_BROADCAST"));
-}
-
-TEST(NativeSocketsTests, ASocketWithoutAPortReceivesNothing)
-{
-    NativeSocket* socket = nullptr;
-    NativeTestSocket::Address address = {};
-    int size = 0;
-    int received = 0;
-    unsigned char byte = 0;
-    const int milliseconds = 10;
-    ASSERT_EQ(0, OpenSocket(FamilyInterNetwork, TypeDatagram, 17, socket));
-    ASSERT_EQ(0, SetSocketOption(*socket, 65535, 4102, &milliseconds, sizeof(milliseconds)));
-    EXPECT_EQ(SocketInvalidArgument, ReceiveSocket(*socket, &byte, 1, 0, address, size, received));
-    const NativeTestSocket other;
-    EXPECT_EQ(0, SendSocket(*socket, &byte, 1, 0, other.local, 16, size)); // binds it
-    EXPECT_EQ(SocketTimedOut, ReceiveSocket(*socket, &byte, 1, 0, address, size, received));
-    EXPECT_EQ(SocketNotSupported, SendSocket(*socket, &byte, 1, 64, other.local, 16, size));
-    EXPECT_EQ(SocketNotSupported, ReceiveSocket(*socket, &byte, 1, 1, address, size, received)); // out of band
-    FreeSocket(socket);
 }
 
 TEST(NativeSocketsTests, NoCallBeginsAfterTheClose)
@@ -147,20 +92,21 @@ TEST(NativeSocketsTests, NoCallBeginsAfterTheClose)
     SelectEntry entry = {one.socket, true, true, true};
     int number = 4;
     CloseSocket(*one.socket);
-    const int codes[] = {BindSocket(*one.socket, one.local, 16),
-                         BindSocketForSending(*one.socket, one.local, 16),
-                         ConnectSocket(*one.socket, one.local, 16),
-                         ListenSocket(*one.socket, 1),
-                         AcceptSocket(*one.socket, none, address, number),
-                         SetSocketBlocking(*one.socket, true),
-                         GetSocketAvailable(*one.socket, number),
-                         GetSocketAddress(*one.socket, address, number),
-                         GetSocketOption(*one.socket, 65535, 32, &number, number),
-                         one.SetOption(32, 1),
-                         SelectSockets(&entry, 1, 0)};
-    for (std::size_t i = 0; i < std::size(codes); ++i)
-    {
-        EXPECT_EQ(SocketNotSocket, codes[i]) << i;
-    }
+    const std::vector<int> codes = {BindSocket(*one.socket, one.local, 16),
+                                    BindSocketForSending(*one.socket, one.local, 16),
+                                    ConnectSocket(*one.socket, one.local, 16),
+                                    ListenSocket(*one.socket, 1),
+                                    AcceptSocket(*one.socket, none, address, number),
+                                    SetSocketBlocking(*one.socket, true),
+                                    GetSocketAvailable(*one.socket, number),
+                                    GetSocketAddress(*one.socket, address, number),
+                                    GetSocketOption(*one.socket, 65535, 32, &number, number),
+                                    one.SetOption(32, 1),
+                                    SelectSockets(&entry, 1, 0),
+                                    one.Receive(),
+                                    one.SendTo(one.local, "late"),
+                                    ShutdownSocket(*one.socket, 2)};
+    EXPECT_THAT(codes, testing::Each(SocketNotSocket));
+    CloseSocket(*one.socket);
 }
 } // namespace Tesmo::Platform

@@ -74,31 +74,37 @@ TEST_F(SocketRoadsLinuxTests, ABroadcastWithoutARouteLeavesByTheBestInterface)
     EXPECT_EQ(SocketNetworkUnreachable, CodeOfSend(BindSocket, "0.0.0.0", "255.255.255.255"));
 }
 
-TEST_F(SocketRoadsLinuxTests, ADatagramThatAFullQueueLosesCountsAsSent)
+TEST_F(SocketRoadsLinuxTests, SelectAndReceiveGoOnWaitingAfterAHostThatIsUnreachable)
 {
-    Shell("tc qdisc add dev lan1 root bfifo limit 1"); // byte
-    EXPECT_EQ(0, CodeOfSend(BindSocket, "10.77.0.5", "10.77.0.255"));
-    EXPECT_EQ(0, CodeOfSend(BindSocketForSending, "10.77.0.5", "255.255.255.255"));
+    Shell("ip ntable change name arp_cache dev lan1 retrans 5 mcast_probes 1"); // told after 5 milliseconds
+    NativeTestSocket asking(0);
+    ASSERT_EQ(0, asking.SendTo(Address("10.77.0.9", 257).bytes, "nobody there"));
+    EXPECT_TRUE(asking.WaitsInVain(true));
+    ASSERT_EQ(0, asking.SetOption(4102, 200)); // milliseconds
+    ASSERT_EQ(0, asking.SendTo(Address("10.77.0.8", 257).bytes, "nor there"));
+    EXPECT_EQ(SocketTimedOut, asking.Receive());
 }
 
 TEST_F(SocketRoadsLinuxTests, ADatagramLeavesByAnInterfaceOfItsSourceOrNotAtAll)
 {
     using Row = std::tuple<const char*, const char*, const char*, int>; // a change of the network, source, target
-    const Row rows[] = {{"true", "10.77.0.5", "10.77.0.1", 0},
-                        {"true", "10.77.0.5", "172.17.0.1", 0}, // this host itself
-                        {"true", "10.77.0.5", "192.0.2.1", SocketNetworkUnreachable},
-                        {"true", "172.17.0.1", "10.77.0.1", SocketNetworkUnreachable},
-                        {"true", "172.17.0.1", "10.77.0.255", SocketNetworkUnreachable},
-                        {"true", "172.17.0.1", "255.255.255.255", 0},
-                        {"true", "192.0.2.2", "10.77.0.1", SocketAddressNotAvailable},
-                        {"true", "10.77.0.255", "10.77.0.1", SocketAddressNotAvailable},
-                        {"ip route add default dev lan1", "10.77.0.5", "192.0.2.1", 0},
-                        {"true", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable},
-                        {"ip route add default dev docker0 metric 9", "172.17.0.1", "192.0.2.1", 0},
-                        {"ip address add 10.77.0.5/32 dev docker0", "10.77.0.5", "10.77.0.1", 0}, // shared by both
-                        {"true", "10.77.0.5", "192.0.2.1", 0},
-                        {"ip link set lan1 down", "10.77.0.5", "10.77.0.1", 0},
-                        {"ip link set docker0 down", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable}};
+    const Row rows[] = {
+        {"tc qdisc add dev lan1 root bfifo limit 1", "10.77.0.5", "10.77.0.255", 0}, // lost in a full queue
+        {"tc qdisc del dev lan1 root", "10.77.0.5", "10.77.0.1", 0},
+        {"true", "10.77.0.5", "172.17.0.1", 0}, // this host itself
+        {"true", "10.77.0.5", "192.0.2.1", SocketNetworkUnreachable},
+        {"true", "172.17.0.1", "10.77.0.1", SocketNetworkUnreachable},
+        {"true", "172.17.0.1", "10.77.0.255", SocketNetworkUnreachable},
+        {"true", "172.17.0.1", "255.255.255.255", 0},
+        {"true", "192.0.2.2", "10.77.0.1", SocketAddressNotAvailable},
+        {"true", "10.77.0.255", "10.77.0.1", SocketAddressNotAvailable},
+        {"ip route add default dev lan1", "10.77.0.5", "192.0.2.1", 0},
+        {"true", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable},
+        {"ip route add default dev docker0 metric 9", "172.17.0.1", "192.0.2.1", 0},
+        {"ip address add 10.77.0.5/32 dev docker0", "10.77.0.5", "10.77.0.1", 0}, // shared by both
+        {"true", "10.77.0.5", "192.0.2.1", 0},
+        {"ip link set lan1 down", "10.77.0.5", "10.77.0.1", 0},
+        {"ip link set docker0 down", "172.17.0.1", "192.0.2.1", SocketNetworkUnreachable}};
     for (const auto& [change, source, target, code] : rows)
     {
         Shell(change);

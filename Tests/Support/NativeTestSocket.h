@@ -63,6 +63,17 @@ public:
         return code;
     }
 
+    /// True for a select, for reading or for errors, that finds nothing and takes all of its time.
+    bool WaitsInVain(bool read)
+    {
+        constexpr std::chrono::milliseconds wait(200);
+        const auto start = std::chrono::steady_clock::now();
+        SelectEntry entry = {socket, read, false, !read};
+        EXPECT_EQ(0, SelectSockets(&entry, 1, std::chrono::microseconds(wait).count()));
+        EXPECT_FALSE(entry.read || entry.write || entry.error);
+        return std::chrono::steady_clock::now() - start >= wait;
+    }
+
     int SetOption(int name, int value)
     {
         return SetSocketOption(*socket, 65535, name, &value, sizeof(value));
