@@ -79,7 +79,7 @@ void PrintString(const char* value, std::string& text)
     text += '"';
 }
 
-/// Integers as such, others with six digits behind the point; what is no number has no JSON form and prints as null.
+/// Integers print without a point, others with six decimals. NaN and infinity have no JSON form and print as null.
 void PrintNumber(double value, std::string& text)
 {
     constexpr double tolerance = std::numeric_limits<double>::epsilon();

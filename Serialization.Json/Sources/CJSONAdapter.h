@@ -18,8 +18,8 @@ namespace Zelkor::Serialization::Json::CJSONAdapter
 JSONItem Parse(const std::string& text, char opening);
 
 /// A document's copy that is to become a part of another document.
-/// @param text  compact, of the document
-/// @throws FormatException  with a container around it the text would nest too deep to be read again
+/// @param text  the document's compact text
+/// @throws FormatException  in one more container the text would be nested too deep to be read again
 JSONItem ParsePart(const std::string& text);
 
 /// Appends the compact text of a tree; nothing for a null pointer.

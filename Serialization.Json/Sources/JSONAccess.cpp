@@ -409,7 +409,7 @@ bool JSONAccess<Document, Key>::TakeValue(Key key, T& value)
         return false;
     }
     auto& document = static_cast<Document&>(*this);
-    if (static_cast<const void*>(&value) != static_cast<const Object*>(&document)) // else it is the value now
+    if (static_cast<const void*>(&value) != static_cast<const Object*>(&document)) // else the old tree is gone already
     {
         document.Detach(item);
     }

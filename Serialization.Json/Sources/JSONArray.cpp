@@ -80,11 +80,11 @@ void JSONArray::Attach(int index, JSONItem value)
     }
 }
 
-/// What cJSON_InsertItemInArray is for; that of Debian 12 refuses every place between two elements.
+/// In place of cJSON_InsertItemInArray, which on Debian 12 refuses every place between two elements.
 void JSONArray::InsertBefore(cJSON* next, cJSON* item)
 {
     item->next = next;
-    item->prev = next->prev; // of the first item: the last one
+    item->prev = next->prev; // for the first item this is the last one
     (next == root->child ? root->child : next->prev->next) = item;
     next->prev = item;
 }

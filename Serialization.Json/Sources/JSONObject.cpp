@@ -45,10 +45,10 @@ std::uint32_t JSONObject::GetLength() const
     return static_cast<std::uint32_t>(cJSON_GetArraySize(root.get()));
 }
 
-/// What cJSON_GetObjectItem is for; that one obeys the letters of a locale (decision 83).
+/// In place of cJSON_GetObjectItem, which compares letters by the locale (decision 83).
 const cJSON* JSONObject::Locate(const String& key) const
 {
-    const char* const name = key.Utf8().c_str(); // ends at a zero character, as names in the tree do
+    const char* const name = key.Utf8().c_str(); // ends at a zero character, like names in the tree
     const cJSON* item = root != nullptr ? root->child : nullptr;
     while (item != nullptr && !EqualsIgnoringCase(item->string, name))
     {

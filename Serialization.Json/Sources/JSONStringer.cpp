@@ -153,7 +153,7 @@ JSONStringer& JSONStringer::Add(JSONItem value)
     return *this;
 }
 
-/// Hangs an item into the innermost container, which owns it from then on.
+/// Adds an item to the innermost container, which owns it from then on.
 cJSON* JSONStringer::Attach(JSONItem value)
 {
     cJSON* const scope = scopes[static_cast<std::size_t>(depth)];

@@ -33,8 +33,8 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// True for a number beyond the range of a double at its upper end, false for one at its lower end: decided by the
-/// power of ten of its first digit.
+/// For a number out of a double's range: true if it is too large, false if it is too small. The power of ten of its
+/// first digit decides.
 bool IsTooLarge(std::string_view number)
 {
     const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
@@ -52,7 +52,7 @@ bool IsTooLarge(std::string_view number)
     return exponent > firstDigit - point;
 }
 
-/// The shortest text of a double without a decimal point, for which cJSON would take the first byte of a locale's.
+/// The shortest text of a double without a decimal point: cJSON would replace the point by that of the locale.
 /// (decision 83)
 std::string WithoutPoint(double value)
 {
@@ -180,7 +180,7 @@ bool JSONTextScanner::ScanEscape()
     return true;
 }
 
-/// A code unit that makes no character gives nothing, and so does a pair whose second half is no low surrogate.
+/// A code unit that is no character is dropped, and so is a pair whose second half is no low surrogate.
 /// (decision 79)
 bool JSONTextScanner::ScanUnicodeEscape()
 {
@@ -229,7 +229,7 @@ bool JSONTextScanner::ScanNumber()
     return read == end;
 }
 
-/// Puts the replacement in the place of the next characters; the cursor stays.
+/// Writes the replacement instead of the next length characters; the cursor stays.
 void JSONTextScanner::Replace(int length, std::string_view replacement)
 {
     isRewritten = true;

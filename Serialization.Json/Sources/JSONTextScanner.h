@@ -16,7 +16,8 @@ public:
     /// @returns false for text that is refused
     bool Scan(char opening);
 
-    /// The container with the white space before it: a part of the text itself, or the rewritten one. Lives as long as both.
+    /// The container with the white space before it: a part of the text itself, or the rewritten one. Valid while both
+    /// the text and the scanner live.
     std::string_view Result() const;
 
 private:
@@ -27,7 +28,7 @@ private:
     bool ScanNumber();
     void Replace(int length, std::string_view replacement);
 
-    const char* cursor;  ///< a zero byte stands behind the text
+    const char* cursor;  ///< the text ends with a zero byte
     const char* pending; ///< start of what is not yet in rewritten
     std::string rewritten;
     bool isRewritten = false;

@@ -65,7 +65,7 @@ void AppendErrorCode(std::string& text, int errorCode)
     NumericalFormat::Append(text, std::int64_t{errorCode}, 32, "X8");
 }
 
-/// The writer of a file or stream. It is made when all else is in order: a log that is refused opens and takes nothing.
+/// The writer of a file or stream. It is made after all checks: a refused log opens no file and takes no stream.
 template <class... Sink>
 Sp<StreamWriter> MakeWriter(const ILogStreamRefTime* source, const String& author, const String& company,
                             const String& product, const Sink&... sink)
@@ -231,7 +231,7 @@ void LogStream::Close()
         const FileStream* const file = File();
         WriteOwnRow("Close " + (file == nullptr ? String("Log") : Path::GetFileName(file->Name())));
     }
-    if (IsEnded()) // this row, too, may have been the one that could not be split off (decision 60)
+    if (IsEnded()) // the row itself may have ended the log by a failed split (decision 60)
     {
         return;
     }
@@ -347,9 +347,9 @@ void LogStream::SplitIfTooLarge()
     {
         if (IsEnded())
         {
-            return; // required: nobody is told, and the log is dead
+            return; // required: no exception, although the log has ended
         }
-        // Required: no channel takes an empty name, so what the caller of the row gets is the channel's refusal.
+        // Required. A channel refuses an empty name, so the caller of the row gets that exception.
         Write(LogStreamChannel(""), LogStreamLevel::Critical, failure.ErrorCode(), "Error splitting log file");
         Close();
     }

@@ -5,7 +5,7 @@
 
 namespace Tesmo::Platform
 {
-/// The calendar fields of a moment in the zone in which it is counted; tm_isdst is 0.
+/// The calendar fields of a moment, without a change of the zone; tm_isdst is 0.
 /// @param seconds  since the start of 1970
 std::tm CalendarFields(std::int64_t seconds);
 

@@ -26,7 +26,7 @@ std::int64_t ToTicks(const FILETIME& time)
 /// Seconds that local time is ahead of UTC at a moment.
 std::int64_t OffsetAt(std::int64_t utcSeconds)
 {
-    constexpr std::int64_t day = 86400; // keeps the local time within FILETIME too
+    constexpr std::int64_t day = 86400; // seconds; from this moment on no zone takes the local time out of FILETIME
     const std::int64_t ticks = std::max(utcSeconds + EpochSeconds, day) * TicksPerSecond;
     const FILETIME utc = ToFileTime(ticks);
     FILETIME local{};

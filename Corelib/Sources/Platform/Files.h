@@ -24,16 +24,16 @@ std::size_t RootLength(std::string_view path);
 /// Room for a full path with its closing zero, in bytes.
 constexpr std::size_t FullPathSize = 2048;
 
-/// The path from the root on, without "." and "..", whether there is such a file or not.
+/// The absolute path without "." and "..". The file need not exist.
 /// @returns false where it does not fit FullPathSize, or where the current folder is not known
 bool FullPath(const std::string& path, std::string& fullPath);
 
-/// Attributes in the numbers of Windows (winnt.h: FILE_ATTRIBUTE_READONLY and its kin).
+/// Attributes, with the values of Windows (winnt.h: FILE_ATTRIBUTE_READONLY, ...).
 constexpr int AttributeReadOnly = 1;
 constexpr int AttributeDirectory = 16;
 constexpr int AttributeDevice = 64;
 constexpr int AttributeNormal = 128;
-constexpr int NoAttributes = -1; ///< they cannot be read: there is no such file
+constexpr int NoAttributes = -1; ///< they cannot be read; the file counts as missing
 
 int ReadAttributes(const std::string& path);
 

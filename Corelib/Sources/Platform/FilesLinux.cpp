@@ -68,12 +68,12 @@ std::size_t RootLength(std::string_view path)
 bool FullPath(const std::string& path, std::string& fullPath)
 {
     std::error_code error;
-    // A zero ends the path, as it does in every call that takes one.
+    // A zero character ends the path, as in every system call that takes a path.
     fullPath = (std::filesystem::current_path(error) / path.c_str()).lexically_normal().native();
     const bool namesFolder = path.ends_with(DirectorySeparator);
     if (fullPath.size() > 1 && fullPath.ends_with(DirectorySeparator) && !namesFolder)
     {
-        fullPath.pop_back(); // "/a/." and "/a/b/..": no separator was written, none is in the result
+        fullPath.pop_back(); // the separator that lexically_normal adds for "/a/." and "/a/b/.."
     }
     return (!error || RootLength(path) > 0) && fullPath.size() < FullPathSize;
 }
@@ -109,7 +109,7 @@ std::vector<FoundEntry> FindEntries(const std::string& pattern)
         if (fnmatch(namePattern.c_str(), entry->d_name, FNM_NOESCAPE) == 0)
         {
             const int attributes = ReadAttributes(folder + entry->d_name);
-            if (attributes != NoAttributes) // a link to nothing
+            if (attributes != NoAttributes) // else a link without a target
             {
                 found.push_back({entry->d_name, attributes});
             }
@@ -140,7 +140,7 @@ int RenameFile(const std::string& source, const std::string& target)
     {
         return code;
     }
-    // The file system has no such rename, so the test comes first.
+    // rename would replace target, so the test comes first.
     return ReadAttributes(target) != NoAttributes ? EEXIST : CodeOf(rename(source.c_str(), target.c_str()));
 }
 
@@ -199,6 +199,6 @@ int SeekInFile(FileHandle file, std::int64_t offset, int origin, std::int64_t& p
 int CloseFile(FileHandle file)
 {
     const int code = CodeOf(close(static_cast<int>(file)));
-    return code != EINTR ? code : 0; // Linux gives the number back all the same
+    return code != EINTR ? code : 0; // after EINTR, too, Linux has closed the descriptor
 }
 } // namespace Tesmo::Platform

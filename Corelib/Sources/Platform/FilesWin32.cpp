@@ -34,7 +34,7 @@ OpenMode ModeOf(int flags)
         return {GENERIC_READ, OPEN_EXISTING};
     case OpenOutput:
         return {GENERIC_WRITE, CREATE_ALWAYS};
-    case OpenAppend: // without the right to write elsewhere every write goes to the end
+    case OpenAppend: // without FILE_WRITE_DATA every write goes to the end
         return {(FILE_GENERIC_WRITE & ~static_cast<DWORD>(FILE_WRITE_DATA)) | FILE_READ_ATTRIBUTES, OPEN_ALWAYS};
     default:
         return {GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING};

@@ -11,7 +11,7 @@ using RtlGetVersionFunction = LONG(WINAPI*)(OSVERSIONINFOW*);
 
 HostSystem ReadHostSystem()
 {
-    // GetVersionEx answers with the version that the program's manifest names; this one tells the truth.
+    // GetVersionEx gives the version that the program's manifest names, RtlGetVersion the real one.
     const FARPROC address = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetVersion");
     OSVERSIONINFOW info{};
     info.dwOSVersionInfoSize = sizeof(info);

@@ -12,8 +12,8 @@
 
 namespace Tesmo::Platform
 {
-/// Where a socket stands that is bound for sending alone: the group address that is never assigned (RFC 1112, section 4),
-/// to which nothing is sent.
+/// A socket for sending alone is bound to this group address. It is never assigned (RFC 1112, section 4), so nothing is
+/// sent to it.
 constexpr in_addr_t Nowhere = 0xE0000000; // 224.0.0.0
 
 /// A socket of Linux behind the handle: see Sockets.h for the contract.
@@ -35,23 +35,23 @@ struct NativeSocket
     const int family; ///< of Linux
     const bool datagram;
     std::atomic<bool> blocking = true;
-    /// A report of a closed port that a send came upon; the next receive tells it.
+    /// A report of a closed port was read; the next receive fails because of it.
     std::atomic<bool> portUnreachable = false;
-    /// Known to have a local port; the kernel is asked while it is not.
+    /// The socket has a local port. While this is false, the kernel is asked.
     std::atomic<bool> hasPort = false;
-    /// The address that a socket bound for sending alone sends from; see Nowhere.
+    /// The address that a socket bound to Nowhere sends from.
     std::atomic<in_addr_t> source = INADDR_ANY;
     SocketState state;
 };
 
-/// Empties the queue of reports, which otherwise uses up the receive buffer, and keeps what is to be told of it: that
-/// a port was closed. An unreachable host or network is no news that Windows gives to a datagram socket.
-/// @returns true when there was one
+/// Empties the queue of error reports, which would fill the receive buffer, and remembers whether one told of a closed
+/// port. Others are dropped: Windows tells a datagram socket of no unreachable host or network.
+/// @returns true when there was a report
 bool DrainReports(NativeSocket& socket);
 
 using Call = SocketCall<NativeSocket>;
 
-/// A raw address of Windows as Linux wants it; only the number of the IPv6 family differs.
+/// A raw address of Windows in the form of Linux; only the number of the IPv6 family differs.
 class NativeAddress
 {
 public:
@@ -79,7 +79,7 @@ public:
         return length == 0 ? nullptr : reinterpret_cast<const sockaddr*>(&storage);
     }
 
-    /// Room for the kernel to fill in, whose size stands in length.
+    /// The buffer that the kernel fills; length is its size in bytes.
     sockaddr* Receiver()
     {
         length = sizeof(storage);
@@ -115,7 +115,7 @@ public:
 
     bool HasPort() const
     {
-        return reinterpret_cast<const sockaddr_in*>(&storage)->sin_port != 0; // that of IPv6 lies in the same place
+        return reinterpret_cast<const sockaddr_in*>(&storage)->sin_port != 0; // the port of IPv6 has the same offset
     }
 
     socklen_t length = 0;

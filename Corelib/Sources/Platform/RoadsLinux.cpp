@@ -19,7 +19,7 @@ namespace
 /// What the kernel says of the route to an address.
 struct Route
 {
-    unsigned char type = RTN_UNSPEC; ///< RTN_...; RTN_UNSPEC: there is none, or it refuses
+    unsigned char type = RTN_UNSPEC; ///< RTN_...; RTN_UNSPEC: no route, or one that refuses
     unsigned interface = 0;          ///< index
 };
 
@@ -61,7 +61,7 @@ Route ReadRoute(const unsigned char* answer, std::size_t size)
     return route;
 }
 
-/// The kernel's routing tables, asked over one socket. Where there is none to be had, nothing has a route.
+/// The kernel's routing tables, asked over one socket. If it cannot be opened, nothing has a route.
 class RoutingTables
 {
 public:
@@ -84,14 +84,14 @@ public:
         return Ask(target, source, 0, 0);
     }
 
-    /// The entry that matches, with a limit to one interface where the index is not 0. Asked without this, the kernel
-    /// takes a target without a route by the interface for a neighbour there.
+    /// The table entry that matches; only one of the interface, if its index is not 0. Without RTM_F_FIB_MATCH the
+    /// kernel takes a target that the interface has no route to for a neighbour there.
     Route Match(in_addr target, in_addr source, unsigned interface) const
     {
         return Ask(target, source, interface, RTM_F_FIB_MATCH);
     }
 
-    /// The first interface that has an address of this host, 0 for any other address.
+    /// The first interface that has the address; 0 if it is no address of this host.
     unsigned OwnerOf(in_addr address) const
     {
         const Route route = Match(address, {}, 0);
@@ -148,7 +148,7 @@ BroadcastInterface MakeBroadcastInterface(const ifaddrs& entry, const RoutingTab
     const bool isLoopback = (entry.ifa_flags & IFF_LOOPBACK) != 0;
     made.rank = isLoopback ? 2 : canBroadcast ? (hasCarrier ? 0 : 1) : 3;
     made.road.source = reinterpret_cast<const sockaddr_in*>(entry.ifa_addr)->sin_addr;
-    made.road.interface = tables.OwnerOf(made.road.source); // the entry's name is the address's label, whatever that is
+    made.road.interface = tables.OwnerOf(made.road.source); // not the entry's name, which is any label
     return made;
 }
 } // namespace
@@ -182,7 +182,7 @@ std::optional<Road> FindRoad(in_addr source, in_addr target)
 {
     if (target.s_addr == INADDR_BROADCAST)
     {
-        return Road{0, source}; // the kernel takes the interface that has the source
+        return Road{0, source}; // the kernel chooses the interface that has the source
     }
     const RoutingTables tables;
     const Route usual = tables.Find(target, source);
@@ -193,7 +193,7 @@ std::optional<Road> FindRoad(in_addr source, in_addr target)
     const unsigned owner = tables.OwnerOf(source);
     if (usual.interface != 0 && (usual.interface == owner || tables.IsOwner(usual.interface, source)))
     {
-        return Road{usual.interface, source}; // interfaces may share an address: the usual one comes first
+        return Road{usual.interface, source}; // if interfaces share the source, the usual one is taken
     }
     const bool hasRoute = owner != 0 && tables.Match(target, source, owner).type != RTN_UNSPEC;
     return hasRoute ? std::optional(Road{owner, source}) : std::nullopt;

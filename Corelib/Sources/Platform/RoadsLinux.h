@@ -13,7 +13,7 @@ struct Road
     in_addr source = {};
 };
 
-/// The road for a broadcast that no route leads out: the first interface, in ascending index, that is up, can
+/// The road for a broadcast without a route: the first interface, in ascending index, that is up, can
 /// broadcast and has an IPv4 address (one with a carrier before one without); only where there is none, loopback.
 std::optional<Road> FindBroadcastRoad();
 

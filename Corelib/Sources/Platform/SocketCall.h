@@ -5,7 +5,7 @@
 
 namespace Tesmo::Platform
 {
-/// Ends a call; the last one out of a closed socket releases its descriptor.
+/// Ends a call; the last call of a closed socket releases its descriptor.
 /// @tparam Socket  the platform's NativeSocket, with its `state` and `Release`
 template <class Socket>
 void LeaveSocket(Socket& socket)
@@ -16,7 +16,7 @@ void LeaveSocket(Socket& socket)
     }
 }
 
-/// Stands for one call under way.
+/// One call under way: its constructor enters the socket, its destructor leaves it.
 template <class Socket>
 class SocketCall
 {
@@ -39,7 +39,7 @@ public:
         return !entered;
     }
 
-    /// The number with which the end of the socket ends this call, 0 while the direction is open.
+    /// The error number of this call if the socket was closed or the direction shut down; 0 while it is open.
     int End(int direction) const
     {
         return socket.state.IsClosed() ? SocketInterrupted : socket.state.IsShutDown(direction) ? SocketShutDown : 0;

@@ -18,7 +18,7 @@ struct ErrorRow
 
 constexpr ErrorRow errors[] = {
     {EINTR, SocketInterrupted},
-    {EPERM, SocketAccessDenied}, // a firewall's answer to a send
+    {EPERM, SocketAccessDenied}, // a firewall refused a send
     {EACCES, SocketAccessDenied},
     {EFAULT, SocketFault},
     {EINVAL, SocketInvalidArgument},

@@ -98,7 +98,7 @@ struct WindowsLinger
     std::uint16_t seconds;
 };
 
-/// The fewest bytes that Windows takes for the value of an option that is not passed through as it is.
+/// The smallest value that Windows accepts for an option that is not Plain, in bytes.
 constexpr int ConvertedSize = 4;
 
 socklen_t ToNativeValue(OptionValue kind, const void* value, int size, NativeValue& native)
@@ -116,7 +116,7 @@ socklen_t ToNativeValue(OptionValue kind, const void* value, int size, NativeVal
         native.lingering = {lingering.on, lingering.seconds};
         return sizeof(native.lingering);
     case OptionValue::Milliseconds:
-        number = std::max(number, 0); // negative is as good as endless on Windows, and 0 is endless on both
+        number = std::max(number, 0); // 0 is no limit on both; a negative value is as good as none on Windows
         native.time = {number / 1000, number % 1000 * 1000};
         return sizeof(native.time);
     case OptionValue::DontFragment:

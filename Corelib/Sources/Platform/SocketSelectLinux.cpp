@@ -36,7 +36,7 @@ int Poll(std::vector<pollfd>& waits, Clock::duration limit, bool isLimited)
     return errno == EINTR ? 0 : SocketErrorOf(errno);
 }
 
-/// What was found, with reports of earlier datagrams only where a receive would tell of them (decision 94).
+/// What poll found. A report of an earlier datagram counts only if a receive would fail because of it (decision 94).
 int Findings(NativeSocket& socket, int found)
 {
     if (socket.datagram && (found & POLLERR) != 0 && DrainReports(socket))
@@ -46,7 +46,7 @@ int Findings(NativeSocket& socket, int found)
     return socket.portUnreachable ? found | POLLIN : found;
 }
 
-/// Those of the conditions asked for that hold.
+/// The conditions that were asked for and hold.
 SelectEntry Answer(const SelectEntry& asked, int found)
 {
     return {asked.socket, asked.read && (found & (POLLIN | POLLHUP | POLLERR)) != 0,
@@ -67,7 +67,7 @@ bool FindAnswers(const SelectEntry* entries, std::vector<pollfd>& waits, std::ve
         isAnyFound = isAnyFound || isFound;
         if (!isFound && (wait.revents & POLLHUP) != 0)
         {
-            wait.fd = -1; // an end that nobody asked for would be found again at once
+            wait.fd = -1; // nobody asked for it, and poll would find it again at once
         }
     }
     return isAnyFound;

@@ -5,13 +5,13 @@
 
 namespace Tesmo::Platform
 {
-/// Counts the calls under way in one socket and knows how it ended, without a lock. The platform's sources share it:
-/// whoever is told to release the descriptor is the last user there is and will ever be.
+/// Counts the calls under way in one socket and knows how it ended, without a lock. The platform's sources share it.
+/// A caller that is told to release the descriptor is the last one: no call is under way, and none can begin.
 class SocketState
 {
 public:
     /// Begins a call.
-    /// @returns false when the socket is closed; there is then nothing to leave
+    /// @returns false when the socket is closed; Leave is then not called
     bool Enter() noexcept
     {
         return Add(1);
@@ -49,7 +49,7 @@ public:
         return shutDown.fetch_or(directions);
     }
 
-    /// Takes directions back after a shut-down that failed.
+    /// Clears directions again after a shut-down that failed.
     void Reopen(int directions) noexcept
     {
         shutDown.fetch_and(~directions);

@@ -14,13 +14,13 @@ namespace Tesmo::Platform
 {
 namespace
 {
-/// Sends of one datagram that may fail over reports of earlier ones before the failure is passed on.
+/// How often one datagram is tried while reports of earlier ones make its send fail.
 constexpr int MaxSendAttempts = 8;
-/// Reports taken out at once; a receive buffer of 65536 bytes holds 157 of them.
+/// Reports taken out in one go; a receive buffer of 65536 bytes holds 157 of them.
 constexpr int MaxReportsAtOnce = 1024;
 
-/// True for the errors that report the fate of an earlier datagram (icmp(7)); a call of a datagram socket that fails
-/// so has done nothing else.
+/// True for the errors that report what became of an earlier datagram (icmp(7)). A call of a datagram socket that fails
+/// with one has neither sent nor received anything.
 bool IsReport(int error)
 {
     constexpr int reports[] = {ECONNREFUSED, EHOSTUNREACH, ENETUNREACH, EHOSTDOWN, ENONET,
@@ -101,7 +101,7 @@ ssize_t SendOnceBy(const Road& road, const NativeSocket& socket, const Outgoing&
     return ::sendmsg(socket.descriptor, &message, outgoing.flags);
 }
 
-/// Sends, by a road if one is given, and again where only a signal or the report of an earlier datagram stood in the way.
+/// Sends, by a road if one is given. Tries again after a signal or the report of an earlier datagram.
 /// @param sent  receives the number of bytes sent
 /// @returns 0 or an errno
 int Send(NativeSocket& socket, const Call& call, const Outgoing& outgoing, const std::optional<Road>& road, int& sent)
@@ -112,7 +112,7 @@ int Send(NativeSocket& socket, const Call& call, const Outgoing& outgoing, const
         const int error = errno;
         if (result >= 0 || (error == ENOBUFS && socket.datagram))
         {
-            // ENOBUFS: lost in a full queue of the interface, told only because we ask for reports (decision 93)
+            // ENOBUFS: the interface's queue was full, which is told only to those who ask for reports (decision 93)
             sent = result >= 0 ? static_cast<int>(result) : outgoing.size;
             return 0;
         }
@@ -147,14 +147,14 @@ bool IsBoundToNoAddress(const NativeSocket& socket)
     return ReadLocalAddress(socket, local) == 0 && local.IsIPv4() && local.IPv4().s_addr == INADDR_ANY;
 }
 
-/// The error number of a send that failed for a reason of its own (decision 96).
+/// The error number of a send that failed, and not by a report of an earlier datagram (decision 96).
 int SendErrorOf(const NativeSocket& socket, int error, const NativeAddress& target)
 {
     if (error == EAGAIN)
     {
         return socket.blocking ? SocketTimedOut : SocketWouldBlock;
     }
-    if (!socket.datagram || !(IsRefusedByRoute(error) || error == EPERM)) // EPERM: a firewall's word about a datagram
+    if (!socket.datagram || !(IsRefusedByRoute(error) || error == EPERM)) // EPERM: a firewall refused it
     {
         return SocketErrorOf(error);
     }
@@ -162,7 +162,7 @@ int SendErrorOf(const NativeSocket& socket, int error, const NativeAddress& targ
     {
         return SocketAddressNotAvailable;
     }
-    // without the option to broadcast
+    // EACCES for a broadcast: the option to broadcast is not set
     return error == EACCES && target.IsIPv4() && IsBroadcast(target.IPv4()) ? SocketAccessDenied
                                                                             : SocketNetworkUnreachable;
 }
@@ -243,11 +243,11 @@ int ReceiveSocket(NativeSocket& socket, unsigned char* buffer, int size, int fla
         const int error = errno;
         if (const int end = call.End(ReceivingDirection); end != 0)
         {
-            return end; // whatever came: the kernel hands out what is queued even after a shut-down
+            return end; // even with data: after a shut-down, too, the kernel hands out what is queued
         }
         if (result == 0 && socket.datagram && sender.length == 0)
         {
-            return SocketShutDown; // by somebody who holds the same socket; an empty datagram has a sender
+            return SocketShutDown; // by another holder of the socket; an empty datagram would have a sender
         }
         if (result >= 0)
         {

@@ -7,7 +7,7 @@ namespace Tesmo::Platform
 ///
 /// Every function returns 0 or a Windows Sockets error number and may be called from any thread, several at once on
 /// one socket. The two that end a socket are special: ShutdownSocket and CloseSocket wake the calls that block in it.
-/// A receive that they meet under way fails with SocketShutDown or SocketInterrupted, even when it has got data
+/// A receive that is then under way fails with SocketShutDown or SocketInterrupted, even when it has got data
 /// meanwhile. A call that begins after CloseSocket fails with SocketNotSocket.
 ///
 /// An address is the raw sockaddr of Windows: two bytes of family, low byte first (2 or 23), then the family's layout.
@@ -18,7 +18,7 @@ constexpr int FamilyInterNetworkV6 = 23;
 constexpr int TypeStream = 1;
 constexpr int TypeDatagram = 2;
 
-constexpr int SocketInterrupted = 10004;          ///< closed under the call (WSAEINTR)
+constexpr int SocketInterrupted = 10004;          ///< closed during the call (WSAEINTR)
 constexpr int SocketAccessDenied = 10013;         ///< WSAEACCES
 constexpr int SocketFault = 10014;                ///< WSAEFAULT
 constexpr int SocketInvalidArgument = 10022;      ///< WSAEINVAL
@@ -45,7 +45,7 @@ constexpr int SocketConnectionReset = 10054;      ///< a datagram sent earlier m
 constexpr int SocketNoBufferSpace = 10055;        ///< WSAENOBUFS
 constexpr int SocketIsConnected = 10056;          ///< WSAEISCONN
 constexpr int SocketNotConnected = 10057;         ///< WSAENOTCONN
-constexpr int SocketShutDown = 10058;             ///< shut down under or before the call (WSAESHUTDOWN)
+constexpr int SocketShutDown = 10058;             ///< shut down during or before the call (WSAESHUTDOWN)
 constexpr int SocketTimedOut = 10060;             ///< WSAETIMEDOUT
 constexpr int SocketConnectionRefused = 10061;    ///< WSAECONNREFUSED
 constexpr int SocketHostDown = 10064;             ///< WSAEHOSTDOWN
@@ -54,8 +54,8 @@ constexpr int SocketHostUnreachable = 10065;      ///< WSAEHOSTUNREACH
 /// Room for an address, in bytes; the longest that is used is sockaddr_in6 with 28.
 constexpr int SocketAddressSize = 32;
 
-/// A socket of the operating system. It outlives its descriptor: the descriptor goes when the socket is closed and the
-/// last call under way has returned, so that its number cannot come to mean another file under a running call.
+/// A socket of the operating system. It outlives its descriptor, which is released when the socket is closed and the
+/// last call under way has returned. So the number cannot mean another file while a call still uses it.
 struct NativeSocket;
 
 /// Makes a socket. Child processes do not inherit it.
@@ -81,7 +81,7 @@ int BindSocket(NativeSocket& socket, const unsigned char* address, int addressSi
 /// leaves by the interface that has the address, or not at all (10051).
 int BindSocketForSending(NativeSocket& socket, const unsigned char* address, int addressSize);
 
-/// Connects; an address of family 0 dissolves the association of a datagram socket.
+/// Connects; an address of family 0 disconnects a datagram socket.
 int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addressSize);
 
 int ListenSocket(NativeSocket& socket, int backlog);
@@ -94,10 +94,11 @@ int AcceptSocket(NativeSocket& socket, NativeSocket*& accepted, unsigned char (&
 
 /// Sends one datagram, or bytes of a stream to the connected peer when address is a null pointer.
 ///
-/// A report that an earlier datagram met a closed port costs no send. Where the host has no route for 255.255.255.255,
-/// or one that refuses, and the socket is bound to no address, it leaves by the first interface, in ascending index,
-/// that is up, can broadcast and has an IPv4 address (one with a carrier before one without); only where there is none,
-/// by loopback. A datagram that no route takes, or a firewall refuses, fails with SocketNetworkUnreachable.
+/// A report that an earlier datagram met a closed port makes no send fail. Where the host has no route for
+/// 255.255.255.255, or one that refuses, and the socket is bound to no address, a broadcast leaves by the first
+/// interface, in ascending index, that is up, can broadcast and has an IPv4 address (one with a carrier before one
+/// without); only where there is none, by loopback. A datagram without a route, or refused by a firewall, fails with
+/// SocketNetworkUnreachable.
 /// @param flags  1 out of band, 4 without routing; other bits fail with SocketNotSupported
 /// @param sent   receives the number of bytes sent
 int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int flags, const unsigned char* address,
@@ -136,8 +137,8 @@ struct SelectEntry
     bool error;
 };
 
-/// Waits until one of the conditions asked for holds, and clears those that do not. A closed port that the next
-/// receive would tell of makes a datagram socket readable.
+/// Waits until one of the conditions asked for holds, and clears those that do not. A datagram socket is readable, too,
+/// when the next receive would fail because of a closed port.
 /// @param microseconds  limit, negative for none
 int SelectSockets(SelectEntry* entries, int count, int microseconds);
 } // namespace Tesmo::Platform

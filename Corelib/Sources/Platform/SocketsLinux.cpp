@@ -18,7 +18,7 @@ int ResultOf(int outcome)
     return outcome < 0 ? SocketErrorOf(errno) : 0;
 }
 
-/// Finishes a connect that a signal broke off: it goes on by itself, and asking again would fail.
+/// Waits for a connect that a signal interrupted: the kernel goes on with it, and a second connect would fail.
 int AwaitConnection(const NativeSocket& socket)
 {
     pollfd wait = {socket.descriptor, POLLOUT, 0};
@@ -34,7 +34,7 @@ int AwaitConnection(const NativeSocket& socket)
     return ::getsockopt(socket.descriptor, SOL_SOCKET, SO_ERROR, &error, &length) == 0 ? error : errno;
 }
 
-/// Gives a new socket the behaviour that the contract takes for granted.
+/// Sets the options that give a new socket the behaviour of Windows.
 void Prepare(const NativeSocket& socket)
 {
     const int on = 1;
@@ -96,7 +96,7 @@ void CloseSocket(NativeSocket& socket)
     }
     if (!socket.state.IsLast())
     {
-        ::shutdown(socket.descriptor, SHUT_RDWR); // close alone wakes nobody
+        ::shutdown(socket.descriptor, SHUT_RDWR); // close alone wakes no call
     }
     LeaveSocket(socket);
 }
@@ -114,10 +114,9 @@ int ShutdownSocket(NativeSocket& socket, int how)
     {
         return call.Refused() ? SocketNotSocket : SocketInvalidArgument;
     }
-    const int before = socket.state.ShutDown(directions); // noted first: whoever is woken must find it
+    const int before = socket.state.ShutDown(directions); // noted first, so that the calls that wake see it
     const int outcome = ::shutdown(socket.descriptor, how);
-    if (outcome == 0 ||
-        (errno == ENOTCONN && socket.datagram)) // said of a datagram socket that is shut down all the same
+    if (outcome == 0 || (errno == ENOTCONN && socket.datagram)) // a datagram socket is shut down all the same
     {
         return 0;
     }
@@ -171,7 +170,7 @@ int ConnectSocket(NativeSocket& socket, const unsigned char* address, int addres
     {
         return call.Refused() ? SocketNotSocket : SocketFault;
     }
-    socket.hasPort = false; // a dissolved association takes the port along that nobody had bound
+    socket.hasPort = false; // a disconnect gives up a port that was not set by a bind
     int error = ::connect(socket.descriptor, peer.Get(), peer.length) == 0 ? 0 : errno;
     if (error == EINTR)
     {

@@ -16,7 +16,7 @@ namespace Tesmo::Platform
 {
 namespace
 {
-/// An event that stays set.
+/// An event that stays set until it is reset.
 class Event
 {
 public:
@@ -47,18 +47,18 @@ struct NativeSocket
     const bool datagram;
     std::atomic<bool> blocking = true;
     SocketState state;
-    const Event receivingEnded; ///< set by whoever ends receiving, and never reset
+    const Event receivingEnded; ///< set when receiving ends, and never reset
 };
 
 namespace
 {
-/// A call of which the outcome says whether it failed.
+/// A call under way, with the error number that it gives.
 class Call : public SocketCall<NativeSocket>
 {
 public:
     using SocketCall::SocketCall;
 
-    /// 0 for an outcome that is no failure, else the number that tells why.
+    /// 0 unless outcome is a failure, else the error number.
     int Result(int outcome, int direction) const
     {
         const int error = outcome == SOCKET_ERROR ? WSAGetLastError() : 0;
@@ -93,7 +93,7 @@ DWORD ReceiveLimit(const NativeSocket& socket)
     return outcome == SOCKET_ERROR || limit == 0 ? INFINITE : limit;
 }
 
-/// Receives by an overlapped call: unlike a blocking one it can be broken off at any moment of its course.
+/// Receives by an overlapped call, which, unlike a blocking one, can be cancelled at any moment.
 /// (decision 102)
 int ReceiveBlocking(NativeSocket& socket, WSABUF part, DWORD flags, sockaddr* sender, int* senderSize, int& received)
 {
@@ -118,7 +118,7 @@ int ReceiveBlocking(NativeSocket& socket, WSABUF part, DWORD flags, sockaddr* se
     return code;
 }
 
-/// Takes what is there, for a socket that does not block.
+/// Receives what is there, for a socket that does not block.
 int ReceiveAtOnce(NativeSocket& socket, WSABUF part, DWORD flags, sockaddr* sender, int* senderSize, int& received)
 {
     received =
@@ -201,7 +201,7 @@ int ShutdownSocket(NativeSocket& socket, int how)
     {
         return call.Refused() ? SocketNotSocket : SocketInvalidArgument;
     }
-    const int before = socket.state.ShutDown(directions); // noted first: whoever is woken must find it
+    const int before = socket.state.ShutDown(directions); // noted first, so that the calls that wake see it
     const int code = ResultOf(::shutdown(socket.handle, how));
     if (code != 0 && !(code == SocketNotConnected && socket.datagram))
     {
@@ -236,7 +236,7 @@ int BindSocketForSending(NativeSocket& socket, const unsigned char* address, int
     {
         return code;
     }
-    // a connected datagram socket takes what its peer sends alone, and this peer is the socket itself (decision 99)
+    // a connected datagram socket receives from its peer alone; here the peer is the socket itself (decision 99)
     return ResultOf(::getsockname(socket.handle, reinterpret_cast<sockaddr*>(&local), &size) == SOCKET_ERROR
                         ? SOCKET_ERROR
                         : ::connect(socket.handle, reinterpret_cast<sockaddr*>(&local), size));

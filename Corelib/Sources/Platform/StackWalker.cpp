@@ -18,7 +18,7 @@ constexpr std::size_t UsualDepth = 64; ///< frames
 struct Walk
 {
     const void* user;
-    std::vector<const void*> addresses; ///< none until the user's function has come by
+    std::vector<const void*> addresses; ///< empty until the walk reaches the user's function
     const void* own = nullptr;          ///< the topmost address
     bool isOutOfMemory = false;
 };

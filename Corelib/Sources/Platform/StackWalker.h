@@ -7,14 +7,15 @@
 
 namespace Tesmo::Platform
 {
-/// Frames of the library itself at the top of every walk: two of the walk, four of those who asked for it. Their real
-/// number depends on the optimiser, so a walk counts from the user's function and writes its own address above it.
+/// Frames of the library itself at the top of every walk: two of the walk, four of its callers in the library. Their
+/// real number depends on the optimiser, so a walk starts at the user's function and puts this many addresses of the
+/// library above it.
 constexpr int OwnFrames = 6;
 
-/// Notes the stack of the calling thread, however deep it is. Cheap: no symbols.
+/// Records the stack of the calling thread, however deep it is. Cheap: no symbols.
 /// @param user  a return address into the topmost function of interest
-/// @returns OwnFrames addresses of the library, then the user's function and its callers; none where user is not on the
-///          stack, and from then on when ResolveStack has found that the library itself has no lines
+/// @returns OwnFrames addresses of the library, then the user's function and its callers; nothing if user is not on the
+///          stack, and always nothing once ResolveStack has found that the library itself has no lines
 /// @throws std::bad_alloc
 [[gnu::noinline]] std::vector<const void*> CaptureStack(const void* user);
 

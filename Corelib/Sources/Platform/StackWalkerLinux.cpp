@@ -28,23 +28,23 @@ struct Symbol
     std::uintptr_t start = 0;
 };
 
-/// Bytes that are free before symbols are read: a few times what the program with its debug information takes.
+/// Bytes that must be free before symbols are read: a few times the size of the program with its debug information.
 constexpr std::size_t LoadRoom = 64 << 20;
 
-/// Whether the error tells of descriptors or memory that may be there again later.
+/// Whether the error is a shortage of descriptors or memory, which may pass.
 bool IsShortage(int code)
 {
     return code == EMFILE || code == ENFILE || code == ENOMEM;
 }
 
-/// What one look-up has come to.
+/// The outcome of one look-up.
 struct LookUp
 {
     StackEntries entries;
     bool isShortOfResources = false;
 };
 
-/// Without symbols there are no entries, and that is an answer.
+/// Notes shortages alone: a program without symbols has no entries, and that is an answer.
 /// @param code  errno, or -1 where symbols are missing
 void NoteError(void* lookUp, const char*, int code)
 {
@@ -106,8 +106,8 @@ void KeepSymbol(void* symbol, std::uintptr_t, const char* name, std::uintptr_t s
     *static_cast<Symbol*>(symbol) = {name, start};
 }
 
-/// Whether the address lies in the program or plug-in that this library is linked into. Others may be unloaded and
-/// their place taken by another (decision 72).
+/// Whether the address lies in the program or plug-in that this library is linked into. Others may be unloaded, and
+/// others loaded at the same address (decision 72).
 bool IsInOwnModule(const void* address)
 {
     static const char ownPlace = 0;
@@ -116,7 +116,7 @@ bool IsInOwnModule(const void* address)
     return dladdr(&ownPlace, &own) != 0 && dladdr(address, &other) != 0 && own.dli_fbase == other.dli_fbase;
 }
 
-/// Entries by address over GCC's libbacktrace, which reads the symbols at its first use and keeps them.
+/// Finds the entries of addresses by GCC's libbacktrace, which reads the symbols at its first use and keeps them.
 class Resolver
 {
 public:
@@ -151,7 +151,7 @@ private:
         backtrace_pcinfo(state, call, AddEntry, NoteError, &found);
         if (found.entries.empty())
         {
-            // A state keeps a failed load for good and cannot be freed: the next look-up takes another (decision 74).
+            // A state whose load failed stays so and cannot be freed: the next look-up makes another (decision 74).
             state = found.isShortOfResources ? nullptr : state;
             return found;
         }
@@ -160,7 +160,7 @@ private:
         return found;
     }
 
-    /// False while a load would fail, so that no state is spent.
+    /// False, with no state made, while a load would fail.
     bool MakeState()
     {
         if (state == nullptr && HasDescriptors() && HasMemory())

@@ -45,7 +45,7 @@ public:
     SymbolLibrary& operator=(const SymbolLibrary&) = delete;
 
     bool isComplete;
-    bool isMissing; ///< where it is not complete: this machine has none, and will have none
+    bool isMissing; ///< asked if not complete: this machine has no usable library, and will have none
     decltype(&SymInitialize) initialize = nullptr;
     decltype(&SymCleanup) cleanup = nullptr;
     decltype(&SymGetOptions) getOptions = nullptr;
@@ -55,7 +55,7 @@ public:
     decltype(&UnDecorateSymbolName) undecorate = nullptr;
 
 private:
-    /// The debugging tools bring a newer library than the system.
+    /// Prefers the debugging tools' library, which is newer than the system's.
     static HMODULE Load()
     {
         std::array<wchar_t, MAX_PATH> folder{};

@@ -7,8 +7,8 @@
 
 namespace Tesmo::Platform
 {
-/// Stands for one thread and for no other one, not even after its end, as identifiers of the system and of the standard
-/// library do. 0 is no thread.
+/// Means one thread for ever; identifiers of the system and of the standard library are reused after a thread's end.
+/// 0 is no thread.
 using ThreadIdentity = std::uint64_t;
 
 inline ThreadIdentity CallerIdentity()
@@ -22,8 +22,8 @@ inline ThreadIdentity CallerIdentity()
     return identity;
 }
 
-/// The locks of one class that the calling thread owns. The end of the thread calls Abandon on each that is left;
-/// a lock that a later thread_local destructor takes and keeps is not seen any more.
+/// The locks of one class that the calling thread owns. When the thread ends, Abandon is called on each that is left;
+/// one that a later thread_local destructor takes and keeps is missed.
 template <class Owned>
 class ThreadOwnership
 {

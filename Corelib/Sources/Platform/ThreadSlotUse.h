@@ -25,7 +25,7 @@ struct ThreadSlotUse
     }
 };
 
-/// The first free place after the main thread's, claimed; null when there is none.
+/// Claims the first free place after the main thread's; null when there is none.
 template <class Slot, std::size_t Size>
 Slot* ClaimThreadSlot(std::array<Slot, Size>& slots)
 {

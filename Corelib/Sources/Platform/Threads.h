@@ -10,7 +10,7 @@ using ThreadRoutine = void (*)(void* argument);
 constexpr int ThreadSlotCount = 2048; ///< places in all; the first belongs to the main thread
 constexpr int NormalThreadPriority = 2;
 
-/// Starts a thread on the first free place after the main thread's. It runs already when this returns.
+/// Starts a thread in the first free place after the main thread's. It runs already when this returns.
 /// @param id         receives the platform's thread identifier
 /// @param stackSize  bytes, 0 for the system's default; Linux gives 256 KiB at least
 /// @returns null when all places are taken or the system refuses another thread
@@ -31,7 +31,7 @@ long long CurrentThreadId();
 bool GetThreadPriority(ThreadSlot& slot, int& priority);
 
 /// A value above 4 counts as normal. Refused below 0 (Win32 takes -13, its idle level) and where the user may not raise
-/// a thread; one that has ended takes any other.
+/// a thread; for a thread that has ended, any other value succeeds.
 bool SetThreadPriority(ThreadSlot& slot, int priority);
 
 /// Shows the name (UTF-8) to debuggers and system tools, cut to what they can hold.
@@ -46,7 +46,7 @@ bool TerminateThread(ThreadSlot& slot, int code);
 /// @param milliseconds  -1 for ever, 0 lets other threads that are ready run first
 void SleepThread(int milliseconds);
 
-/// Waits for the end of the thread, thread_local destructors included; true once it has ended. Any number may wait.
-/// @param milliseconds  -1 for no limit; a value below gives false
+/// Waits for the end of the thread, thread_local destructors included; true once it has ended. Several may wait.
+/// @param milliseconds  -1 for no limit; a lower value gives false
 bool WaitThread(ThreadSlot& slot, int milliseconds);
 } // namespace Tesmo::Platform

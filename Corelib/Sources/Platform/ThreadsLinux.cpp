@@ -38,7 +38,7 @@ constexpr std::size_t NameSize = 16; // bytes with the closing zero (pthread_set
 
 constinit std::array<ThreadSlot, ThreadSlotCount> slots{};
 constinit std::atomic<bool> mainThreadMissing = true;
-constinit std::atomic<int> mainNice = 0; // the program may have been started with another than 0
+constinit std::atomic<int> mainNice = 0; // the program may have been started with another nice level than 0
 constinit thread_local ThreadSlot* currentSlot = nullptr;
 
 class SlotLock
@@ -179,7 +179,7 @@ ThreadSlot* StartThread(ThreadRoutine routine, void* argument, long long& id, in
         slot->Leave(2);
         return nullptr;
     }
-    while (slot->id == 0) // the identifier is known to the new thread alone
+    while (slot->id == 0) // only the new thread can tell its identifier
     {
         pthread_cond_wait(&slot->changed, &slot->mutex);
     }
@@ -207,7 +207,7 @@ ThreadSlot* CurrentThreadSlot()
 
 long long CurrentThreadId()
 {
-    thread_local const long long id = gettid(); // asked for at every wait, and a system call otherwise
+    thread_local const long long id = gettid(); // kept, because every wait asks for it and gettid is a system call
     return id;
 }
 
@@ -221,7 +221,7 @@ bool GetThreadPriority(ThreadSlot& slot, int& priority)
     errno = 0;
     const int nice = getpriority(PRIO_PROCESS, static_cast<id_t>(slot.id));
     const int steps = (slot.normalNice - nice) / NiceStep;
-    priority = nice == NiceOf(slot, slot.priority) ? slot.priority // several may share a level at the ends of the scale
+    priority = nice == NiceOf(slot, slot.priority) ? slot.priority // several priorities may share the outermost levels
                                                    : std::clamp(steps + NormalThreadPriority, 0, HighestPriority);
     return errno == 0;
 }
@@ -236,7 +236,7 @@ bool SetThreadPriority(ThreadSlot& slot, int priority)
     const int known = priority <= HighestPriority ? priority : NormalThreadPriority;
     const auto thread = static_cast<id_t>(slot.id);
     const int nice = NiceOf(slot, known);
-    // A level that is there already needs no right: the service's unit refuses every setpriority.
+    // An unchanged level must not fail, and the service's unit refuses every setpriority.
     if (getpriority(PRIO_PROCESS, thread) != nice && setpriority(PRIO_PROCESS, thread, nice) != 0)
     {
         return false;
@@ -307,7 +307,7 @@ bool WaitThread(ThreadSlot& slot, int milliseconds)
             return true;
         }
     }
-    pthread_join(slot.nativeHandle, nullptr); // at once, as none of its code runs any more: it gives the stack back
+    pthread_join(slot.nativeHandle, nullptr); // returns at once, because its code has ended, and frees its stack
     return true;
 }
 } // namespace Tesmo::Platform

@@ -12,7 +12,7 @@ struct ThreadSlot : ThreadSlotUse
     HANDLE nativeHandle = nullptr;
     std::atomic<bool> running = false;
 
-    /// The thread's own leave, whoever tells of it first: the thread itself or who terminated it.
+    /// Leaves the slot for the thread, once: the thread calls it, or whoever terminated the thread.
     void LeaveOfThread()
     {
         if (running.exchange(false))
@@ -142,8 +142,8 @@ bool TerminateThread(ThreadSlot& slot, int code)
     {
         return false;
     }
-    ::WaitForSingleObject(slot.nativeHandle, INFINITE); // the call above only begins it (decision 39)
-    slot.LeaveOfThread();                               // in place of the thread, which may not have come to it
+    ::WaitForSingleObject(slot.nativeHandle, INFINITE); // TerminateThread only begins the end (decision 39)
+    slot.LeaveOfThread();                               // the thread may have ended before its own call
     return true;
 }
 

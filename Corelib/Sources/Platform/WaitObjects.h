@@ -12,7 +12,7 @@ enum class WaitObjectResult : int
     Created = 0,
     NameTooLong = 1,
     Failed = 2,
-    Existing = 3 ///< somebody else made it; the object is theirs, its start values stand
+    Existing = 3 ///< it was there before, and keeps its state: the start values are ignored
 };
 
 /// Longest name in bytes.
@@ -32,11 +32,11 @@ WaitObjectResult OpenNamedMutex(const char* name, WaitObject*& object);
 WaitObjectResult OpenNamedSemaphore(const char* name, WaitObject*& object);
 WaitObjectResult OpenNamedEvent(const char* name, WaitObject*& object);
 
-/// Gives up one New or Open. Nobody may wait for the object through it any more.
+/// Ends the use that one New or Open began. Nobody may wait for the object through it any more.
 void CloseWaitObject(WaitObject& object);
 
 /// Waits for the object and takes what it offers: ownership, a permit, the signal of an auto-reset event.
-/// @param milliseconds  -1 for no limit; a value below gives false
+/// @param milliseconds  -1 for no limit; a lower value gives false
 /// @returns true when the object was signalled; false when the time ran out, and also when its owner ended without
 ///          releasing the mutex, which then belongs to the caller all the same
 bool WaitForObject(WaitObject& object, int milliseconds);

@@ -27,8 +27,8 @@ struct Waiter
 } // namespace
 
 /// Built from a mutex and condition variables: sem_t has no maximum, and the thread sanitizer does not know
-/// pthread_mutex_clocklock. Whoever signals hands the object over to the blocked threads, first come first served, so
-/// that no later call can take back what they were promised.
+/// pthread_mutex_clocklock. A signal hands the object over to the blocked threads at once, first come first served, so
+/// that no later call can take it from them.
 struct WaitObject
 {
     virtual ~WaitObject() = default;
@@ -61,7 +61,7 @@ struct WaitObject
             waiters.Remove(*waiter);
             waiter->result = Take(waiter->thread);
             waiter->isServed = true;
-            waiter->served.notify_one(); // under the lock: the waiter is gone soon after
+            waiter->served.notify_one(); // under the lock: without it, the waiter could be gone already
         }
     }
 
@@ -175,7 +175,7 @@ bool MutexObject::Release()
     return true;
 }
 
-/// The owner ends. Nobody can reach a closed mutex any more (decision 43).
+/// The owner ends. A closed mutex is deleted, because nobody can reach it any more (decision 43).
 void MutexObject::Abandon()
 {
     std::unique_lock guard(lock);
@@ -203,7 +203,7 @@ NamedObjects& Names()
     return names;
 }
 
-/// The named object of the wanted kind as Existing, Failed when it is of another kind, Created when there is none.
+/// Looks for a named object. Existing: it is of the wanted kind; Failed: it is of another; Created: there is none.
 template <class Kind>
 WaitObjectResult Find(const NamedObjects& names, const std::string& name, WaitObject*& object)
 {

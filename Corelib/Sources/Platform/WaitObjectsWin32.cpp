@@ -38,7 +38,7 @@ WaitObjectResult Keep(HANDLE handle, WaitObject*& object)
     return error == ERROR_ALREADY_EXISTS ? WaitObjectResult::Existing : WaitObjectResult::Created;
 }
 
-/// Gives the name to make, which returns the new handle or null. An empty name makes an unnamed object.
+/// Calls make with the name; it returns the new handle or null. An empty name makes an unnamed object.
 template <class Make>
 WaitObjectResult New(const char* name, WaitObject*& object, Make make)
 {
@@ -48,7 +48,7 @@ WaitObjectResult New(const char* name, WaitObject*& object, Make make)
     {
         return converted;
     }
-    SetLastError(0); // success need not clear it
+    SetLastError(0); // a call that succeeds need not clear it
     return Keep(make(wide), object);
 }
 

@@ -4,8 +4,8 @@
 
 namespace Tesmo::Platform
 {
-/// Windows Sockets 2.2 from the first static initialiser to the exit of the process. Every source that calls Windows
-/// Sockets includes this header.
+/// Keeps Windows Sockets 2.2 started from the first static initialiser to the exit of the process. Every source that
+/// calls Windows Sockets includes this header.
 class WinsockSession
 {
 public:

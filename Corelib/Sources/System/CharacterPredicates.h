@@ -7,7 +7,7 @@
 
 namespace Tesmo::System
 {
-/// Predicates over one code point, for the walks of String.
+/// Predicates over one code point, for the loops of String.
 inline auto EqualTo(char32 value)
 {
     return [value](char32 c) { return c == value; };

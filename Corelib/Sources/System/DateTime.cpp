@@ -23,8 +23,8 @@ std::int64_t MomentTicks(const Platform::ClockReading& reading)
     return (reading.seconds + EpochSeconds) * TicksPerSecond + reading.ticks;
 }
 
-/// UTC seconds since 1970 of local seconds since 1970. The offset of the zone belongs to the UTC moment, so it is looked
-/// up twice: the second time at a moment that is right but within the hour of a change.
+/// UTC seconds since 1970 of local seconds since 1970. The zone's offset is known for UTC moments only, so it is looked
+/// up twice: the second time at the right moment, unless the offset changes within the hour.
 std::int64_t UtcOfLocal(std::int64_t local)
 {
     std::int64_t utc = local;
@@ -51,7 +51,7 @@ bool IsTime(int hour, int minute, int second, int millisecond)
            millisecond < 1000;
 }
 
-/// "%Y" without four digits is not the same on every platform: such years are put into the pattern.
+/// Platforms print years below 1000 by "%Y" differently, so the year is put into the pattern as four digits.
 std::string WithYear(std::string pattern, int year)
 {
     const std::string digits = std::to_string(10000 + year).substr(1);
@@ -72,7 +72,7 @@ String PrintFields(const std::tm& fields, const char* pattern)
     {
         return String(std::string(usual.data(), size));
     }
-    // No text means too long or empty: a mark behind it tells which.
+    // No text means too long or empty; a mark at the end of the pattern tells which.
     constexpr std::size_t largest = std::size_t{1} << 20;
     const std::string marked = std::string(pattern) + '.';
     std::string text(1024, '\0');

@@ -53,7 +53,7 @@ String EnumNameTable::FlagsTextOf(const Names& names, int value)
             text = text.IsEmpty() ? name : name + ", " + text;
         }
     }
-    // Above 0, not other than 0: a sign bit without a name does not count, as required.
+    // "> 0", not "!= 0": a sign bit without a name does not count, as required.
     return text.IsEmpty() || remaining > 0 ? Int32(value).ToString() : text;
 }
 

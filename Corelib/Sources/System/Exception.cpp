@@ -57,8 +57,8 @@ std::vector<std::string> StackLines(const Diagnostics::CallStack& callStack, con
     return lines;
 }
 
-/// The lines behind the last one that names the type: its constructor is not of interest. The first of them gets the
-/// place of the throw. Empty where no line is left (decision 70).
+/// The lines after the last one that names the type, because its constructor is of no interest. The first of them gets
+/// the place of the throw. Empty where no line is left (decision 70).
 std::string StackText(const std::vector<std::string>& lines, const std::string& typeName, const std::string& throwPlace)
 {
     const auto namesType = [&typeName](const std::string& line) { return line.find(typeName) != std::string::npos; };
@@ -164,7 +164,7 @@ String Exception::ToString() const
     }
     if (messageText.IsEmpty())
     {
-        messageText = DefaultMessage(); // a report fixes the message, which Equals sees
+        messageText = DefaultMessage(); // from the first report on, Equals compares this text
     }
     return String(typeName + ": " + messageText.Utf8() + Environment::NewLine().Utf8() + stackText);
 }

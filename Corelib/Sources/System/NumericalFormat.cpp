@@ -28,7 +28,7 @@ struct Integer
 
 using IntegerText = std::array<char, 64>; // 64 binary digits at most
 
-/// Room for the digits of a floating number; the heap is for absurd precisions only.
+/// Room for the digits of a floating number; only huge precisions use the heap.
 struct FloatText
 {
     std::array<char, 512> usual;
@@ -60,7 +60,7 @@ char StandardLetter(char first)
     }
 }
 
-/// The number that up to nine digits make; -1 for anything else.
+/// Reads a number of up to nine digits; -1 for any other text.
 int ReadPrecision(std::string_view digits)
 {
     int precision = digits.size() > 9 ? -1 : 0;
@@ -72,7 +72,7 @@ int ReadPrecision(std::string_view digits)
     return precision;
 }
 
-/// A format taken apart; the letter 0 stands for one that is not standard.
+/// The parts of a format; the letter is 0 for one that is not standard.
 struct Pattern
 {
     char letter = 'G';
@@ -179,8 +179,8 @@ void AppendDecimal(std::string& text, const Integer& number, std::string_view di
     AppendPadded(text, digits, precision);
 }
 
-/// The plain digits where %g needs no exponent. Numbers of up to 15 digits are exact as double, so that the count of
-/// digits tells.
+/// The plain digits where %g needs no exponent. A double holds up to 15 digits exactly, so up to there it is enough to
+/// count them.
 void AppendGeneral(std::string& text, const Integer& number, std::string_view digits, const Pattern& pattern)
 {
     const int precision = pattern.precision > 0 ? pattern.precision : IntegerDigits;
@@ -319,7 +319,7 @@ void NumericalFormat::Append(std::string& text, std::uint64_t value, int, std::s
 void NumericalFormat::Append(std::string& text, double value, int digits, std::string_view format)
 {
     const Pattern pattern(format);
-    value *= pattern.letter == 'p' ? 100 : 1; // before the test, because it may go beyond a double
+    value *= pattern.letter == 'p' ? 100 : 1; // before the test, because the product may be infinite
     if (!std::isfinite(value))
     {
         text += std::isnan(value) ? "NaN" : value < 0 ? "-Infinity" : "Infinity";

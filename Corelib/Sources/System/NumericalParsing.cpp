@@ -32,7 +32,7 @@ struct Written
     bool negative = false;
 };
 
-/// Digit of a character, 36 for what is none.
+/// The value of a digit; 36 for any other character.
 int DigitOf(char character)
 {
     if (character >= '0' && character <= '9')
@@ -61,7 +61,7 @@ Fault TakeDigits(std::string_view& text, int base, std::uint64_t& magnitude)
 {
     const std::size_t size = text.size();
     std::uint64_t power = 1; // of base
-    bool fits = true;        // the power; once it is past 64 bits only zeros may follow
+    bool fits = true;        // power does; once it exceeds 64 bits, only zeros may follow
     while (!text.empty() && DigitOf(text.back()) < base)
     {
         const auto digit = static_cast<std::uint64_t>(DigitOf(text.back()));
@@ -122,7 +122,7 @@ Fault ReadWritten(std::string_view text, int base, bool isUnsigned, Written& num
         number.negative = text.back() == '-';
         text.remove_suffix(1);
     }
-    if (isUnsigned && number.negative && number.magnitude != 0) // whatever stands before the sign
+    if (isUnsigned && number.negative && number.magnitude != 0) // even if wrong characters stand before the sign
     {
         return Fault::Overflow;
     }
@@ -166,7 +166,7 @@ Fault Read(std::string_view text, int base, int bits, std::uint64_t& result)
     return Fault::None;
 }
 
-/// The texts that a floating number prints without digits.
+/// Reads "NaN", "Infinity" and "-Infinity", as floating numbers print them.
 template <class P>
 bool ReadName(std::string_view text, P& result)
 {

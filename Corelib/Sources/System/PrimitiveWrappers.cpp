@@ -50,7 +50,7 @@ inline constexpr TypeCode CodeOf<float> = TypeCode::Single;
 template <>
 inline constexpr TypeCode CodeOf<double> = TypeCode::Double;
 
-/// The type in which the helpers take a primitive, and what they want to know of it: the width of an integer, the
+/// The type in which the helpers take a primitive, and the measure that goes with it: the bits of an integer, the
 /// digits of a floating number.
 template <class P>
 using Widest = std::conditional_t<std::floating_point<P>, double,

@@ -47,13 +47,13 @@ DateTime ParseMoment(std::string_view text)
             return DateTime(fields[2], fields[1], fields[0], fields[3], fields[4], fields[5]);
         }
     }
-    catch (const ArgumentOutOfRangeException&) // a day or an hour that there is not
+    catch (const ArgumentOutOfRangeException&) // no such day or hour
     {
     }
     throw FormatException(ThrowSite);
 }
 
-/// Which class reads a primitive; for decltype alone.
+/// Tells which class reads a primitive; only decltype uses it.
 struct Reader
 {
     static Boolean Of(bool);

@@ -8,7 +8,7 @@ namespace Tesmo::System
 {
 namespace
 {
-/// One step of either walk: the first only clears the mark, the others move. False at the end.
+/// One step of either enumerator: the first only clears beforeFirst, later ones move. False at the end.
 template <class Iterator>
 bool Step(bool& beforeFirst, Iterator& position, char32& current)
 {

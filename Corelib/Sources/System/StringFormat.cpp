@@ -26,7 +26,7 @@ bool IsContinuedBy(char bracket, std::string_view rest)
 }
 
 /// Position of the first character for which stops is true; the size where there is none. The pieces of a format are
-/// short: a plain loop beats the searches of the standard library, which call out for each.
+/// so short that a plain loop is faster than a call of the standard library's searches.
 template <class Predicate>
 std::size_t Scan(std::string_view text, Predicate stops)
 {
@@ -200,7 +200,7 @@ void FormatArgument::AppendTo(std::string& result, std::string_view formatString
     }
 }
 
-/// What the static type did not tell: the object may be formattable or a String.
+/// Appends an object whose static type told too little: it may be formattable or a String.
 void FormatArgument::AppendObject(std::string& result, std::string_view formatString,
                                   const IFormatProvider& provider) const
 {

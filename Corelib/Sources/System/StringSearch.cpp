@@ -40,7 +40,7 @@ int FindForward(const ustring& text, int startIndex, int count, Predicate matche
     return -1;
 }
 
-/// Where a search through the whole text begins that goes backward.
+/// Where a backward search through the whole text begins.
 int LastIndex(int length)
 {
     return std::max(length - 1, 0);

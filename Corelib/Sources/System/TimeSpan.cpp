@@ -37,7 +37,7 @@ std::int64_t Negated(std::int64_t ticks)
     return -ticks;
 }
 
-/// Four units cannot pass 64 bits of milliseconds, so one check at the end is enough.
+/// The sum in milliseconds always fits 64 bits, so one check at the end is enough.
 std::int64_t TicksOf(std::int64_t days, std::int64_t hours, std::int64_t minutes, std::int64_t seconds,
                      std::int64_t milliseconds)
 {

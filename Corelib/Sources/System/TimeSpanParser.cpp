@@ -35,7 +35,7 @@ bool TimeSpanParser::TakeNumber(std::int64_t& number)
     return error != std::errc::invalid_argument;
 }
 
-/// The digits behind the point of the seconds: as many as a tick has.
+/// The decimals of the seconds, as many as ticks can tell.
 bool TimeSpanParser::TakeFraction()
 {
     std::int64_t unit = TimeSpan::TicksPerSecond;

@@ -35,7 +35,7 @@ bool ContainsOneOf(const std::string& text, std::initializer_list<std::string_vi
                        [&text](std::string_view part) { return text.find(part) != std::string::npos; });
 }
 
-/// The name in source form. What the compiler's demangler spells differently from the language is evened out.
+/// The name in source form: what the compiler's demangler spells differently is replaced by the language's spelling.
 std::string Demangle(const char* name)
 {
     int status = 0;

@@ -116,7 +116,7 @@ void ustring::Append(const ustring& other)
 
 void ustring::Append(char32 c)
 {
-    Utf8::Append(bytes, c); // begins with a lead byte, so nothing forms across the joint
+    Utf8::Append(bytes, c); // starts with a lead byte, so it completes no sequence before it
     length++;
 }
 

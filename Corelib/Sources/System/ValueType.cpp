@@ -26,7 +26,7 @@ bool IsFloating(const IConvertible& number)
     return number.GetTypeCode() == TypeCode::Single || number.GetTypeCode() == TypeCode::Double;
 }
 
-/// Empty for a floating number with a fraction, beyond 64 bits, or that is none (decision 14).
+/// Empty for a floating number with a fraction or beyond 64 bits, and for NaN (decision 14).
 std::optional<Whole> WholeOf(const IConvertible& number, bool isSigned)
 {
     if (IsFloating(number))

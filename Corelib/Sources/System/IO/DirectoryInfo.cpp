@@ -14,7 +14,7 @@ namespace Tesmo::System::IO
 {
 namespace
 {
-/// Leaves out what the file system holds but no path can name here: Linux allows more characters and longer paths.
+/// Skips files whose paths are refused here: Linux allows more characters and longer paths.
 void AddFile(std::vector<FileInfo>& files, const String& folder, const String& name)
 {
     try
@@ -50,7 +50,7 @@ void DirectoryInfo::Delete()
 
 void DirectoryInfo::Create()
 {
-    // Asked afterwards: somebody else may have made the folder at the same moment.
+    // Exists is asked afterwards: somebody else may have made the folder at the same moment.
     if (const int code = Platform::MakeFolder(FullName().Utf8()); code != 0 && !Exists())
     {
         throw IOException(FailureText(FullName(), code), ThrowSite);

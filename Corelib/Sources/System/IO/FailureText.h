@@ -6,7 +6,7 @@
 
 namespace Tesmo::System::IO
 {
-/// The text of an IOException with the path that could not be used and the platform's reason behind it.
+/// The text of an IOException: the path that could not be used, then the platform's reason.
 /// @param code  as the native layer gave it
 inline String FailureText(const String& path, int code)
 {

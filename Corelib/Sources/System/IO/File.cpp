@@ -11,7 +11,7 @@ bool File::Exists(const String& path)
     {
         return FileInfo(path).Exists();
     }
-    catch (const Exception&) // what is no path names no file
+    catch (const Exception&) // a text that is no path names no file
     {
         return false;
     }

@@ -53,7 +53,7 @@ void CheckMode(const FileMode& mode, int access, bool exists)
     }
 }
 
-/// A failure shows when the file is opened in earnest.
+/// Ignores a failure: the checks and the open that follow report it.
 void CreateEmpty(const String& name)
 {
     Platform::FileHandle file = Platform::NoFile;
@@ -63,7 +63,7 @@ void CreateEmpty(const String& name)
     }
 }
 
-/// Create and Truncate with reading and writing keep what the file holds, as required: OpenInput stands for that.
+/// Create and Truncate with reading and writing keep what the file holds, as required: OpenInput makes it so.
 /// (decision 50)
 int FlagsOf(const FileMode& mode, int access)
 {
@@ -312,7 +312,7 @@ std::int64_t FileStream::Unread() const
     return static_cast<std::int64_t>(readAhead.size() - readAheadUsed);
 }
 
-/// Takes the file back to where the caller stands.
+/// Moves the file's position back to the caller's.
 void FileStream::DropReadAhead()
 {
     if (Unread() > 0)

@@ -75,7 +75,7 @@ const Sp<Stream>& StreamReader::BaseStream() const
     return stream;
 }
 
-/// Takes characters up to the one that stops, which is taken too but is no part of the result.
+/// Reads up to the first character for which stop is true; that one is read, too, but left out of the result.
 template <class Stop>
 String StreamReader::ReadUntil(Stop stop)
 {

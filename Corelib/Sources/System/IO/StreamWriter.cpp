@@ -44,7 +44,7 @@ StreamWriter::~StreamWriter()
     {
         Close();
     }
-    catch (const Exception&) // nobody is left who could be told
+    catch (const Exception&) // a destructor cannot report it
     {
     }
 }

@@ -16,7 +16,7 @@ namespace Tesmo::System::Net
 {
 namespace
 {
-/// Runs one look-up, alone: the platform answers in a static area.
+/// Runs one look-up at a time, because the platform answers in a static area.
 Platform::HostEntry LookUp(const std::function<bool(Platform::HostEntry&)>& find)
 {
     static std::mutex oneAtATime;

@@ -13,7 +13,7 @@ namespace
 {
 constexpr int IPv4Family = 2;
 constexpr int IPv6Family = 23;
-// sizes and offsets of sockaddr_in and sockaddr_in6, in bytes; of the former only the first 8 bytes carry anything
+// sizes and offsets of sockaddr_in and sockaddr_in6, in bytes; sockaddr_in uses only its first 8
 constexpr int IPv4Size = 16;
 constexpr int IPv4Used = 8;
 constexpr int IPv6Size = 28;
@@ -30,7 +30,7 @@ int CheckedPort(int port)
     return port;
 }
 
-/// The family of a raw address that is long enough for it.
+/// The family of a raw address, which must be long enough for it.
 int CheckedFamily(const unsigned char* bytes, int size)
 {
     NotNull(bytes);

@@ -20,7 +20,7 @@ constexpr bool IsLowSurrogate(std::uint32_t unit)
     return unit >= FirstLowSurrogate && unit <= LastLowSurrogate;
 }
 
-/// Whether a number is a character's: in the range of Unicode and no surrogate.
+/// Whether a number is that of a character: in the range of Unicode and no surrogate.
 constexpr bool IsScalar(std::uint32_t codePoint)
 {
     return codePoint <= LastCodePoint && !IsHighSurrogate(codePoint) && !IsLowSurrogate(codePoint);

@@ -72,7 +72,7 @@ void CheckBuffer(const Array<T>& buffer, int index, int count, CallSite site)
     System::CheckRange(index, count, IsNull(buffer) ? 0 : buffer.Length(), site);
 }
 
-/// A null buffer, which CheckBuffer lets pass for no elements, is not touched.
+/// Does not touch a null buffer, which CheckBuffer allows if count is 0.
 std::span<const char32> Range(const Encoding::CharArray& chars, int index, int count)
 {
     return count == 0 ? std::span<const char32>() : std::span(chars.begin() + index, static_cast<std::size_t>(count));
@@ -253,7 +253,7 @@ Encoding::ByteArray Encoding::GetBytes(const String& text) const
 {
     if (NotNull(text).Text().IsAscii() && GetByteCount(char32('a')) == 1)
     {
-        // Whoever of the family has one byte for an ASCII character has that character's own.
+        // An encoding with one byte for an ASCII character uses that character's own number.
         return ByteArray(std::vector<unsigned char>(text.Utf8().begin(), text.Utf8().end()));
     }
     return ByteArray(Encode(*this, NotNull(text).Text(), NotNull(text).Length()));
@@ -345,7 +345,7 @@ void Encoding::CheckRange(const CharArray& chars, int index, int count, CallSite
 
 int Encoding::FourBytesEach(int charCount, CallSite site)
 {
-    constexpr int Limit = 536870912; // 2^29: from here on the product does not fit
+    constexpr int Limit = 536870912; // 2^29: from here on, four times the count does not fit
     return CheckIndex(charCount, Limit, site) * 4;
 }
 } // namespace Tesmo::System::Text

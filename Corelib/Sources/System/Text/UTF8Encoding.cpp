@@ -34,7 +34,7 @@ public:
         }
         else if (bytes.count > 1)
         {
-            std::string sequence; // four bytes at most: they lie in the inner buffer
+            std::string sequence; // four bytes at most, so nothing is allocated
             Utf8::Append(sequence, c);
             std::copy(sequence.begin(), sequence.end(), bytes.values.begin());
         }
@@ -47,7 +47,7 @@ public:
     }
 };
 
-/// Takes the sequences that the storage of String takes.
+/// Accepts the same sequences as the storage of String.
 class UTF8Decoder : public Encoding::Decoder
 {
 public:
@@ -61,7 +61,7 @@ public:
         const auto character = static_cast<char>(byte);
         if (!Utf8::IsContinuation(character))
         {
-            pending.clear(); // a sequence that breaks off is passed over
+            pending.clear(); // an incomplete sequence is skipped
             if (Utf8::LengthByLead(character) > 1)
             {
                 pending = character;

@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    /// A surrogate without its partner is passed over.
+    /// A surrogate without its partner is skipped.
     std::optional<char32> Take(std::uint32_t unit)
     {
         const std::uint32_t high = highSurrogate;

@@ -26,7 +26,7 @@ struct MonitorData
     const Object* target = nullptr;
     int referenceCount = 0; ///< threads that hold or wait, re-entries included
     int depth = 0;          ///< entries of the owner, 0 while nobody owns the lock
-    bool abandoned = false; ///< the owner ended inside; its reference stands until somebody is told
+    bool abandoned = false; ///< the owner ended inside; its reference stays until a caller is told
     Platform::ThreadIdentity owner = 0;
     std::condition_variable released;
     MonitorData* next = nullptr;      ///< in the list of the shard, or among its spare ones
@@ -38,9 +38,9 @@ struct MonitorData
 
 using OwnedMonitors = Platform::ThreadOwnership<MonitorData>;
 
-/// A part of the table with a lock of its own, so that threads with different objects seldom meet. Records are used
-/// again and never given back, as threads may still lock while the process ends: there are as many as were ever in use
-/// at once.
+/// A part of the table with a lock of its own, so that threads with different objects seldom meet. Records are reused
+/// and never freed, because threads may still lock while the process ends: there are as many as were ever in use at
+/// once.
 struct alignas(64) Shard // a cache line of its own (decision 48)
 {
     std::mutex lock;
@@ -120,7 +120,7 @@ bool Wait(std::unique_lock<std::mutex>& guard, MonitorData& data, double millise
 {
     const auto free = [&data] { return data.depth == 0; };
     const std::chrono::duration<double, std::milli> limit(milliseconds);
-    const auto longest = std::chrono::hours(24 * 365 * 100); // beyond it the clock's own number overflows
+    const auto longest = std::chrono::hours(24 * 365 * 100); // a longer wait would overflow the clock's number
     if (milliseconds <= -1 || limit > longest)
     {
         data.released.wait(guard, free);

@@ -94,7 +94,7 @@ void Thread::StartNative(const Object* parameter)
 {
     CheckState(data->Clear(ThreadState::Unstarted));
     data->parameter = parameter;
-    const int priority = data->priority; // as it is before the thread itself may set it
+    const int priority = data->priority; // read before the thread itself may set it
     data->self = data;
     long long id = 0;
     Platform::ThreadSlot* const slot = Platform::StartThread(ThreadData::Run, &*data, id, data->maxStackSize);
@@ -253,7 +253,7 @@ void Thread::Resume()
     CheckControl();
     Platform::ThreadSlot* const slot = data->handle;
     CheckState(!data->Has(ThreadState::Unstarted) && !data->Has(ThreadState::Stopped) && slot != nullptr);
-    CheckState(!data->Has(ThreadState::Suspended)); // meant: the one state that the name promises to end is refused
+    CheckState(!data->Has(ThreadState::Suspended)); // on purpose: refuses just the state that Resume should end
     Platform::ResumeThread(*slot);
     data->Clear(ThreadState::Suspended);
 }

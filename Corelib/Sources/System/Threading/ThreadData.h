@@ -31,10 +31,10 @@ public:
         return (state.fetch_and(~flag) & flag) != 0;
     }
 
-    /// The act of Thread::Interrupt.
+    /// Does what Thread::Interrupt asks for.
     void Interrupt();
 
-    /// Makes the first thread that comes here known as the main thread.
+    /// Records the first thread that calls it as the main thread.
     static void RegisterCaller();
 
     /// The record of the calling thread; empty for a thread that the library did not start.

@@ -4,8 +4,8 @@
 
 namespace Tesmo::System::Threading
 {
-/// Shows in the state of the calling thread, while it stands, that the thread waits. A thread that was interrupted
-/// before ends here.
+/// While an object of this class lives, the state of the calling thread shows that it waits. Its constructor interrupts
+/// a thread for which that was asked before.
 class WaitSleepJoin
 {
 public:

@@ -27,7 +27,7 @@ struct Socket::RawAddress
         std::copy_n(address.Data().begin(), size, bytes);
     }
 
-    /// Fewer bytes than these hold no address.
+    /// False for fewer bytes than the shortest address has.
     bool IsKnown() const
     {
         return size >= 8;
@@ -89,7 +89,7 @@ IPAddress AddressIn(const unsigned char* raw, int size)
     return IPAddress(Array<Byte>(std::vector<Byte>(raw, raw + size)));
 }
 
-/// The entry of a socket among those to wait for.
+/// The entry of a socket, added if there is none yet.
 Platform::SelectEntry& EntryOf(std::vector<Platform::SelectEntry>& entries, Platform::NativeSocket* socket)
 {
     const auto found = std::find_if(entries.begin(), entries.end(),
