@@ -103,6 +103,7 @@ TEST(ThreadTests, JoinCountsTheThreadLocalDestructorsAndKeepsItsLimit)
 TEST(ThreadTests, SleepTakesItsTimeAndRefusesTimesBelowMinusOne)
 {
     EXPECT_THROW(Thread::Sleep(-2), ArgumentException);
+    EXPECT_THROW(Thread::Sleep(TimeSpan(-20000)), ArgumentException);
     const auto start = std::chrono::steady_clock::now();
     Thread::Sleep(20);
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(20));
@@ -118,6 +119,7 @@ TEST(ThreadTests, CurrentThreadIsTheSameRecordInsideAndOutside)
                                   self->Name("renamed");
                                   inside = self->ManagedThreadId();
                               })};
+    EXPECT_EQ("Running", Thread::CurrentThread()->ThreadState().ToString().Utf8());
     thread.Name("first");
     thread.Start();
     thread.Join();
