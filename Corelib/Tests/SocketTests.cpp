@@ -91,7 +91,7 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
                                              [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, sender); },
                                              [&] { socket.Shutdown(SocketShutdown::Both); },
                                              [&] { socket.Bind(Sp<EndPoint>(new IPEndPoint(loopback))); },
-                                             [&] { socket.GetAvailable(); }});
+                                             [&] { socket.SetBlocking(true); }, [&] { socket.GetAvailable(); }});
 }
 
 TEST(SocketTests, FailuresTellTheirNumber)
@@ -148,6 +148,9 @@ TEST(SocketTests, OptionsKeepTheirValuesInEachForm)
               CodeOf([&] { client.JoinMulticastGroup(option.Group(), option.LocalAddress()); }));
     client.DropMulticastGroup(option);
     EXPECT_EQ(SocketError::AddressNotAvailable, CodeOf([&] { client.DropMulticastGroup(option.Group()); }));
+    const IPAddress group6 = IPAddress::Parse("65282:0:0:0:0:0:0:1"); // not for a socket of IPv4
+    EXPECT_NE(0, CodeOf([&] { client.JoinMulticastGroup(group6); }));
+    EXPECT_NE(0, CodeOf([&] { client.JoinMulticastGroup(7, group6); }));
     EXPECT_EQ(SocketError::ProtocolOption, // no platform tells of memberships
               CodeOf([&] { socket.GetSocketOption(SocketOptionLevel::IP, SocketOptionName::AddMembership, option); }));
     socket.SetSocketOption(SocketOptionLevel::IP, SocketOptionName::MulticastInterface,
@@ -157,6 +160,7 @@ TEST(SocketTests, OptionsKeepTheirValuesInEachForm)
     EXPECT_EQ("0.0.0.0", option.LocalAddress().ToString().Utf8()); // behind what the platform has filled
     Socket socket6(AddressFamily::InterNetworkV6, SocketType::Dgram, ProtocolType::Udp);
     IPv6MulticastOption option6(option.Group(), 7);
+    EXPECT_EQ(7, option6.InterfaceIndex());
     socket6.GetSocketOption(SocketOptionLevel::IPv6, SocketOptionName::IPv6Only, option6);
     EXPECT_EQ("100:0:0:0:0:0:0:0", option6.Group().ToString().Utf8());
     EXPECT_EQ(0, option6.InterfaceIndex());
