@@ -50,6 +50,8 @@ TEST(IPAddressTests, ChecksWhatItIsMadeFrom)
     ExpectEachThrows<ArgumentOutOfRangeException>(
         {[] { IPAddress(std::int64_t{0x100000000}); }, [] { IPAddress(std::int64_t{-1}); },
          [] { IPAddress(Array<Byte>(16), 0x100000000); }, [&] { address.SetScopeId(-1); }});
+    address.SetScopeId(0);
+    EXPECT_EQ(0, address.GetScopeId());
     address.SetScopeId(5);
     EXPECT_EQ("0:0:0:0:0:0:0:0%5", address.ToString().Utf8());
     IPAddress other;

@@ -51,7 +51,7 @@ TEST(IPEndPointTests, RefusesRawFormsThatHoldNoAddress)
     EXPECT_TRUE(any.Create(SocketAddress(AddressFamily::InterNetwork, 8))->Equals(any)) << "8 bytes are enough";
     EXPECT_THROW(SocketAddress(AddressFamily::Unix, 1), ArgumentOutOfRangeException);
     const SocketAddress raw = EndPoint(AddressFamily::InterNetworkV6).Serialize();
-    EXPECT_TRUE(raw.Size() == 2 && !raw.Equals(null));
+    EXPECT_TRUE(raw.Size() == 2 && !raw.Equals(null) && raw.Family() == AddressFamily::InterNetworkV6);
     EXPECT_EQ(23, raw[0]);
     EXPECT_THROW(EndPoint(AddressFamily::InterNetwork).Create(raw), NotSupportedException);
 }

@@ -151,6 +151,7 @@ TEST(SocketTests, OptionsKeepTheirValuesInEachForm)
     const IPAddress group6 = IPAddress::Parse("65282:0:0:0:0:0:0:1"); // not for a socket of IPv4
     EXPECT_NE(0, CodeOf([&] { client.JoinMulticastGroup(group6); }));
     EXPECT_NE(0, CodeOf([&] { client.JoinMulticastGroup(7, group6); }));
+    EXPECT_NE(0, CodeOf([&] { client.DropMulticastGroup(group6); }));
     EXPECT_EQ(SocketError::ProtocolOption, // no platform tells of memberships
               CodeOf([&] { socket.GetSocketOption(SocketOptionLevel::IP, SocketOptionName::AddMembership, option); }));
     socket.SetSocketOption(SocketOptionLevel::IP, SocketOptionName::MulticastInterface,

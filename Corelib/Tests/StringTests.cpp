@@ -106,9 +106,9 @@ TEST(StringTests, ComparesCodePointByCodePointWithNullFirst)
               (Numbers{String::Compare(nothing, nothing), String::Compare(nothing, ""), String::Compare("", nothing),
                        String::Compare("ab", "abc"), String::Compare("b", "abc"), String::Compare("z", Umlauts),
                        String::Compare("ABC", "abc"), String::Compare("ABC\xC3\x84", "abc\xC3\xA4", true)}));
-    EXPECT_EQ((Numbers{0, -1, 0}),
-              (Numbers{String::Compare("xxabc", 2, "abd", 0, 2), String::Compare("xxabc", 2, "abd", 0, 100),
-                       String::Compare("xxabc", 5, "abd", 3, 1)}));
+    EXPECT_EQ((Numbers{0, -1, -1, 0}),
+              (Numbers{String::Compare("xxabc", 2, "abd", 0, 2), String::Compare("B", 0, "a", 0, 1),
+                       String::Compare("xxabc", 2, "abd", 0, 100), String::Compare("xxabc", 5, "abd", 3, 1)}));
     ExpectEachThrows<ArgumentOutOfRangeException>(
         {[] { String::Compare("a", 2, "a", 0, 1); }, [] { String::Compare("a", 0, "a", 0, -1); }});
     const String text("1");
