@@ -42,6 +42,8 @@ TEST(EncodingTests, TheFamilyIsChosenByNumberAndName)
         const Up<Encoding> encoding = Encoding::GetEncoding(webName);
         EXPECT_TRUE(encoding->CodePage() == codePage && encoding->IsSingleByte() == isSingleByte) << webName;
         EXPECT_EQ(webName, encoding->ToString().Utf8());
+        EXPECT_TRUE(encoding->CreateEncoder()->ToString().Contains("Encoder")) << webName;
+        EXPECT_TRUE(encoding->CreateDecoder()->ToString().Contains("Decoder")) << webName;
         EXPECT_EQ(preamble, Content(encoding->GetPreamble()));
         EXPECT_TRUE(encoding->Equals(*Encoding::GetEncoding(codePage)));
     }
