@@ -58,6 +58,8 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     const SocketFlags flags = SocketFlags::None;
     IPEndPoint sender(IPAddress::Any, 0);
     Sp<EndPoint> none;
+    const LingerOption& noLinger = null;
+    const MulticastOption& noGroup = null;
     using Row = std::tuple<int, int, int>;
     for (const auto& [length, offset, size] :
          {Row{0, 0, 0}, Row{Room, Room, 0}, Row{Room, -1, 1}, Row{Room, 1, Room}, Row{Room, 0, -1}})
@@ -78,6 +80,8 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
          [&] { socket.Connect(null); }, [&] { socket.Bind(null); }, [&] { socket.Bind(none); },
          [&] { socket.SetSocketOption(null, SocketOptionName::Broadcast, true); },
          [&] { socket.SetSocketOption(SocketOptionLevel::Socket, null, true); },
+         [&] { socket.SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, noLinger); },
+         [&] { socket.SetSocketOption(SocketOptionLevel::IP, SocketOptionName::AddMembership, noGroup); },
          [&] { IPEndPoint(static_cast<const unsigned char*>(nullptr), 16); }});
     UdpClient detached;
     detached.Client(Sp<Socket>());
