@@ -52,6 +52,8 @@ TEST(MonitorTests, ArgumentsAndNotTheLockDecideTheResultOfTheFormsWithLockTaken)
     EXPECT_TRUE(Monitor::TryEnter(target, TimeSpan::FromMilliseconds(-1), lockTaken) && lockTaken);
     EXPECT_FALSE(OnAnotherThread([&] { return Monitor::TryEnter(target, 5); }));
     EXPECT_FALSE(OnAnotherThread([&] { return Monitor::TryEnter(target, TimeSpan::FromMilliseconds(5)); }));
+    EXPECT_TRUE(Monitor::TryEnter(target, TimeSpan::FromMilliseconds(5)));
+    Monitor::Exit(target);
     EXPECT_TRUE(OnAnotherThread([&] { return Monitor::TryEnter(target, lockTaken); }));
     EXPECT_FALSE(lockTaken);
     Monitor::Exit(target);

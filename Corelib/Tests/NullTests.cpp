@@ -122,6 +122,7 @@ TEST(NullTests, OperationsThatNeedAnObjectRefuseNull)
         [] { SocketAddress(static_cast<const unsigned char*>(nullptr), 16); },
         [] { TimeSpan::Parse(Nothing<String>); },
         [] { String("a").IndexOfAny(Nothing<Array<char32>>); },
+        [] { String("a").LastIndexOf(Nothing<String>, 0, 1); },
         [] { String("a").LastIndexOfAny(Nothing<Array<char32>>); },
         [] { Random().NextBytes(const_cast<Array<unsigned char>&>(Nothing<Array<unsigned char>>)); },
         [] { Threading::WaitHandle::SignalAndWait(event, event, Nothing<TimeSpan>); },
