@@ -4,9 +4,10 @@
 #include <Core/System/IO/FileMode.h>
 #include <Core/System/Net/Sockets/AddressFamily.h>
 #include <Core/System/Net/Sockets/SocketError.h>
+#include <Core/System/Net/Sockets/SocketOptionName.h>
 
 using IO::FileAttributes, IO::FileMode;
-using Net::Sockets::AddressFamily, Net::Sockets::SocketError;
+using Net::Sockets::AddressFamily, Net::Sockets::SocketError, Net::Sockets::SocketOptionName;
 using Threading::ThreadState;
 
 TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCoverThem)
@@ -26,6 +27,7 @@ TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCo
     expect("InterNetwork", true, AddressFamily(AddressFamily::InterNetwork));
     expect("3", false, AddressFamily(3));
     expect("ConnectionReset", true, SocketError(SocketError::ConnectionReset));
+    expect("Linger", true, SocketOptionName(SocketOptionName::Linger));
     expect("0", false, FileAttributes(0));
     expect("Hidden, ReadOnly", true, FileAttributes(3));
     expect("8", false, FileAttributes(8));
