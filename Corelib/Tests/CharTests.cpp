@@ -28,6 +28,24 @@ TEST(CharTests, ClassifiesAsciiAsTheCLibraryDoes)
     }
 }
 
+TEST(CharTests, ClassifiesACharacterOfATextAsTheCharacterItself)
+{
+    using Row = std::pair<bool (*)(char32), bool (*)(const String&, int)>;
+    for (const char32 c : {U'a', U'A', U'1', U'+', U'.', U' ', U'\n'})
+    {
+        for (const auto& [ofCharacter, ofText] :
+             {Row(Char::IsDigit, Char::IsDigit), Row(Char::IsNumber, Char::IsNumber),
+              Row(Char::IsLetter, Char::IsLetter), Row(Char::IsLetterOrDigit, Char::IsLetterOrDigit),
+              Row(Char::IsLower, Char::IsLower), Row(Char::IsUpper, Char::IsUpper),
+              Row(Char::IsPunctuation, Char::IsPunctuation), Row(Char::IsSymbol, Char::IsSymbol),
+              Row(Char::IsWhiteSpace, Char::IsWhiteSpace), Row(Char::IsControl, Char::IsControl),
+              Row(Char::IsSeparator, Char::IsSeparator)})
+        {
+            EXPECT_EQ(ofCharacter(c), ofText(String(c, 2), 1)) << c.value;
+        }
+    }
+}
+
 TEST(CharTests, KnowsCharactersBeyondAscii)
 {
     EXPECT_TRUE(Char::IsLower(U'\u00DF') && Char::IsLower(U'\u00E4') && Char::IsUpper(U'\u0416'));
@@ -51,8 +69,12 @@ TEST(CharTests, IsAValueOfOneCharacterThatMayStandInAText)
     }
     EXPECT_TRUE(euro.GetHashCode() == 0x20AC && euro.ToInt32(FormatProvider::Default()) == 0x20AC);
     EXPECT_TRUE(euro.CompareTo(Char(U'a')) == 1 && euro.CompareTo(Int32(0xFFFF)) == 1);
+    const auto& provider = FormatProvider::Default();
+    EXPECT_EQ("x20ac", ("x" + provider.Format("x", Int32(0x20AC), provider)).Utf8());
+    EXPECT_EQ("text", provider.Format("x", String("text"), provider).Utf8());
+    EXPECT_TRUE(provider.Format("x", null, provider).IsEmpty());
     EXPECT_EQ(char32(U'\u20AC'), Char::Parse("\xE2\x82\xAC"));
-    EXPECT_TRUE(Char::IsDigit("a1", 1) && !Char::IsDigit("a1", 0));
+    EXPECT_TRUE(euro.ToChar(provider) == char32(U'\u20AC') && euro.ToDateTime(provider) == DateTime(0x20AC));
     EXPECT_THROW(euro.ToByte(FormatProvider::Default()), OverflowException);
     EXPECT_THROW(Char::Parse("ab"), FormatException);
     ExpectEachThrows<ArgumentNullException>(

@@ -1,6 +1,7 @@
 #include <Tests/Support/CoreTest.h>
 
 #include <Core/System/Text/CodePage437Encoding.h>
+#include <Core/System/Text/UTF32Encoding.h>
 #include <Core/System/Text/UTF8Encoding.h>
 #include <Core/System/Text/UnicodeEncoding.h>
 
@@ -119,10 +120,18 @@ TEST(EncodingTests, BuffersAndSizesAreChecked)
     EXPECT_EQ("\0\xE2\x82\xAC"s, Content(bytes));
     EXPECT_EQ(2, utf8->GetBytes(String("xabx"), 1, 2, bytes, 2));
     EXPECT_EQ(0, utf8->GetBytes(char32(0xD800), bytes, 4));
-    EXPECT_EQ((std::vector<int>{2147483644, 28, 7, 7, 4}),
+    const Array<char32> characters(std::vector<char32>{U'x', U'\u20AC', U'a'});
+    EXPECT_TRUE(utf8->GetByteCount(characters) == 5 && utf8->GetByteCount(characters, 1, 1) == 3);
+    EXPECT_EQ(4, utf8->GetBytes(characters, 1, 2, bytes, 0));
+    EXPECT_EQ("\xE2\x82\xAC"
+              "a",
+              Content(bytes));
+    EXPECT_EQ((std::vector<int>{2147483644, 28, 7, 7, 4, 28, 7, 2, 1}),
               (std::vector<int>{utf8->GetMaxByteCount(536870911), Encoding::UTF32()->GetMaxByteCount(7),
                                 Encoding::ASCII()->GetMaxByteCount(7), utf8->GetMaxCharCount(7),
-                                Encoding::Unicode()->GetMaxCharCount(7)}));
+                                Encoding::Unicode()->GetMaxCharCount(7), Encoding::Unicode()->GetMaxByteCount(7),
+                                Encoding::ASCII()->GetMaxCharCount(7), Encoding::UTF32()->GetMaxCharCount(5),
+                                Encoding::UTF32()->GetMaxCharCount(4)}));
     ExpectEachThrows<ArgumentOutOfRangeException>(
         {[&] { utf8->GetBytes(char32(0x20AC), bytes, 2); }, [&] { utf8->GetBytes(char32(U'a'), bytes, -1); },
          [&] { utf8->GetString(bytes, 3, 2); }, [&] { utf8->GetChars(bytes, -1, 1); },
@@ -145,6 +154,11 @@ TEST(EncodingTests, AssignmentTakesTheFlagsOfTheSameClass)
     utf16 = UnicodeEncoding(true, false);
     EXPECT_TRUE(utf16.CodePage() == 1201 && utf16.GetPreamble().Length() == 0);
     EXPECT_EQ("\0a"s, Content(utf16.GetBytes("a")));
+    UTF32Encoding utf32;
+    utf32 = UTF32Encoding(true, false);
+    EXPECT_TRUE(utf32.CodePage() == 12001 && utf32.GetPreamble().Length() == 0);
+    plain = UTF8Encoding(false);
+    EXPECT_EQ(0, plain.GetPreamble().Length());
     EXPECT_THROW(static_cast<Encoding&>(utf16) = plain, ArgumentException);
     EXPECT_FALSE(plain.Equals(*Encoding::ASCII()) || plain.Equals(String("utf-8")) || plain.Equals(null));
 }

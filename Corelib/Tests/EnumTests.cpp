@@ -2,13 +2,13 @@
 
 #include <Core/System/IO/FileAttributes.h>
 #include <Core/System/IO/FileMode.h>
-#include <Core/System/Net/Sockets/AddressFamily.h>
+#include <Core/System/IO/FileShare.h>
+#include <Core/System/Net/Sockets/Socket.h>
 #include <Core/System/Net/Sockets/SocketError.h>
-#include <Core/System/Net/Sockets/SocketOptionName.h>
 
-using IO::FileAttributes, IO::FileMode;
-using Net::Sockets::AddressFamily, Net::Sockets::SocketError, Net::Sockets::SocketOptionName;
-using Threading::ThreadState;
+using namespace Tesmo::System::IO;
+using namespace Tesmo::System::Net::Sockets;
+using Threading::ThreadPriority, Threading::ThreadState;
 
 TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCoverThem)
 {
@@ -28,6 +28,13 @@ TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCo
     expect("3", false, AddressFamily(3));
     expect("ConnectionReset", true, SocketError(SocketError::ConnectionReset));
     expect("Linger", true, SocketOptionName(SocketOptionName::Linger));
+    expect("Both", true, SocketShutdown(2));
+    expect("Udp", true, ProtocolType(17));
+    expect("Peek", true, SocketFlags(2));
+    expect("Tcp", true, SocketOptionLevel(6));
+    expect("Dgram", true, SocketType(2));
+    expect("ReadWrite", true, FileShare(3));
+    expect("Highest", true, ThreadPriority(4));
     expect("0", false, FileAttributes(0));
     expect("Hidden, ReadOnly", true, FileAttributes(3));
     expect("8", false, FileAttributes(8));

@@ -42,8 +42,10 @@ TEST(MonitorTests, ArgumentsAndNotTheLockDecideTheResultOfTheFormsWithLockTaken)
     bool lockTaken = false;
     EXPECT_FALSE(Monitor::TryEnter(null, 0, lockTaken));
     EXPECT_TRUE(lockTaken);
-    EXPECT_FALSE(Monitor::TryEnter(target, -2, lockTaken) ||
-                 Monitor::TryEnter(target, static_cast<const TimeSpan&>(null), lockTaken));
+    EXPECT_FALSE(Monitor::TryEnter(target, -2, lockTaken));
+    lockTaken = false;
+    EXPECT_FALSE(Monitor::TryEnter(target, static_cast<const TimeSpan&>(null), lockTaken));
+    EXPECT_TRUE(lockTaken);
     EXPECT_FALSE(Monitor::TryEnter(target, -2) || Monitor::TryEnter(null));
     ExpectEachThrows<ArgumentNullException>({[&] { Monitor::Enter(null); }, [&] { Monitor::Exit(null); },
                                              [&] { const Lock lock(static_cast<const Object&>(null)); }});

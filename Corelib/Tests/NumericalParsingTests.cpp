@@ -90,6 +90,8 @@ TEST(NumericalParsingTests, FloatingNumbers)
         EXPECT_THROW(Double::Parse(text), FormatException) << text;
         EXPECT_TRUE(!Double::TryParse(text, result) && result == 7) << text;
     }
+    float single = 0;
+    EXPECT_TRUE(Single::TryParse("1.5", single) && single == 1.5F);
     ExpectEachThrows<OverflowException>({[] { Double::Parse("1e999"); }, [] { Single::Parse("1e39"); }});
 }
 

@@ -25,6 +25,9 @@ TEST(RandomTests, NumbersStayWithinTheirBoundsAndRepeatWithTheirSeed)
     EXPECT_TRUE(seen.contains(-1) && seen.contains(0) && seen.contains(1)); // the bounds themselves are rare
     EXPECT_TRUE(*seen.begin() >= -2 && *seen.rbegin() <= 2 && random.Next(5, 5) == 5);
     random.Next(Int32::MinValue, Int32::MaxValue); // the distance does not fit an int
+    EXPECT_TRUE(random.Next(0) == 0 && Random(7).Next(1000) == Random(7).Next(0, 1000));
+    EXPECT_TRUE(random.Equals(random) && !random.Equals(Random(2)));
+    EXPECT_EQ("Tesmo::System::Random", random.ToString().Utf8());
     EXPECT_THROW(random.Next(6, 5), ArgumentOutOfRangeException);
 
     Array<unsigned char> bytes(64);

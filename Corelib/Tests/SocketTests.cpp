@@ -60,6 +60,8 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     Sp<EndPoint> none;
     const LingerOption& noLinger = null;
     const MulticastOption& noGroup = null;
+    const IPv6MulticastOption& noGroup6 = null;
+    List<Sp<Socket>> nobody;
     using Row = std::tuple<int, int, int>;
     for (const auto& [length, offset, size] :
          {Row{0, 0, 0}, Row{Room, Room, 0}, Row{Room, -1, 1}, Row{Room, 1, Room}, Row{Room, 0, -1}})
@@ -75,13 +77,19 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
          [&] { socket.ReceiveFrom(Up<unsigned char[]>(), 1, 0, 1, flags, sender); },
          [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, none); },
          [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, sender); },
-         [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, none); }, [&] { socket.Send(Bytes(), Room, 0, 1, null); },
-         [&] { socket.Receive(Bytes(), Room, 0, 1, null); }, [&] { socket.Shutdown(null); },
-         [&] { socket.Connect(null); }, [&] { socket.Bind(null); }, [&] { socket.Bind(none); },
+         [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, null, none); },
+         [&] { socket.Send(Bytes(), Room, 0, 1, null); },
+         [&] { socket.Receive(Bytes(), Room, 0, 1, null); },
+         [&] { socket.Shutdown(null); },
+         [&] { socket.Connect(null); },
+         [&] { socket.Bind(null); },
+         [&] { socket.Bind(none); },
          [&] { socket.SetSocketOption(null, SocketOptionName::Broadcast, true); },
          [&] { socket.SetSocketOption(SocketOptionLevel::Socket, null, true); },
          [&] { socket.SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, noLinger); },
          [&] { socket.SetSocketOption(SocketOptionLevel::IP, SocketOptionName::AddMembership, noGroup); },
+         [&] { socket.SetSocketOption(SocketOptionLevel::IPv6, SocketOptionName::AddMembership, noGroup6); },
+         [&] { Socket::Select(nobody, nobody, nobody, 0); },
          [&] { IPEndPoint(static_cast<const unsigned char*>(nullptr), 16); }});
     UdpClient detached;
     detached.Client(Sp<Socket>());
@@ -166,6 +174,10 @@ TEST(SocketTests, OptionsKeepTheirValuesInEachForm)
     Socket socket6(AddressFamily::InterNetworkV6, SocketType::Dgram, ProtocolType::Udp);
     IPv6MulticastOption option6(option.Group(), 7);
     EXPECT_EQ(7, option6.InterfaceIndex());
+    ExpectEachThrows<ArgumentOutOfRangeException>(
+        {[&] { option6.InterfaceIndex(-1); }, [&] { option6.InterfaceIndex(4294967296); }});
+    option6.InterfaceIndex(4294967295);
+    EXPECT_EQ(4294967295, option6.InterfaceIndex());
     socket6.GetSocketOption(SocketOptionLevel::IPv6, SocketOptionName::IPv6Only, option6);
     EXPECT_EQ("100:0:0:0:0:0:0:0", option6.Group().ToString().Utf8());
     EXPECT_EQ(0, option6.InterfaceIndex());

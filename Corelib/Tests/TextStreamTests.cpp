@@ -32,7 +32,9 @@ TEST_F(TextStreamTests, LinesAndBytesAreReadOneAfterAnother)
     EXPECT_TRUE(reader.ReadLine().IsEmpty() && !reader.EndOfStream());
     EXPECT_EQ("two\xC3\xA9", reader.ReadLine().Utf8());
     EXPECT_TRUE(reader.EndOfStream() && reader.ReadLine().IsEmpty() && reader.Read() == -1 && reader.Peek() == -1);
+    EXPECT_FALSE(reader.BaseStream()->IsClosed());
     reader.Close();
+    EXPECT_TRUE(reader.BaseStream()->IsClosed());
     EXPECT_THROW(reader.ReadLine(), ObjectClosedException);
     EXPECT_TRUE(TextReader::Null().Read() == -1 && TextReader::Null().Peek() == -1);
     EXPECT_TRUE(TextReader::Null().ReadLine().IsEmpty() && TextReader::Null().ReadToEnd().IsEmpty());
@@ -65,7 +67,9 @@ TEST_F(TextStreamTests, AWriterAppendsOrEmptiesAndMakesEveryTextOneWrite)
         StreamWriter writer{Sp<Stream>(stream)};
         writer.WriteLine("text"); // the line end is a text of its own
         EXPECT_TRUE(stream->writes == 2 && stream->flushes == 0);
+        EXPECT_FALSE(writer.AutoFlush());
         writer.AutoFlush(true);
+        EXPECT_TRUE(writer.AutoFlush());
         writer.Write(String());
         EXPECT_TRUE(stream->writes == 2 && stream->flushes == 1);
         EXPECT_THROW(writer.Write(null), ArgumentNullException);
@@ -87,12 +91,16 @@ TEST_F(TextStreamTests, SynchronizedLinesOfTwoThreadsStayWhole)
     std::thread other(write, "bbb");
     write("aaa");
     other.join();
+    writer->Flush();
     writer->Close();
     const Sp<TextReader> reader = TextReader::Synchronized(Sp<TextReader>(new StreamReader(folder.Path("f"))));
     const int first = reader->Peek();
+    EXPECT_EQ(first, reader->Read());
     const String line = reader->ReadLine();
     EXPECT_EQ(static_cast<int>(line[0].value), first);
-    const String text = line + "\n" + reader->ReadToEnd();
+    const String text = String(line[0], 1) + line + "\n" + reader->ReadToEnd();
     EXPECT_EQ(2 * linesOfEach * 4, text.Length());
     EXPECT_EQ("", text.Replace("aaa\n", "").Replace("bbb\n", "").Utf8());
+    reader->Close();
+    EXPECT_THROW(reader->Read(), ObjectClosedException);
 }

@@ -62,4 +62,5 @@ TEST(TimeSpanTests, TextParses)
         EXPECT_THROW(TimeSpan::Parse(text), OverflowException) << text;
     }
     EXPECT_EQ(9, result.Ticks());
+    EXPECT_TRUE(TimeSpan::TryParse("0:0:1", result) && result == TimeSpan::FromTicks(TimeSpan::TicksPerSecond));
 }

@@ -117,7 +117,9 @@ TEST(WaitHandleTests, SignalAndWaitDoesBoth)
     AutoResetEvent first(false);
     Semaphore second(1, 1);
     EXPECT_TRUE(WaitHandle::SignalAndWait(first, second) && first.WaitOne(0));
-    EXPECT_FALSE(WaitHandle::SignalAndWait(first, second, 0));
+    EXPECT_FALSE(WaitHandle::SignalAndWait(first, second, 0) || WaitHandle::SignalAndWait(first, second, TimeSpan()));
+    Mutex mutex(true);
+    EXPECT_TRUE(WaitHandle::SignalAndWait(mutex, first) && OnAnotherThread([&] { return mutex.WaitOne(0); }));
     const auto signalAndWait = [&](double milliseconds)
     { WaitHandle::SignalAndWait(first, second, TimeSpan::FromMilliseconds(milliseconds)); };
     ExpectEachThrows<ArgumentOutOfRangeException>({[&] { signalAndWait(-1); }, [&] { signalAndWait(INT_MAX + 1.0); }});

@@ -59,10 +59,10 @@ TEST(WrapperTests, ComparisonPutsSmallerNumbersFirstAndHashesFoldWhatIsWider)
     const Double nan(Double::NaN);
     EXPECT_TRUE(nan.CompareTo(Double(Double::NegativeInfinity)) < 0 && Double(0).CompareTo(nan) > 0);
     EXPECT_EQ(0, nan.CompareTo(nan));
-    EXPECT_EQ((std::vector<int>{-5, 3, 0, 1, 0x3FF00000, Double(0.0).GetHashCode()}),
+    EXPECT_EQ((std::vector<int>{-5, 3, 0, 1, 0x3FF00000, 0x3F800000, Double(0.0).GetHashCode()}),
               (std::vector<int>{Int32(-5).GetHashCode(), Int64(0x0000000100000002).GetHashCode(),
                                 Int64(-1).GetHashCode(), UInt64(0xFFFFFFFFFFFFFFFE).GetHashCode(),
-                                Double(1).GetHashCode(), Double(-0.0).GetHashCode()}));
+                                Double(1).GetHashCode(), Single(1).GetHashCode(), Double(-0.0).GetHashCode()}));
 }
 
 TEST(WrapperTests, ConversionsRefuseWhatDoesNotFit)
@@ -91,6 +91,7 @@ TEST(WrapperTests, ConversionsKeepWhatFitsAndParseText)
     EXPECT_EQ(0U, Convert::ToUInt32(Double(-0.9)));
     EXPECT_EQ(Single::PositiveInfinity, Convert::ToSingle(Double(Double::PositiveInfinity)));
     EXPECT_EQ(DateTime(12345), Convert::ToDateTime(Int32(12345)));
+    EXPECT_TRUE(Convert::ToDateTime(DateTime(7)) == DateTime(7) && Convert::ToChar(DateTime(65)) == char32('A'));
     EXPECT_EQ("True", Convert::ToString(Boolean(true)).Utf8());
     EXPECT_TRUE(Convert::ToDouble(String("0.5")) == 0.5 && Convert::ToChar(String("x")) == char32('x'));
     EXPECT_EQ(DateTime(2024, 2, 29, 23, 59, 58), Convert::ToDateTime(String("29/02/2024 23:59:58")));
@@ -105,7 +106,11 @@ TEST(WrapperTests, ToTypeMakesAWrapperOfTheClassAndPointersAreNumbers)
     int local = 0;
     EXPECT_TRUE(IntPtr(0).Equals(IntPtr::Zero) && !IntPtr(0).Equals(UIntPtr::Zero));
     EXPECT_TRUE(IntPtr(-1).CompareTo(IntPtr::Zero) < 0 && IntPtr(&local).ToPointer() == &local);
-    EXPECT_TRUE(IntPtr(5) + 1 == 6 && UIntPtr(5).Value() == 5);
+    EXPECT_TRUE(IntPtr(5) + 1 == 6 && UIntPtr(5).Value() == 5 && UIntPtr(5).ToUInt64() == 5 &&
+                IntPtr(-5).ToInt64() == -5);
+    EXPECT_TRUE(IntPtr(-5).ToInt32() == -5 && UIntPtr(5).ToUInt32() == 5 && UIntPtr(5).GetHashCode() == 5);
+    EXPECT_EQ("-5", IntPtr(-5).ToString().Utf8());
+    EXPECT_TRUE(sizeof(void*) == 4 || IntPtr(static_cast<std::intptr_t>(0x700000002)).GetHashCode() == 5);
     EXPECT_EQ("-1 " + std::string(sizeof(void*) * 2, 'f'), String::Format("{0} {0:x}", IntPtr(-1)).Utf8());
     const IFormatProvider& provider = FormatProvider::Default();
     const Up<Object> wide = Int32(7).ToType(Type(typeid(Int64)), provider);
@@ -113,5 +118,7 @@ TEST(WrapperTests, ToTypeMakesAWrapperOfTheClassAndPointersAreNumbers)
     EXPECT_TRUE(Int32(7).ToType(Type(typeid(String)), provider)->Equals(String("7")));
     EXPECT_TRUE(String("7").ToType(Type(typeid(Byte)), provider)->Equals(Byte(7)));
     EXPECT_THROW(Int32(7).ToType(Type(typeid(Object)), provider), InvalidCastException);
-    EXPECT_THROW(Int32(7).ToType(null, provider), ArgumentNullException);
+    EXPECT_EQ("True", Boolean(true).ToString("any").Utf8());
+    ExpectEachThrows<ArgumentNullException>(
+        {[&] { Int32(7).ToType(null, provider); }, [] { static_cast<void>(Boolean(true).ToString(null)); }});
 }

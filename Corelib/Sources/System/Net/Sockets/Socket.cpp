@@ -233,8 +233,6 @@ void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, const Array<Byte>& value)
 {
-    NotNull(level);
-    NotNull(name);
     NotNull(value);
     const std::vector<unsigned char> raw(value.begin(), value.end());
     SetRawOption(level, name, raw.data(), value.Length());
@@ -242,8 +240,6 @@ void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, const LingerOption& value)
 {
-    NotNull(level);
-    NotNull(name);
     NotNull(value);
     const RawLinger raw = {static_cast<std::uint16_t>(value.Enabled() ? 1 : 0),
                            static_cast<std::uint16_t>(value.LingerTime())};
@@ -252,8 +248,6 @@ void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, const MulticastOption& value)
 {
-    NotNull(level);
-    NotNull(name);
     NotNull(value);
     std::vector<unsigned char> raw;
     Append(raw, value.Group());
@@ -264,8 +258,6 @@ void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 void Socket::SetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name,
                              const IPv6MulticastOption& value)
 {
-    NotNull(level);
-    NotNull(name);
     NotNull(value);
     std::vector<unsigned char> raw;
     const int size = Append(raw, value.Group());
@@ -291,8 +283,6 @@ void Socket::GetSocketOption(const SocketOptionLevel& level, const SocketOptionN
 
 void Socket::GetSocketOption(const SocketOptionLevel& level, const SocketOptionName& name, Array<Byte>& value)
 {
-    NotNull(level);
-    NotNull(name);
     NotNull(value);
     std::vector<unsigned char> raw(static_cast<std::size_t>(value.Length()));
     GetRawOption(level, name, raw.data(), value.Length());
