@@ -94,6 +94,7 @@ TEST(EncodingTests, EveryByteOfACodePageReturns)
 TEST(EncodingTests, ConvertsBetweenEncodingsAndPassesOverBadInput)
 {
     EXPECT_EQ("y\xE2\x82\xACz", Decoded(65001, "\x80y\xE2\x82\xAC\xE2\x82z\xF0\x9F\xFF"));
+    EXPECT_EQ("", Decoded(65001, "\xE2\x82\xFF\xAC"));
     EXPECT_EQ("y\xF0\x9F\x98\x80", Decoded(1200, "\x3D\xD8y\0\0\xDE\x3D\xD8\0\xDEz"s));
     EXPECT_EQ("\xF0\x90\x8F\xBF", Decoded(1200, "\0\xD8\xFF\xDF"s)); // the last low surrogate
     EXPECT_EQ("z", Decoded(12000, "\0\0\x11\0z\0\0\0\x01"s));

@@ -87,6 +87,7 @@ TEST(IPAddressTests, EqualsAndHashesByValue)
     }
     EXPECT_EQ(1 ^ 2, IPAddress::Parse("0:0:0:0:0:0:1:2%3").GetHashCode());
     EXPECT_EQ(0x04030201, IPAddress(1, 2, 3, 4).GetHashCode());
+    EXPECT_EQ(0x01020304U, IPAddress(1, 2, 3, 4).HostOrder());
     EXPECT_EQ(1, IPAddress::Parse("0:0:0:0:0:0:0:1").Numbers()[7]);
 }
 } // namespace Tesmo::System::Net

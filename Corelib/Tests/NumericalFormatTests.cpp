@@ -10,7 +10,7 @@ TEST(NumericalFormatTests, FormatsAreTakenApart)
     for (const auto& [format, wantedLetter, wantedPrecision] :
          {Row{"", 'G', 0}, Row{"D4", 'd', 4}, Row{"P", 'p', 0}, Row{"B8", 'b', 8}, Row{"N2", 'n', 2}, Row{"F0", 'f', 0},
           Row{"g", 'g', 0}, Row{"G7", 'G', 7}, Row{"x2", 'x', 2}, Row{"X", 'X', 0}, Row{"Z9", 0, 0}, Row{"d4x", 0, 0},
-          Row{"d-4", 0, 0}, Row{"d99999999999", 0, 0}})
+          Row{"d-4", 0, 0}, Row{"d123456789", 'd', 123456789}, Row{"d1234567890", 0, 0}})
     {
         precision = -1;
         NumericalFormat::ParseFormat(format, letter, precision);

@@ -169,6 +169,7 @@ TEST(StackTraceTests, AFrameNamesWhatItKnowsAndNoneIsOutOfRange)
     const StackTrace trace(0, true);
     const std::string lines = trace.ToString().Utf8();
     EXPECT_EQ(trace.GetFrameCount(), std::ranges::count(lines, '\n'));
+    EXPECT_THROW(StackTrace(static_cast<const String&>(null), 0, false), ArgumentNullException);
     EXPECT_TRUE(trace.GetFrame(-1) == null && trace.GetFrame(trace.GetFrameCount()) == null);
     EXPECT_EQ(0, StackTrace(Int32::MaxValue, true).GetFrameCount());
     const CallStackEntry known{"a.cpp", 12, "Run()", 48, 3};

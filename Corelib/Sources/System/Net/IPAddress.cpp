@@ -301,10 +301,10 @@ int IPAddress::CopyTo(unsigned char* bytes) const
         }
         return IPv4Size;
     }
-    for (int i = 0; i < 8; ++i)
+    for (const std::uint16_t number : numbers)
     {
-        bytes[2 * i] = static_cast<unsigned char>(numbers[i] >> 8);
-        bytes[2 * i + 1] = static_cast<unsigned char>(numbers[i]);
+        *bytes++ = static_cast<unsigned char>(number >> 8);
+        *bytes++ = static_cast<unsigned char>(number);
     }
     return IPv6Size;
 }
