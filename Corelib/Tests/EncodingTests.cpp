@@ -139,9 +139,10 @@ TEST(EncodingTests, BuffersAndSizesAreChecked)
          [&] { utf8->GetBytes(Array<char32>(2), 1, 2, bytes, 0); },
          [&] { utf8->GetBytes(Array<char32>(0), 0, 0, bytes, -1); }, [&] { utf8->GetMaxByteCount(536870912); }});
     const ByteArray& nothing = null;
-    ExpectEachThrows<ArgumentNullException>({[&] { utf8->GetString(nothing); },
-                                             [&] { utf8->GetCharCount(nothing, 0, 1); },
-                                             [&] { utf8->GetBytes(static_cast<const String&>(null)); }});
+    ExpectEachThrows<ArgumentNullException>(
+        {[&] { utf8->GetString(nothing); }, [&] { utf8->GetCharCount(nothing, 0, 1); },
+         [&] { Encoding::Convert(null, *utf8, bytes); }, [&] { Encoding::Convert(*utf8, null, bytes); },
+         [&] { utf8->GetBytes(static_cast<const String&>(null)); }});
     EXPECT_EQ(0, utf8->GetChars(nothing, 0, 0).Length());
 }
 

@@ -68,6 +68,9 @@ TEST(EnumTests, NamesAndNumbersParseAndFlagsAsAListOfNames)
     EXPECT_FALSE(mode.TryParse(null, false, mode));
     ExpectEachThrows<ArgumentNullException>(
         {[] { FileMode(9).TryParse("Open", false, const_cast<FileMode&>(static_cast<const FileMode&>(null))); },
+         [] {
+             ThreadState(0).TryParse("Stopped", false, const_cast<ThreadState&>(static_cast<const ThreadState&>(null)));
+         },
          []
          {
              auto& nothing = const_cast<AddressFamily&>(static_cast<const AddressFamily&>(null));

@@ -159,15 +159,21 @@ TEST_F(LogStreamTests, OtherLinesFollowTheWidth)
 
 TEST_F(LogStreamTests, TheFilterComesBeforeEverything)
 {
-    const auto& noChannel = static_cast<const LogStreamChannel&>(null);
+    const LogStreamChannel& noChannel = null;
+    const Exception& noFailure = null;
+    const String& noText = null;
     memory.log.Write(noChannel, LogStreamLevel::Debug, 0, "filtered");
     memory.log.WriteBlank(noChannel, LogStreamLevel::Debug);
     memory.log.WriteSeparator(noChannel, LogStreamLevel::Debug);
     memory.log.WriteDump(noChannel, LogStreamLevel::Debug, "filtered");
-    ExpectEachThrows<ArgumentNullException>({[&] { memory.log.Write(noChannel, "text"); },
-                                             [&] { memory.log.WriteBlank(noChannel); },
-                                             [&] { memory.log.WriteSeparator(noChannel, LogStreamLevel::Standard); },
-                                             [&] { memory.log.Write(channel, static_cast<const String&>(null)); }});
+    ExpectEachThrows<ArgumentNullException>(
+        {[&] { memory.log.Write(noChannel, "text"); }, [&] { memory.log.WriteBlank(noChannel); },
+         [&] { memory.log.WriteSeparator(noChannel, LogStreamLevel::Standard); },
+         [&] { memory.log.Write(channel, noText); }, [&] { memory.log.Write(channel, "text", noFailure); },
+         [&] { memory.log.Write(channel, noText, Exception("text")); }, [&] { memory.log.Write(channel, noFailure); },
+         [&] { memory.log.SetRefTime(nullptr); },
+         [&] { memory.log.WriteDump(noChannel, LogStreamLevel::Standard, "text"); },
+         [&] { memory.log.WriteDump(channel, LogStreamLevel::Standard, null); }});
     EXPECT_THROW(memory.log.Write(channel, LogStreamLevel(0), "text"), ArgumentException);
     EXPECT_EQ("", memory.Take());
 }
@@ -200,8 +206,11 @@ TEST_F(LogStreamTests, ASecondRunGoesOnInTheSameFile)
 TEST_F(LogStreamTests, WhatCannotBeOpenedLeavesTheConstructor)
 {
     EXPECT_THROW(LogStream(folder.Path("none/Client.log")), IO::DirectoryNotFoundException);
-    EXPECT_THROW(LogStream(nullptr, folder.Path("a.log")), ArgumentNullException);
-    EXPECT_THROW(LogStream(folder.Path("a.log"), LogStreamLevel::Debug, "a", null, "p"), ArgumentNullException);
+    const String path = folder.Path("a.log");
+    ExpectEachThrows<ArgumentNullException>({[&] { LogStream(nullptr, path); },
+                                             [&] { LogStream(path, LogStreamLevel::Debug, null, "c", "p"); },
+                                             [&] { LogStream(path, LogStreamLevel::Debug, "a", null, "p"); },
+                                             [&] { LogStream(path, LogStreamLevel::Debug, "a", "c", null); }});
     EXPECT_FALSE(folder.Has("a.log")); // what is refused leaves no file
     EXPECT_THROW(LogStream(folder.Path("a.log"), LogStreamLevel(0)), ArgumentException);
 }

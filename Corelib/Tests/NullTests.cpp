@@ -4,8 +4,9 @@
 #include <Core/System/Collections/Generic/Dictionary.h>
 #include <Core/System/Collections/Generic/Queue.h>
 #include <Core/System/Collections/Generic/SortedDictionary.h>
-#include <Core/System/Net/IPEndPoint.h>
-#include <Core/System/Net/IPHostEntry.h>
+#include <Core/System/IO/FileInfo.h>
+#include <Core/System/Net/Dns.h>
+#include <Core/System/Net/Sockets/Socket.h>
 #include <Core/System/Net/Sockets/SocketException.h>
 #include <Core/System/Random.h>
 #include <Core/System/Ref.h>
@@ -123,10 +124,25 @@ TEST(NullTests, OperationsThatNeedAnObjectRefuseNull)
         [] { TimeSpan::Parse(Nothing<String>); },
         [] { String("a").IndexOfAny(Nothing<Array<char32>>); },
         [] { String("a").LastIndexOf(Nothing<String>, 0, 1); },
-        [] { String("a").LastIndexOfAny(Nothing<Array<char32>>); },
+        [] { String("a").LastIndexOf(Nothing<String>, 9); },
+        [] { String("a").LastIndexOfAny(Nothing<Array<char32>>, 9); },
         [] { Random().NextBytes(const_cast<Array<unsigned char>&>(Nothing<Array<unsigned char>>)); },
         [] { Threading::WaitHandle::SignalAndWait(event, event, Nothing<TimeSpan>); },
         [] { IPHostEntry("", Nothing<Array<String>>, Array<IPAddress>(0)); },
+        [] { DateTime().Add(Nothing<TimeSpan>); },
+        [] { DateTime().Subtract(Nothing<TimeSpan>); },
+        [] { DateTime().Subtract(Nothing<DateTime>); },
+        [] { DateTime().ToString(Nothing<String>); },
+        [] { IO::FileInfo("none").MoveTo(null); },
+        [] { IO::FileInfo("none").CopyTo(null, true); },
+        [] { Dns::GetHostAddresses(null); },
+        [] { Dns::GetHostEntry(Nothing<IPAddress>); },
+        [] { IPAddress::Parse(null); },
+        [] { IPEndPoint(IPAddress::Any, 1).Create(Nothing<SocketAddress>); },
+        [] { SocketAddress(Nothing<Sockets::AddressFamily>, 16); },
+        [] { Sockets::Socket(null, Sockets::SocketType::Dgram, Sockets::ProtocolType::Udp); },
+        [] { Sockets::Socket(Sockets::AddressFamily::InterNetwork, null, Sockets::ProtocolType::Udp); },
+        [] { Sockets::Socket(Sockets::AddressFamily::InterNetwork, Sockets::SocketType::Dgram, null); },
         [] { throw Sockets::SocketException(Nothing<Sockets::SocketError>, ThrowSite); },
     });
     EXPECT_FALSE(DateTime() == Nothing<DateTime> || TimeSpan() == Nothing<TimeSpan> || Version() == Nothing<Version>);

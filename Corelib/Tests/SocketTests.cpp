@@ -61,6 +61,9 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     const LingerOption& noLinger = null;
     const MulticastOption& noGroup = null;
     const IPv6MulticastOption& noGroup6 = null;
+    const Array<Byte>& noBytes = null;
+    const IPEndPoint& nowhere = null;
+    int option = 0;
     List<Sp<Socket>> nobody;
     using Row = std::tuple<int, int, int>;
     for (const auto& [length, offset, size] :
@@ -89,6 +92,14 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
          [&] { socket.SetSocketOption(SocketOptionLevel::Socket, SocketOptionName::Linger, noLinger); },
          [&] { socket.SetSocketOption(SocketOptionLevel::IP, SocketOptionName::AddMembership, noGroup); },
          [&] { socket.SetSocketOption(SocketOptionLevel::IPv6, SocketOptionName::AddMembership, noGroup6); },
+         [&] { socket.SetSocketOption(SocketOptionLevel::IP, SocketOptionName::IpTimeToLive, noBytes); },
+         [&] {
+             socket.GetSocketOption(SocketOptionLevel::IP, SocketOptionName::IpTimeToLive,
+                                    const_cast<Array<Byte>&>(noBytes));
+         },
+         [&] { socket.GetSocketOption(null, SocketOptionName::IpTimeToLive, option); },
+         [&] { socket.GetSocketOption(SocketOptionLevel::IP, null, option); },
+         [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, const_cast<IPEndPoint&>(nowhere)); },
          [&] { Socket::Select(nobody, nobody, nobody, 0); },
          [&] { IPEndPoint(static_cast<const unsigned char*>(nullptr), 16); }});
     UdpClient detached;

@@ -31,7 +31,6 @@ OperatingSystem::OperatingSystem(PlatformID hostPlatform, const System::Version&
     {
         throw ArgumentException(ThrowSite);
     }
-    NotNull(hostVersion);
     version = hostVersion;
     if (HasServicePacks(platform) && version.Build() % 10 != 0) // by the build's last digit: required
     {

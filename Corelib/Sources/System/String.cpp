@@ -171,7 +171,6 @@ String operator+(const String& left, const String& right)
 
 String operator+(const String& left, const char* right)
 {
-    NotNull(left);
     return left + String(right);
 }
 
