@@ -1,0 +1,47 @@
+#include "ReplacedImport.h"
+
+#include <windows.h>
+
+#include <fstream>
+
+// Writes down what the service and the manager tell each other, and hands it on. Control 133 becomes 5, which no program
+// may send.
+
+namespace
+{
+template <typename Function>
+Function HostsOwn(Function, const char* name)
+{
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"advapi32"), name)));
+}
+
+std::ofstream Told()
+{
+    return std::ofstream("C:\\service.told", std::ios::app | std::ios::binary);
+}
+
+LPHANDLER_FUNCTION serviceHandler = nullptr;
+
+void WINAPI Handle(DWORD control)
+{
+    serviceHandler(control == 133 ? SERVICE_CONTROL_SHUTDOWN : control);
+}
+
+SERVICE_STATUS_HANDLE WINAPI Register(LPCWSTR name, LPHANDLER_FUNCTION handler)
+{
+    serviceHandler = handler;
+    Told() << (std::wstring(L"DiscoveryClient") == name ? "registered\n" : "registered by a wrong name\n");
+    return HostsOwn(&RegisterServiceCtrlHandlerW, "RegisterServiceCtrlHandlerW")(name, Handle);
+}
+
+BOOL WINAPI Report(SERVICE_STATUS_HANDLE handle, SERVICE_STATUS* status)
+{
+    Told() << status->dwServiceType << ' ' << status->dwCurrentState << ' ' << status->dwControlsAccepted << ' '
+           << status->dwWin32ExitCode << ' ' << status->dwServiceSpecificExitCode << ' ' << status->dwCheckPoint << ' '
+           << status->dwWaitHint << '\n';
+    return HostsOwn(&SetServiceStatus, "SetServiceStatus")(handle, status);
+}
+} // namespace
+
+REPLACE_IMPORT(RegisterServiceCtrlHandlerW, 8, Register);
+REPLACE_IMPORT(SetServiceStatus, 8, Report);
