@@ -3,11 +3,15 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <poll.h>
+#include <string_view>
 #include <sys/eventfd.h>
 #include <sys/signalfd.h>
-#include <systemd/sd-daemon.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <thread>
 #include <unistd.h>
 
@@ -49,6 +53,32 @@ void WakeController()
     const std::uint64_t one = 1;
     // Only a full counter refuses a write, and then the controlling thread is awake already.
     [[maybe_unused]] const ssize_t written = write(wakeEvent, &one, sizeof(one));
+}
+
+/// Tells the service manager a state by the datagram that sd_notify(3) describes: the library for it would bring nine
+/// others into the program.
+/// @returns 0, also without a manager, or errno
+int Notify(std::string_view state)
+{
+    const char* const name = std::getenv("NOTIFY_SOCKET");
+    if (name == nullptr)
+    {
+        return 0;
+    }
+    const std::string_view path = name;
+    sockaddr_un address = {AF_UNIX, {}};
+    if (path.size() < 2 || path.size() >= sizeof(address.sun_path) || (path[0] != '/' && path[0] != '@'))
+    {
+        return EINVAL;
+    }
+    path.copy(address.sun_path + 1, path.size() - 1, 1);
+    address.sun_path[0] = path[0] == '@' ? '\0' : '/'; // an abstract socket begins with a zero
+    const Descriptor sender(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size());
+    return sendto(sender.Number(), state.data(), state.size(), MSG_NOSIGNAL,
+                  reinterpret_cast<const sockaddr*>(&address), size) < 0
+               ? errno
+               : 0;
 }
 
 void TakeStopSignal(int signals)
@@ -126,11 +156,11 @@ int ReportServiceStatus(const ServiceStatus& status)
     const char* state = status.currentState == ServiceRunning       ? "READY=1"
                         : status.currentState == ServiceStopPending ? "STOPPING=1"
                                                                     : nullptr;
-    const int result = state == nullptr ? 0 : sd_notify(0, state);
+    const int result = state == nullptr ? 0 : Notify(state);
     // Only now: a stop signal that was held back is reported by the controlling thread at once (decision 172).
     acceptsControls = status.controlsAccepted != AcceptNothing;
     WakeController();
-    return result < 0 ? -result : 0;
+    return result;
 }
 
 int CreateStopEvent()

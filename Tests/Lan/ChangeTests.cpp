@@ -47,6 +47,10 @@ TEST_P(ChangeTests, AnAddressThatADatagramBroughtIsSetAndAnnounced)
     }
     managed.Configure("lan0", "10.77.0.2/24 10.77.0.3/24", "");
     managed.Start();
+    if (GetParam() == Manager::None) // then nobody needs the library for the bus either
+    {
+        Shell("mount --bind /dev/null /usr/lib/*-linux-gnu/libsystemd.so.0");
+    }
     StartAndHearHello();
     Adapter moved = lan0;
     moved.address = "10.77.0.9";

@@ -4,9 +4,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <fstream>
 #include <sstream>
-#include <systemd/sd-id128.h>
 
 namespace Zelkor::Discovery::Client::Platform
 {
@@ -110,11 +109,9 @@ bool IsUuid(const std::string& line)
 /// A UUID that no profile has.
 std::string MakeUuid()
 {
-    sd_id128_t id = {};
-    sd_id128_randomize(&id);
-    std::array<char, UuidLength + 1> text = {};
-    std::snprintf(text.data(), text.size(), SD_ID128_UUID_FORMAT_STR, SD_ID128_FORMAT_VAL(id));
-    return text.data();
+    std::string text;
+    std::getline(std::ifstream("/proc/sys/kernel/random/uuid"), text); // another at each reading
+    return text;
 }
 
 Words SplitOutput(const std::string& output)
@@ -154,7 +151,7 @@ Answer NetworkManager::Examine(const std::string& adapter, Deadline deadline)
         const bool isStranger = bus.LastErrorName() == "org.freedesktop.NetworkManager.UnknownDevice";
         return isStranger ? Answer::No : Answer::Unknown;
     }
-    if (sd_bus_message_read(reply.get(), "o", &path) < 0)
+    if (!bus.Read(reply, "o", &path))
     {
         return Answer::Unknown;
     }

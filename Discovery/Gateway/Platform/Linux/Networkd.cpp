@@ -74,7 +74,7 @@ Answer Networkd::Examine(const std::string& adapter, Deadline deadline)
     int index = 0;
     const char* path = nullptr;
     if (bus.Call(Service, ManagerPath, ManagerInterface, "GetLinkByName", reply, "s", adapter.c_str()) != 0 ||
-        sd_bus_message_read(reply.get(), "io", &index, &path) < 0)
+        !bus.Read(reply, "io", &index, &path))
     {
         return Answer::Unknown;
     }
@@ -89,7 +89,7 @@ Failure Networkd::FindFile(Deadline deadline)
     BusMessage reply;
     const char* description = nullptr;
     if (bus.Call(Service, linkPath.c_str(), LinkInterface, "Describe", reply, "") != 0 ||
-        sd_bus_message_read(reply.get(), "s", &description) < 0)
+        !bus.Read(reply, "s", &description))
     {
         return Failure("does not describe the adapter: " + bus.LastError());
     }

@@ -21,30 +21,30 @@ std::uint64_t MicrosecondsUntil(Deadline deadline)
 
 /// The library would wait 90 s for the greeting of a bus that doesn't answer: so the wait for it is here.
 /// @returns 0, or errno
-int WaitUntilReady(sd_bus* bus, Deadline deadline)
+int WaitUntilReady(const BusLibrary& library, sd_bus* bus, Deadline deadline)
 {
     int progress = 0;
-    while (progress >= 0 && sd_bus_is_ready(bus) == 0)
+    while (progress >= 0 && library.isReady(bus) == 0)
     {
         if (std::chrono::steady_clock::now() >= deadline)
         {
             return ETIMEDOUT;
         }
-        progress = sd_bus_process(bus, nullptr);
-        progress = progress == 0 ? sd_bus_wait(bus, MicrosecondsUntil(deadline)) : progress;
+        progress = library.process(bus, nullptr);
+        progress = progress == 0 ? library.wait(bus, MicrosecondsUntil(deadline)) : progress;
     }
     return progress < 0 ? -progress : 0;
 }
 
 } // namespace
 
-SystemBus::SystemBus(Deadline callDeadline) : deadline(callDeadline)
+SystemBus::SystemBus(Deadline callDeadline) : library(BusLibrary::Load()), deadline(callDeadline)
 {
     sd_bus* opened = nullptr;
-    const int result = sd_bus_open_system(&opened);
+    const int result = library != nullptr ? library->openSystem(&opened) : -ENOENT;
     connection.reset(opened);
     isAbsent = result == -ENOENT || result == -ECONNREFUSED;
-    if (result >= 0 && WaitUntilReady(opened, deadline) != 0)
+    if (result >= 0 && WaitUntilReady(*library, opened, deadline) != 0)
     {
         connection.reset();
     }
@@ -58,8 +58,7 @@ Answer SystemBus::IsRunning(const char* service)
     {
         return Answer::No;
     }
-    if (Call(BusService, BusPath, BusService, "NameHasOwner", reply, "s", service) != 0 ||
-        sd_bus_message_read(reply.get(), "b", &isOwned) < 0)
+    if (Call(BusService, BusPath, BusService, "NameHasOwner", reply, "s", service) != 0 || !Read(reply, "b", &isOwned))
     {
         return Answer::Unknown;
     }
@@ -95,19 +94,19 @@ bool SystemBus::ReadProperty(const char* service, const char* path, const char* 
 {
     const char contents[] = {type, '\0'};
     return Call(service, path, "org.freedesktop.DBus.Properties", "Get", reply, "ss", interface, property) == 0 &&
-           sd_bus_message_enter_container(reply.get(), 'v', contents) >= 0 &&
-           sd_bus_message_read_basic(reply.get(), type, value) > 0;
+           library->messageEnterContainer(reply.get(), 'v', contents) >= 0 &&
+           library->messageReadBasic(reply.get(), type, value) > 0;
 }
 
 int SystemBus::Send(sd_bus_message* call, BusMessage& reply)
 {
     sd_bus_error error = {};
     sd_bus_message* answer = nullptr;
-    const int result = sd_bus_call(connection.get(), call, MicrosecondsUntil(deadline), &error, &answer);
+    const int result = library->call(connection.get(), call, MicrosecondsUntil(deadline), &error, &answer);
     reply.reset(answer);
     lastError = error.message != nullptr ? error.message : "";
     lastErrorName = error.name != nullptr ? error.name : "";
-    sd_bus_error_free(&error);
+    library->errorFree(&error);
     return result < 0 ? -result : 0;
 }
 

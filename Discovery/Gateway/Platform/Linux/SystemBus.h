@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Answer.h"
+#include "BusLibrary.h"
 #include "Command.h"
 
 #include <cerrno>
@@ -8,7 +9,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <systemd/sd-bus.h>
 
 namespace Zelkor::Discovery::Client::Platform
 {
@@ -19,7 +19,7 @@ struct BusMessageRelease
     /// Gives up one reference.
     void operator()(sd_bus_message* message) const
     {
-        sd_bus_message_unref(message);
+        BusLibrary::Load()->messageUnref(message); // it made the message
     }
 };
 
@@ -29,7 +29,7 @@ using BusMessage = std::unique_ptr<sd_bus_message, BusMessageRelease>;
 class SystemBus
 {
 public:
-    /// Connects. If that fails or takes too long, every call fails with ENOTCONN.
+    /// Connects. If that fails or takes too long, every call fails with ENOTCONN. Without libsystemd there is no bus.
     explicit SystemBus(Deadline deadline);
 
     /// Whether a service runs now, by its name on the bus; No where this host has no bus. Asked before a call that must
@@ -52,14 +52,24 @@ public:
         lastErrorName.clear();
         sd_bus_message* made = nullptr;
         int result = connection != nullptr
-                         ? sd_bus_message_new_method_call(connection.get(), &made, service, path, interface, method)
+                         ? library->messageNewMethodCall(connection.get(), &made, service, path, interface, method)
                          : -ENOTCONN;
         const BusMessage call(made);
         if (result >= 0 && *types != '\0')
         {
-            result = sd_bus_message_append(call.get(), types, arguments...);
+            result = library->messageAppend(call.get(), types, arguments...);
         }
         return result < 0 ? -result : Send(call.get(), reply);
+    }
+
+    /// Takes the values out of an answer.
+    /// @param types   the D-Bus signature of what is read, as sd_bus_message_read takes it
+    /// @param values  receive them; texts belong to the answer
+    /// @returns whether the answer holds such values
+    template <class... Values>
+    bool Read(const BusMessage& reply, const char* types, Values*... values) const
+    {
+        return library->messageRead(reply.get(), types, values...) >= 0;
     }
 
     /// Fetches a property of a 32-bit type.
@@ -90,7 +100,7 @@ private:
     {
         void operator()(sd_bus* bus) const
         {
-            sd_bus_close_unref(bus);
+            BusLibrary::Load()->closeUnref(bus);
         }
     };
 
@@ -98,6 +108,7 @@ private:
                       BusMessage& reply, void* value);
     int Send(sd_bus_message* call, BusMessage& reply);
 
+    const BusLibrary* library; ///< null where there is none
     std::unique_ptr<sd_bus, Close> connection;
     Deadline deadline;
     bool isAbsent = false; ///< the bus, as opposed to one that doesn't answer
