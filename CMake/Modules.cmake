@@ -22,6 +22,23 @@ function(zelkor_library name)
     target_link_libraries(${name} PRIVATE Zelkor::Warnings)
 endfunction()
 
+# A program that is shipped, on Win32 with the resources by which Windows knows it.
+# zelkor_program(name DESCRIPTION text SOURCES source ... LINK target ...)
+function(zelkor_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 program "" "DESCRIPTION" "SOURCES;LINK")
+    add_executable(${name} ${program_SOURCES})
+    target_link_libraries(${name} PRIVATE ${program_LINK} Zelkor::Warnings)
+    if(WIN32)
+        set(win32 ${PROJECT_SOURCE_DIR}/Packaging/Win32)
+        configure_file(${win32}/Program.rc.in ${name}.rc @ONLY)
+        set_property(SOURCE ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc PROPERTY OBJECT_DEPENDS ${win32}/Program.manifest)
+        add_library(${name}Resources OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.rc)
+        # none of the folder's options: they are for C++
+        set_target_properties(${name}Resources PROPERTIES COMPILE_OPTIONS "" INCLUDE_DIRECTORIES ${win32})
+        target_link_libraries(${name} PRIVATE ${name}Resources)
+    endif()
+endfunction()
+
 # A program of GoogleTest: each of its tests is one of CTest's, with the properties given.
 # zelkor_test(name SOURCES source ... LINK target ... [PROPERTIES property value ...])
 function(zelkor_test name)
