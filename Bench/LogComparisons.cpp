@@ -19,7 +19,7 @@ using namespace Tesmo::System::LogStreams;
 
 constexpr std::string_view row = "|14/11/2026 12:43:07.123.000|0x08DF424CD52B4430|"
                                  "ClientDataGateway                       |S|           |"
-                                 "No IP configuration to update on this Client.|";
+                                 "No IP configuration to update on this Client.|\r\n";
 constexpr int maxFileSize = 0x500000; ///< bytes, as that of a log stream in characters
 constexpr int headerSize = 2350;      ///< bytes of a file's header
 
@@ -63,7 +63,6 @@ void CompareRows()
             for (auto _ : state)
             {
                 WriteAll(state, file, row);
-                WriteAll(state, file, "\r\n");
                 size += static_cast<off_t>(row.size());
                 if (size > maxFileSize) // the disk shall not fill up: as seldom as the product splits
                 {
@@ -88,7 +87,6 @@ void CompareSplits()
             for (auto _ : state)
             {
                 WriteAll(state, file, row);
-                WriteAll(state, file, "\r\n");
                 close(file);
                 for (int number = 2; number >= 0; --number) // the oldest one is overwritten
                 {

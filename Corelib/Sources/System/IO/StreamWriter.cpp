@@ -3,6 +3,7 @@
 #include <Core/System/ArgumentException.h>
 #include <Core/System/Array.h>
 #include <Core/System/Checks.h>
+#include <Core/System/Environment.h>
 #include <Core/System/IO/File.h>
 #include <Core/System/IO/FileStream.h>
 #include <Core/System/Text/UTF8Encoding.h>
@@ -70,6 +71,11 @@ void StreamWriter::Write(const String& text)
     {
         Flush();
     }
+}
+
+void StreamWriter::WriteLine(const String& text)
+{
+    Write(text + Environment::NewLine());
 }
 
 void StreamWriter::AutoFlush(bool value)

@@ -26,6 +26,9 @@ public:
     void Flush() override; ///< flushes the stream
     /// @throws ArgumentNullException  text is null
     void Write(const String& text) override;
+    /// The text and the line end reach the stream in one write (decision 198).
+    void WriteLine(const String& text) override;
+    using TextWriter::WriteLine;
 
     /// Whether every Write flushes the stream; false at first.
     virtual void AutoFlush(bool value);
