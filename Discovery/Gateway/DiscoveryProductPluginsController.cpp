@@ -18,6 +18,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <vector>
 
 namespace Zelkor::Discovery::Client
 {
@@ -38,6 +39,21 @@ constexpr Question Questions[] = {
 
 /// In the order of the questions.
 using Answers = std::array<std::string, std::size(Questions)>;
+
+/// In the order of the file system.
+std::vector<String> PluginNames(const DirectoryInfo& folder)
+{
+    const String extension(Platform::LibraryExtension);
+    std::vector<String> names;
+    for (const FileInfo& file : folder.GetFiles("*" + extension))
+    {
+        if (const String name = file.Name(); name.EndsWith(extension, true)) // Win32 finds files by short names, too
+        {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
 
 /// Releases the memory alone, as the contract says: no destructor runs.
 struct MemoryRelease
@@ -73,21 +89,22 @@ DiscoveryProductPluginsController::DiscoveryProductPluginsController(const Strin
 Sp<List<Sp<DiscoveryHostProduct>>> DiscoveryProductPluginsController::GetProducts() const
 {
     Sp<List<Sp<DiscoveryHostProduct>>> products(new List<Sp<DiscoveryHostProduct>>());
+    Platform::UnloadReplacedLibraries();
     const DirectoryInfo directory(folder);
     if (!directory.Exists())
     {
         channel.Critical("The product identifiers folder doesn't exist.");
         return products;
     }
-    const Array<FileInfo> files = directory.GetFiles(Platform::LibraryPattern);
-    if (files.Length() == 0)
+    const std::vector<String> names = PluginNames(directory);
+    if (names.empty())
     {
         return products;
     }
-    channel.Standard(String("Found " + std::to_string(files.Length()) + " ProductInfos plugins."));
-    for (const FileInfo& file : files)
+    channel.Standard(String("Found " + std::to_string(names.size()) + " ProductInfos plugins."));
+    for (const String& name : names)
     {
-        AddProduct(file.Name(), *products);
+        AddProduct(name, *products);
     }
     return products;
 }
@@ -113,24 +130,24 @@ void DiscoveryProductPluginsController::AddProduct(const String& name, List<Sp<D
 /// @returns null if the plug-in refused a question
 Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const String& path) const
 {
-    std::unique_ptr<void, decltype(&Platform::CloseLibrary)> library(Platform::OpenLibrary(path.Utf8()),
-                                                                     Platform::CloseLibrary);
-    if (!library)
+    const Platform::Library library = Platform::OpenLibrary(path.Utf8());
+    if (library == nullptr)
     {
-        LogLastError();
+        LogError(Platform::LastLibraryError());
         throw BadImageFormatException("Could not load: " + path, ThrowSite);
     }
-    const auto entryPoint = reinterpret_cast<EntryPoint>(Platform::FindFunction(library.get(), EntryPointName));
+    const auto entryPoint = reinterpret_cast<EntryPoint>(Platform::FindFunction(library, EntryPointName));
     if (entryPoint == nullptr)
     {
-        LogLastError();
+        const std::string error = Platform::LastLibraryError();
+        Close(library, path);
+        LogError(error);
         throw EntryPointNotFoundException(String("Entry point not found: ") + EntryPointName, ThrowSite);
     }
     Answers answers; // outlive the library
     // A plug-in that throws stays: its exception is code and data of the library (decision 144).
-    const Platform::Library loaded = library.release();
     const bool hasAnswered = Ask(entryPoint, answers);
-    Platform::CloseLibrary(loaded);
+    Close(library, path);
     if (!hasAnswered)
     {
         return {};
@@ -140,8 +157,18 @@ Sp<DiscoveryHostProduct> DiscoveryProductPluginsController::LoadProduct(const St
         new DiscoveryHostProduct(String(type), String(serialNumber), String(version), String(name)));
 }
 
-void DiscoveryProductPluginsController::LogLastError() const
+void DiscoveryProductPluginsController::Close(void* library, const String& path) const
 {
-    channel.Critical(String("GetLastError : " + Platform::LastLibraryError()));
+    if (Platform::CloseLibrary(library) == Platform::LibraryCost::ThreadLocalIndexes)
+    {
+        channel.Critical("Product infos DLL takes a thread-local index at each load and never gives it back, "
+                         "it stays loaded from now on. File : " +
+                         path);
+    }
+}
+
+void DiscoveryProductPluginsController::LogError(const std::string& error) const
+{
+    channel.Critical(String("GetLastError : " + error));
 }
 } // namespace Zelkor::Discovery::Client

@@ -18,7 +18,8 @@ namespace Zelkor::Discovery::Client
 /// - Build. A plug-in has the processor architecture of the client and is built with a compatible compiler and C++
 ///   standard library, because a table of virtual operations and std::string objects cross the boundary. The table
 ///   holds the four operations in the order below and nothing before or among them; the class of the object may add its
-///   own behind them. Win32: 32-bit x86, linked with -static, as the client is.
+///   own behind them. Win32: 32-bit x86, by a compiler with Win32 threads, linked with -static, as the client is, and
+///   with Platform/Win32/PluginRuntime.cpp, which gives back what the plug-in's own run-time library keeps.
 /// - Object. GetDiscoveryProductPlugin never returns null. It makes a new object for each call by plain `new` of the
 ///   process, neither as an array nor with extended alignment, and returns the address that `new` gave, so this class
 ///   is the first base of the object's class. The object belongs to the client from then on, which gives the memory
@@ -27,12 +28,16 @@ namespace Zelkor::Discovery::Client
 ///   it has unloaded the library, so they keep the allocator they have. All products and adapters of a host share one
 ///   datagram of 65507 bytes: keep the texts short.
 /// - Failure. A question that cannot be answered returns any value but 0; the product is left out of this announcement.
-///   No exception leaves a plug-in, and a processor fault in it ends the client.
+///   No exception leaves a plug-in, though it may throw and catch within itself. On Linux one that does passes through
+///   the client, and ends the client's thread unless it is of the client's own library; on Win32 it can't leave a
+///   statically linked library and ends the process at once (exit code 3). So does a processor fault on either.
 /// - Nothing is left behind, because the code of the library goes away after the questions: no thread, no timer, no
 ///   handler, no object of other libraries that refers to it. Nothing keeps the library in the process either: no
 ///   reference to itself, no linking with -z nodelete, no thread_local object with a destructor. On Linux its code is
 ///   compiled with -fno-gnu-unique, because the loader never unloads a library that holds a unique symbol; an update
-///   of such a product would show only when the client starts again.
+///   of such a product would show only when the client starts again. On Win32 a thread-local index (TlsAlloc) of the
+///   plug-in is given back at its unload by PluginRuntime.cpp; a plug-in that leaves indexes behind is logged, and stays
+///   loaded from its third load on until its file is replaced.
 class IDiscoveryProductPlugin
 {
 public:

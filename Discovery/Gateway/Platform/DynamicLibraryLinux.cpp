@@ -15,7 +15,7 @@ std::mutex loading;
 
 } // namespace
 
-const char* const LibraryPattern = "*.so";
+const char* const LibraryExtension = ".so";
 
 Library OpenLibrary(const std::string& path)
 {
@@ -37,11 +37,14 @@ LibraryFunction FindFunction(Library library, const char* name)
     return reinterpret_cast<LibraryFunction>(address);
 }
 
-void CloseLibrary(Library library)
+LibraryCost CloseLibrary(Library library)
 {
     const std::lock_guard guard(loading);
     dlclose(library);
+    return LibraryCost::Nothing;
 }
+
+void UnloadReplacedLibraries() {}
 
 std::string LastLibraryError()
 {

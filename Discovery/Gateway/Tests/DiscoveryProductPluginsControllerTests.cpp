@@ -4,11 +4,6 @@ namespace Zelkor::Discovery::Client
 {
 namespace
 {
-namespace fs = std::filesystem;
-
-const std::string longName = "St\xC3\xB6re, with a name that is longer than what a text keeps within itself";
-const std::string store = "Server|88|2.1|" + longName;
-const std::string updatedStore = "Server|88|2.2|" + longName;
 const std::string sample = "Sample|4711|1.0|Sample product";
 
 std::string Found(int count)
@@ -16,11 +11,14 @@ std::string Found(int count)
     return "S ProductPluginsController: Found " + std::to_string(count) + " ProductInfos plugins.";
 }
 
-std::string Critical(const std::string& text)
+/// The bytes of a library, as if it were built for another processor architecture.
+std::string OfOtherArchitecture(std::string library)
 {
-    return "C ProductPluginsController: " + text;
+    const auto header = static_cast<unsigned char>(library[0x3C]); // IMAGE_DOS_HEADER::e_lfanew
+    // ELFCLASS32; IMAGE_FILE_MACHINE_AMD64, IMAGE_NT_OPTIONAL_HDR64_MAGIC
+    return library.starts_with("MZ") ? library.replace(header + 4, 2, "\x64\x86").replace(header + 24, 2, "\x0B\x02")
+                                     : library.replace(4, 1, "\x01");
 }
-
 } // namespace
 
 TEST_F(DiscoveryProductPluginsControllerTests, EachPluginIsAProductFromItsInstallationToItsRemoval)
@@ -28,6 +26,8 @@ TEST_F(DiscoveryProductPluginsControllerTests, EachPluginIsAProductFromItsInstal
     LogRecorder log;
     folder.Write("readme.txt", "no plug-in");
     fs::create_directory(File("folder"));
+    Install("StorePlugin", "other");
+    fs::rename(File("other"), File("other") + "_old"); // Win32 has a short name for it, which ends as a plug-in's
     EXPECT_EQ(Texts(), Products());
     EXPECT_EQ(Texts(), log.Take());
 
@@ -65,28 +65,39 @@ TEST_F(DiscoveryProductPluginsControllerTests, ARefusedQuestionLeavesTheProductO
 TEST_F(DiscoveryProductPluginsControllerTests, WhatIsNoPluginIsLoggedAndLeftOut)
 {
     Install("StorePlugin", "store");
-    const auto expectFailure = [this](const std::string& name, const std::string& failure)
+    folder.Write("empty", "");
+    folder.Write("text", std::string(1000, 'x'));
+    folder.Write("foreign", OfOtherArchitecture(folder.Read("store" + extension)));
+    // The last one is linked with a library that has the export.
+    for (const std::string name : {"UnresolvedPlugin", "NoEntryPointPlugin", "DependentPlugin"})
+    {
+        fs::copy_file(fs::path(PRODUCT_PLUGINS) / (name + extension), folder.Path(name).Utf8());
+    }
+    // winerror.h: ERROR_BAD_EXE_FORMAT, ERROR_MOD_NOT_FOUND, ERROR_PROC_NOT_FOUND
+    const std::map<std::string, std::string> numbers = {{"empty", "193"},
+                                                        {"text", "193"},
+                                                        {"foreign", "193"},
+                                                        {"UnresolvedPlugin", "126"},
+                                                        {"NoEntryPointPlugin", "127"},
+                                                        {"DependentPlugin", "127"}};
+    for (const auto& [name, number] : numbers)
     {
         SCOPED_TRACE(name);
+        fs::rename(folder.Path(name).Utf8(), File(name));
         LogRecorder log;
         EXPECT_EQ(Texts{store}, Products());
         const Texts rows = log.Take();
         ASSERT_EQ(3u, rows.size());
         EXPECT_EQ(Found(2), rows[0]);
         const std::string reason = Critical("GetLastError : ");
-        EXPECT_TRUE(rows[1].starts_with(reason) && rows[1] != reason) << rows[1];
+        ASSERT_TRUE(rows[1].starts_with(reason)) << rows[1];
+        EXPECT_TRUE(extension == ".so" ? rows[1] != reason : rows[1] == reason + number) << rows[1];
         EXPECT_TRUE(rows[2].ends_with("Exception caught in while getting product infos in DLL : " + name + extension));
-        EXPECT_EQ(failure, log.LastFailure());
+        EXPECT_EQ(number == "127" ? "Entry point not found: GetDiscoveryProductPlugin"
+                                  : "Could not load: " + File(name),
+                  log.LastFailure());
         EXPECT_FALSE(IsLoaded(File(name)));
-        fs::remove(File(name));
-    };
-    folder.Write("text" + extension, std::string(1000, 'x'));
-    expectFailure("text", "Could not load: " + File("text"));
-    // The second one is linked with a library that has the export.
-    for (const char* const plugin : {"NoEntryPointPlugin", "DependentPlugin"})
-    {
-        Install(plugin, "other");
-        expectFailure("other", "Entry point not found: GetDiscoveryProductPlugin");
+        fs::rename(File(name), folder.Path(name).Utf8());
     }
 }
 

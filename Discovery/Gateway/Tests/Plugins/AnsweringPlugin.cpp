@@ -46,7 +46,14 @@ private:
         {
             throw std::runtime_error("thrown by a plug-in");
         }
-        text = answer;
+        try
+        {
+            throw std::runtime_error("stays within the plug-in");
+        }
+        catch (const std::exception&)
+        {
+            text = answer;
+        }
         if (question == REFUSED_QUESTION)
         {
             asked = 99; // whatever is asked next is out of turn

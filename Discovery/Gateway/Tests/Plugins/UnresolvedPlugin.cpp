@@ -1,8 +1,7 @@
 /// A library that misses what it stands on.
 extern "C" void MissingDependency();
 
-extern "C" [[gnu::visibility("default")]] void* GetDiscoveryProductPlugin()
+extern "C" [[gnu::used]] void UseDependency()
 {
     MissingDependency();
-    return nullptr;
 }
