@@ -36,10 +36,12 @@ SERVICE_STATUS_HANDLE WINAPI Register(LPCWSTR name, LPHANDLER_FUNCTION handler)
 
 BOOL WINAPI Report(SERVICE_STATUS_HANDLE handle, SERVICE_STATUS* status)
 {
+    const BOOL result = HostsOwn(&SetServiceStatus, "SetServiceStatus")(handle, status);
+    Sleep(status->dwCurrentState == SERVICE_STOPPED ? 200 : 0); // the process has to wait for the end of its service
     Told() << status->dwServiceType << ' ' << status->dwCurrentState << ' ' << status->dwControlsAccepted << ' '
            << status->dwWin32ExitCode << ' ' << status->dwServiceSpecificExitCode << ' ' << status->dwCheckPoint << ' '
            << status->dwWaitHint << '\n';
-    return HostsOwn(&SetServiceStatus, "SetServiceStatus")(handle, status);
+    return result;
 }
 } // namespace
 
