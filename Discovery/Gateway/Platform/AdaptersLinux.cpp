@@ -6,16 +6,18 @@
 #include <arpa/inet.h>
 #include <cerrno>
 #include <linux/if_addr.h>
+#include <linux/rtnetlink.h>
 #include <map>
 #include <memory>
 #include <net/if.h>
-#include <netlink/cache.h>
 #include <netlink/errno.h>
 #include <netlink/msg.h>
+#include <netlink/object.h>
 #include <netlink/route/addr.h>
 #include <netlink/route/link.h>
 #include <netlink/route/route.h>
 #include <netlink/socket.h>
+#include <new>
 #include <set>
 #include <tuple>
 
@@ -26,10 +28,19 @@ namespace
 {
 
 using Socket = std::unique_ptr<nl_sock, decltype(&nl_socket_free)>;
-using Cache = std::unique_ptr<nl_cache, decltype(&nl_cache_free)>;
-
 /// Fetches at most: one in which entries occur twice, since they changed meanwhile, is repeated (decision 137).
 constexpr int MaximumFetches = 5;
+
+/// Bytes that the kernel puts into one message of a dump at most (NLMSG_GOODSIZE's limit for readers that ask for it).
+constexpr std::size_t MessageSize = 32768;
+
+/// A request for all links without their counters.
+struct LinkRequest
+{
+    ifinfomsg header = {};
+    nlattr attribute = {sizeof(nlattr) + sizeof(std::uint32_t), IFLA_EXT_MASK};
+    std::uint32_t mask = RTEXT_FILTER_SKIP_STATS;
+};
 
 /// An adapter, with the metric of its best gateway so far.
 struct Entry
@@ -46,13 +57,42 @@ struct Snapshot
     bool hasDuplicates = false;
 };
 
-template <typename Item, typename Visitor>
-void ForEach(const Cache& cache, Visitor visit)
+/// Asks the kernel for all objects of a kind, and visits each. Without a cache of libnl, which would hold them all, and
+/// drops the second of two default routes that differ in the adapter alone.
+/// @param type  RTM_GETLINK and the like
+/// @returns 0, or libnl's code (netlink/errno.h), a positive number
+template <class Item, class Request, class Visitor>
+int Dump(nl_sock* socket, int type, Request request, Snapshot& snapshot, const Visitor& visit)
 {
-    for (nl_object* object = nl_cache_get_first(cache.get()); object != nullptr; object = nl_cache_get_next(object))
+    struct Walk
     {
-        visit(reinterpret_cast<Item*>(object));
-    }
+        const Visitor& visit;
+        bool hasMemory = true; // no exception may pass through the library
+    };
+    const auto take = [](nl_object* object, void* data)
+    {
+        auto& walk = *static_cast<Walk*>(data);
+        try
+        {
+            walk.visit(reinterpret_cast<Item*>(object));
+        }
+        catch (const std::bad_alloc&)
+        {
+            walk.hasMemory = false;
+        }
+    };
+    static constexpr void (*visitor)(nl_object*, void*) = take;
+    const auto parse = [](nl_msg* message, void* walk)
+    {
+        nl_msg_parse(message, visitor, walk);
+        return static_cast<int>(NL_OK);
+    };
+    Walk walk = {visit};
+    nl_socket_modify_cb(socket, NL_CB_VALID, NL_CB_CUSTOM, parse, &walk);
+    const int sent = nl_send_simple(socket, type, NLM_F_DUMP, &request, sizeof(request));
+    const int result = sent < 0 ? sent : nl_recvmsgs_default(socket);
+    snapshot.hasDuplicates |= result == -NLE_DUMP_INTR; // changed meanwhile
+    return !walk.hasMemory ? NLE_NOMEM : result == -NLE_DUMP_INTR ? 0 : -result;
 }
 
 void WriteText(const void* address, char (&text)[AdapterTextSize])
@@ -90,21 +130,20 @@ LinkPlace MakePlace(rtnl_link* link)
     return place;
 }
 
-void TakeLinks(const Cache& links, Snapshot& snapshot)
+int FetchLinks(nl_sock* socket, Snapshot& snapshot)
 {
     std::map<int, LinkPlace> places;
-    ForEach<rtnl_link>(links,
-                       [&](rtnl_link* link)
-                       {
-                           const int index = rtnl_link_get_ifindex(link);
-                           snapshot.hasDuplicates |= !places.emplace(index, MakePlace(link)).second;
-                           // A bridge has its port's hardware address: if both were listed, a request would hit both.
-                           // decision 134
-                           if ((rtnl_link_get_flags(link) & IFF_LOOPBACK) == 0 && rtnl_link_get_master(link) == 0)
-                           {
-                               snapshot.entries.emplace(index, MakeEntry(link));
-                           }
-                       });
+    const auto take = [&](rtnl_link* link)
+    {
+        const int index = rtnl_link_get_ifindex(link);
+        snapshot.hasDuplicates |= !places.emplace(index, MakePlace(link)).second;
+        // A bridge has its port's hardware address: if both were listed, a request would hit both (decision 134).
+        if ((rtnl_link_get_flags(link) & IFF_LOOPBACK) == 0 && rtnl_link_get_master(link) == 0)
+        {
+            snapshot.entries.emplace(index, MakeEntry(link));
+        }
+    };
+    const int result = Dump<rtnl_link>(socket, RTM_GETLINK, LinkRequest(), snapshot, take);
     for (const auto& [upper, lower] : FindStack(places))
     {
         if (const auto entry = snapshot.entries.find(upper); entry != snapshot.entries.end())
@@ -112,6 +151,7 @@ void TakeLinks(const Cache& links, Snapshot& snapshot)
             entry->second.adapter.lowerIndexes.push_back(static_cast<std::uint32_t>(lower));
         }
     }
+    return result;
 }
 
 void TakeAddress(rtnl_addr* address, Adapter& adapter)
@@ -126,27 +166,29 @@ void TakeAddress(rtnl_addr* address, Adapter& adapter)
     WriteText(&mask, adapter.ipMaskText);
 }
 
-void TakeAddresses(const Cache& addresses, Snapshot& snapshot)
+int FetchAddresses(nl_sock* socket, Snapshot& snapshot)
 {
     std::set<std::tuple<int, std::uint32_t, int>> seen;
-    ForEach<rtnl_addr>(addresses,
-                       [&](rtnl_addr* address)
-                       {
-                           nl_addr* local = rtnl_addr_get_local(address);
-                           if (local == nullptr || nl_addr_get_family(local) != AF_INET)
-                           {
-                               return;
-                           }
-                           const int index = rtnl_addr_get_ifindex(address);
-                           const auto* bytes = static_cast<const in_addr*>(nl_addr_get_binary_addr(local));
-                           const int prefix = rtnl_addr_get_prefixlen(address);
-                           snapshot.hasDuplicates |= !seen.emplace(index, bytes->s_addr, prefix).second;
-                           const auto entry = snapshot.entries.find(index);
-                           if (entry != snapshot.entries.end() && entry->second.up)
-                           {
-                               TakeAddress(address, entry->second.adapter);
-                           }
-                       });
+    const auto take = [&](rtnl_addr* address)
+    {
+        nl_addr* local = rtnl_addr_get_local(address);
+        if (local == nullptr || nl_addr_get_family(local) != AF_INET)
+        {
+            return;
+        }
+        const int index = rtnl_addr_get_ifindex(address);
+        const auto* bytes = static_cast<const in_addr*>(nl_addr_get_binary_addr(local));
+        const int prefix = rtnl_addr_get_prefixlen(address);
+        snapshot.hasDuplicates |= !seen.emplace(index, bytes->s_addr, prefix).second;
+        const auto entry = snapshot.entries.find(index);
+        if (entry != snapshot.entries.end() && entry->second.up)
+        {
+            TakeAddress(address, entry->second.adapter);
+        }
+    };
+    ifaddrmsg request = {};
+    request.ifa_family = AF_INET;
+    return Dump<rtnl_addr>(socket, RTM_GETADDR, request, snapshot, take);
 }
 
 bool IsDefaultRoute(rtnl_route* route)
@@ -184,46 +226,25 @@ void TakeGateways(rtnl_route* route, Entries& entries)
     }
 }
 
-/// Without a cache of libnl, which drops the second of two default routes that differ in the adapter alone.
-/// @returns 0, or libnl's negative code
 int FetchGateways(nl_sock* socket, Snapshot& snapshot)
 {
-    const auto take = [](nl_msg* message, void* entries)
-    {
-        rtnl_route* route = nullptr;
-        if (rtnl_route_parse(nlmsg_hdr(message), &route) == 0)
-        {
-            TakeGateways(route, *static_cast<Entries*>(entries));
-            rtnl_route_put(route);
-        }
-        return static_cast<int>(NL_OK);
-    };
     rtmsg request = {};
     request.rtm_family = AF_INET;
-    nl_socket_modify_cb(socket, NL_CB_VALID, NL_CB_CUSTOM, take, &snapshot.entries);
-    const int sent = nl_send_simple(socket, RTM_GETROUTE, NLM_F_DUMP, &request, sizeof(request));
-    const int result = sent < 0 ? sent : nl_recvmsgs_default(socket);
-    snapshot.hasDuplicates |= result == -NLE_DUMP_INTR; // changed meanwhile
-    return result == -NLE_DUMP_INTR ? 0 : result;
+    return Dump<rtnl_route>(socket, RTM_GETROUTE, request, snapshot,
+                            [&](rtnl_route* route) { TakeGateways(route, snapshot.entries); });
 }
 
-/// @returns 0, or libnl's code (netlink/errno.h), a positive number
+/// @returns 0, or libnl's code, a positive number
 int Fetch(nl_sock* socket, Snapshot& snapshot)
 {
-    nl_cache* raw = nullptr;
-    if (const int result = rtnl_link_alloc_cache(socket, AF_UNSPEC, &raw); result < 0)
+    for (const auto fetch : {FetchLinks, FetchAddresses, FetchGateways})
     {
-        return -result;
+        if (const int result = fetch(socket, snapshot); result != 0)
+        {
+            return result;
+        }
     }
-    const Cache links(raw, nl_cache_free);
-    if (const int result = rtnl_addr_alloc_cache(socket, &raw); result < 0)
-    {
-        return -result;
-    }
-    const Cache addresses(raw, nl_cache_free);
-    TakeLinks(links, snapshot);
-    TakeAddresses(addresses, snapshot);
-    return -FetchGateways(socket, snapshot);
+    return 0;
 }
 
 } // namespace
@@ -240,6 +261,8 @@ int ReadAdapters(std::vector<Adapter>& adapters)
     {
         return -result;
     }
+    nl_socket_disable_msg_peek(socket.get()); // it would read each message twice
+    nl_socket_set_msg_buf_size(socket.get(), MessageSize);
     Snapshot snapshot;
     for (int fetches = 0; fetches == 0 || (snapshot.hasDuplicates && fetches < MaximumFetches); ++fetches)
     {
