@@ -1,7 +1,5 @@
 #pragma once
 
-#include "LinkedList.h"
-
 #include <atomic>
 #include <cstdint>
 
@@ -22,35 +20,26 @@ inline ThreadIdentity CallerIdentity()
     return identity;
 }
 
-/// The locks of one class that the calling thread owns. When the thread ends, Abandon is called on each that is left;
-/// one that a later thread_local destructor takes and keeps is missed.
-template <class Owned>
-class ThreadOwnership
+/// A lock as the thread that owns it knows it.
+struct OwnedLock
 {
-public:
-    static void Add(Owned& owned)
-    {
-        [[maybe_unused]] static thread_local const EndOfThread end{};
-        list.Add(owned);
-    }
-    static void Remove(Owned& owned)
-    {
-        list.Remove(owned);
-    }
+    /// Called on the owner when it ends and has not released the lock.
+    virtual void Abandon() = 0;
 
-private:
-    struct EndOfThread
-    {
-        ~EndOfThread()
-        {
-            while (Owned* const owned = list.First())
-            {
-                list.Remove(*owned);
-                owned->Abandon();
-            }
-        }
-    };
+    OwnedLock* previous = nullptr;  ///< in the list of the owner, which that thread alone touches
+    OwnedLock* following = nullptr; ///< likewise
 
-    static constinit inline thread_local LinkedList<Owned> list{}; // usable to the thread's last instruction
+protected:
+    OwnedLock() = default;
+    ~OwnedLock() = default;
+    OwnedLock(const OwnedLock&) = default;
+    OwnedLock& operator=(const OwnedLock&) = default;
 };
+
+/// Adds the lock to those that the calling thread owns. One that is still there when the thread ends is abandoned,
+/// unless a late thread_local destructor has taken it.
+void AddOwnedLock(OwnedLock& lock);
+
+/// Takes out a lock that the calling thread has added.
+void RemoveOwnedLock(OwnedLock& lock);
 } // namespace Tesmo::Platform

@@ -12,7 +12,7 @@ constexpr int NormalThreadPriority = 2;
 
 /// Starts a thread in the first free place after the main thread's. It runs already when this returns.
 /// @param id         receives the platform's thread identifier
-/// @param stackSize  bytes, 0 for the system's default; Linux gives 256 KiB at least
+/// @param stackSize  bytes of address space, 256 KiB at least; 0 for the system's default
 /// @returns null when all places are taken or the system refuses another thread
 ThreadSlot* StartThread(ThreadRoutine routine, void* argument, long long& id, int stackSize);
 

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace Tesmo::Platform
 {
 struct ThreadSlot : ThreadSlotUse
@@ -24,7 +26,8 @@ struct ThreadSlot : ThreadSlotUse
 
 namespace
 {
-constexpr DWORD Refused = 0xFFFFFFFF; // SuspendThread, ResumeThread: "(DWORD) -1" is failure
+constexpr int MinimumStack = 256 * 1024; // bytes; a JSON text of 1000 levels needs 135 KB (decision 40)
+constexpr DWORD Refused = 0xFFFFFFFF;    // SuspendThread, ResumeThread: "(DWORD) -1" is failure
 
 constinit std::array<ThreadSlot, ThreadSlotCount> slots{};
 constinit std::atomic<bool> mainThreadMissing = true;
@@ -65,9 +68,11 @@ ThreadSlot* StartThread(ThreadRoutine routine, void* argument, long long& id, in
     slot->argument = argument;
     slot->running = true;
     DWORD nativeId = 0;
-    // Suspended at first: the slot must hold the handle before the thread can use it.
-    slot->nativeHandle = ::CreateThread(nullptr, stackSize > 0 ? static_cast<SIZE_T>(stackSize) : 0, RunThread, slot,
-                                        CREATE_SUSPENDED, &nativeId);
+    // Without the flag the size would be that of the first commitment, and each thread reserve as much as the program
+    // file says. Suspended at first: the slot must hold the handle before the thread can use it.
+    slot->nativeHandle =
+        ::CreateThread(nullptr, static_cast<SIZE_T>(stackSize > 0 ? std::max(stackSize, MinimumStack) : 0), RunThread,
+                       slot, CREATE_SUSPENDED | STACK_SIZE_PARAM_IS_A_RESERVATION, &nativeId);
     if (slot->nativeHandle == nullptr)
     {
         slot->running = false;

@@ -1,5 +1,7 @@
-#include "ThreadOwnership.h"
 #include "WaitObjects.h"
+
+#include "LinkedList.h"
+#include "ThreadOwnership.h"
 
 #include <cerrno>
 #include <chrono>
@@ -73,21 +75,19 @@ struct WaitObject
 
 namespace
 {
-struct MutexObject : WaitObject
+struct MutexObject : WaitObject, OwnedLock
 {
     bool IsSignalled(ThreadIdentity thread) const override;
     bool Take(ThreadIdentity thread) override;
     void Taken() override;
     bool Close() override;
     bool Release();
-    void Abandon();
+    void Abandon() override;
 
     ThreadIdentity owner = 0;
     int depth = 0;
     bool abandoned = false;
-    bool closed = false;              ///< closed while another thread owned it: that thread's end deletes it
-    MutexObject* previous = nullptr;  ///< in the list of its owner
-    MutexObject* following = nullptr; ///< in the list of its owner
+    bool closed = false; ///< closed while another thread owned it: that thread's end deletes it
 };
 
 struct SemaphoreObject : WaitObject
@@ -122,8 +122,6 @@ struct EventObject : WaitObject
     bool signalled = false;
 };
 
-using OwnedMutexes = ThreadOwnership<MutexObject>;
-
 bool MutexObject::IsSignalled(ThreadIdentity thread) const
 {
     return depth == 0 || owner == thread;
@@ -140,7 +138,7 @@ void MutexObject::Taken()
 {
     if (depth == 1)
     {
-        OwnedMutexes::Add(*this);
+        AddOwnedLock(*this);
     }
 }
 
@@ -153,7 +151,7 @@ bool MutexObject::Close()
     }
     if (owner == CallerIdentity())
     {
-        OwnedMutexes::Remove(*this);
+        RemoveOwnedLock(*this);
         return true;
     }
     closed = true;
@@ -169,7 +167,7 @@ bool MutexObject::Release()
     }
     if (--depth == 0)
     {
-        OwnedMutexes::Remove(*this);
+        RemoveOwnedLock(*this);
         Serve();
     }
     return true;
@@ -306,7 +304,7 @@ WaitObjectResult NewMutex(bool initiallyOwned, const char* name, WaitObject*& ob
     const WaitObjectResult result = Publish(std::move(mutex), name, object);
     if (result == WaitObjectResult::Created && initiallyOwned)
     {
-        OwnedMutexes::Add(static_cast<MutexObject&>(*object));
+        AddOwnedLock(static_cast<MutexObject&>(*object));
     }
     return result;
 }

@@ -21,7 +21,7 @@ namespace Tesmo::System::Threading
 namespace
 {
 /// One lock that is held or waited for. Everything in it is guarded by the lock of its shard.
-struct MonitorData
+struct MonitorData : Platform::OwnedLock
 {
     const Object* target = nullptr;
     int referenceCount = 0; ///< threads that hold or wait, re-entries included
@@ -29,14 +29,10 @@ struct MonitorData
     bool abandoned = false; ///< the owner ended inside; its reference stays until a caller is told
     Platform::ThreadIdentity owner = 0;
     std::condition_variable released;
-    MonitorData* next = nullptr;      ///< in the list of the shard, or among its spare ones
-    MonitorData* previous = nullptr;  ///< in the list of its owner, which that thread alone touches
-    MonitorData* following = nullptr; ///< likewise
+    MonitorData* next = nullptr; ///< in the list of the shard, or among its spare ones
 
-    void Abandon();
+    void Abandon() override;
 };
-
-using OwnedMonitors = Platform::ThreadOwnership<MonitorData>;
 
 /// A part of the table with a lock of its own, so that threads with different objects seldom meet. Records are reused
 /// and never freed, because threads may still lock while the process ends: there are as many as were ever in use at
@@ -164,7 +160,7 @@ bool Take(const Object& target, double milliseconds)
     data.owner = caller;
     if (++data.depth == 1)
     {
-        OwnedMonitors::Add(data);
+        Platform::AddOwnedLock(data);
     }
     return true;
 }
@@ -246,7 +242,7 @@ void Monitor::Exit(const Object& target)
     }
     if (--link->depth == 0)
     {
-        OwnedMonitors::Remove(*link);
+        Platform::RemoveOwnedLock(*link);
         if (link->referenceCount > 1)
         {
             link->released.notify_one();
