@@ -1,7 +1,5 @@
 #include <Tests/Support/NativeTestSocket.h>
 
-#include <latch>
-
 namespace Tesmo::Platform
 {
 namespace
@@ -10,9 +8,9 @@ namespace
 template <class End>
 int CodeOfReceiveEndedBy(NativeTestSocket& socket, End end)
 {
-    std::latch started(2);
-    auto receive = std::async(std::launch::async, [&] { return started.arrive_and_wait(), socket.Receive(); });
-    started.arrive_and_wait();
+    std::promise<void> started; // std::latch may miss its wake-up on Win32 (GCC 12)
+    auto receive = std::async(std::launch::async, [&] { return started.set_value(), socket.Receive(); });
+    started.get_future().wait();
     end();
     if (receive.wait_for(std::chrono::seconds(20)) != std::future_status::ready)
     {

@@ -46,6 +46,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <future>
 #include <limits>
@@ -82,6 +83,12 @@ inline Exception FailureOf(const std::function<void()>& action)
         return failure;
     }
     return Exception("no failure", "", 0);
+}
+
+/// True under Wine, which the tests' own host has: for the few things that it does otherwise than Windows.
+inline bool OnWine()
+{
+    return std::getenv("WIN32_HOST") != nullptr; // set by Tests/Win32/host
 }
 
 /// What the action gives on a thread of its own.

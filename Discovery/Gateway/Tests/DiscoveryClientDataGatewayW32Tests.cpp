@@ -298,7 +298,7 @@ TEST_F(DiscoveryClientDataGatewayW32Tests, FileTransferInfosAreReadAnewEachTimeA
     for (const char* const target : {"/proc/self/mem", "/dev/zero"}) // reading the first fails for everybody
     {
         fs::remove(file);
-        if (fs::exists(target)) // not on Win32
+        if (fs::path(target).is_absolute()) // not on Win32
         {
             fs::create_symlink(target, file);
             ExpectInfos(root, {}, false);
