@@ -2,7 +2,6 @@
 
 #include "IDiscoveryProductPlugin.h"
 
-#include <Core/System/Array.h>
 #include <Core/System/BadImageFormatException.h>
 #include <Core/System/EntryPointNotFoundException.h>
 #include <Core/System/IO/DirectoryInfo.h>
@@ -22,10 +21,9 @@
 
 namespace Zelkor::Discovery::Client
 {
-using Tesmo::null, Tesmo::Sp, Tesmo::System::Array, Tesmo::System::BadImageFormatException,
-    Tesmo::System::EntryPointNotFoundException, Tesmo::System::Exception, Tesmo::System::String,
-    Tesmo::System::Collections::Generic::List, Tesmo::System::IO::DirectoryInfo, Tesmo::System::IO::FileInfo,
-    Tesmo::System::IO::Path;
+using Tesmo::null, Tesmo::Sp, Tesmo::System::BadImageFormatException, Tesmo::System::EntryPointNotFoundException,
+    Tesmo::System::Exception, Tesmo::System::String, Tesmo::System::Collections::Generic::List,
+    Tesmo::System::IO::DirectoryInfo, Tesmo::System::IO::FileInfo, Tesmo::System::IO::Path;
 
 namespace
 {

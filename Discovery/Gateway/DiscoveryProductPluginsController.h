@@ -12,8 +12,8 @@
 namespace Zelkor::Discovery::Client
 {
 /// Asks the plug-ins in a folder which products are installed on this host; IDiscoveryProductPlugin.h is the contract
-/// with them. Nothing stays loaded or remembered between two calls, but what the platform leaves loaded for its leaks.
-/// Several objects may load the same libraries on several threads at once.
+/// with them. Nothing is remembered between two calls, and nothing stays loaded but what the platform keeps because it
+/// leaks (Platform/DynamicLibrary.h). Several objects may load the same libraries on several threads at once.
 class DiscoveryProductPluginsController : public Tesmo::System::Object
 {
 public:

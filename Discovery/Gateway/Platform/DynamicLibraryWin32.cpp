@@ -39,9 +39,8 @@ struct OpenedLibrary
 std::mutex loading;
 std::map<std::string, LeakingFile> leakingFiles; // by path
 int opened = 0;
-/// What counts as left behind is told for a library that was open alone.
-bool isAlone = false;
-DWORD freeBefore = 0;
+bool isAlone = false; // the last library was opened while no other was
+DWORD freeBefore = 0; // the first free index then, if so
 
 /// The lowest free thread-local index, which is the one that is given next.
 DWORD FirstFreeIndex()
