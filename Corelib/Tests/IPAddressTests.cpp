@@ -36,7 +36,8 @@ TEST(IPAddressTests, RefusesOtherTextsAsTheirPartsDo)
         EXPECT_THROW(IPAddress::Parse(text), ArgumentException) << text;
     }
     IPAddress kept(1, 2, 3, 4);
-    EXPECT_FALSE(IPAddress::TryParse("", kept) || IPAddress::TryParse("192.168.1.300", kept));
+    EXPECT_FALSE(IPAddress::TryParse(null, kept) || IPAddress::TryParse("", kept) ||
+                 IPAddress::TryParse("192.168.1.300", kept));
     EXPECT_EQ("1.2.3.4", kept.ToString().Utf8());
 }
 

@@ -110,11 +110,11 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     socket.Close();
     socket.Close();
     EXPECT_THROW(socket.SendTo(Bytes(), 0, 0, 0, flags, loopback), IndexOutOfRangeException);
-    ExpectEachThrows<ObjectClosedException>({[&] { socket.SendTo(Bytes(), Room, 0, 1, flags, loopback); },
-                                             [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, sender); },
-                                             [&] { socket.Shutdown(SocketShutdown::Both); },
-                                             [&] { socket.Bind(Sp<EndPoint>(new IPEndPoint(loopback))); },
-                                             [&] { socket.SetBlocking(true); }, [&] { socket.GetAvailable(); }});
+    ExpectEachThrows<ObjectClosedException>(
+        {[&] { socket.SendTo(Bytes(), Room, 0, 1, flags, loopback); },
+         [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, sender); },
+         [&] { socket.Shutdown(SocketShutdown::Both); }, [&] { socket.Bind(Sp<EndPoint>(new IPEndPoint(loopback))); },
+         [&] { socket.SetBlocking(true); }, [&] { socket.GetAvailable(); }, [&] { socket.Disconnect(); }});
 }
 
 TEST(SocketTests, FailuresTellTheirNumber)

@@ -125,6 +125,8 @@ TEST(WaitHandleTests, SignalAndWaitDoesBoth)
     EXPECT_TRUE(WaitHandle::SignalAndWait(mutex, first) && OnAnotherThread([&] { return mutex.WaitOne(0); }));
     const auto signalAndWait = [&](double milliseconds)
     { WaitHandle::SignalAndWait(first, second, TimeSpan::FromMilliseconds(milliseconds)); };
+    second.Release();
+    signalAndWait(INT_MAX);
     ExpectEachThrows<ArgumentOutOfRangeException>({[&] { signalAndWait(-1); }, [&] { signalAndWait(INT_MAX + 1.0); }});
 }
 

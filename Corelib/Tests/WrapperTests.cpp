@@ -38,8 +38,8 @@ TEST(WrapperTests, EqualityLooksAtTheNumber)
         EXPECT_EQ(left.Equals(right), right.Equals(left));
         return left.Equals(right);
     };
-    EXPECT_TRUE(equal(Int32(7), UInt64(7)) && equal(Int32(0), UInt32(0)) && equal(Char(U'A'), Int64(65)) &&
-                equal(UInt64(7), Double(7.0)));
+    EXPECT_TRUE(equal(Int32(7), UInt64(7)) && equal(Int32(0), UInt32(0)) && equal(Double(0), Int32(0)) &&
+                equal(Char(U'A'), Int64(65)) && equal(UInt64(7), Double(7.0)));
     EXPECT_TRUE(equal(Int64(Int64::MinValue), Single(-9223372036854775808.0F)));
     EXPECT_TRUE(equal(Double(1.5), Single(1.5F)) && equal(Double(0.0), Double(-0.0)));
     EXPECT_TRUE(equal(Double(Double::NaN), Single(Single::NaN)));

@@ -266,6 +266,10 @@ IPAddress IPAddress::ParseIPv6(const String& text)
 
 bool IPAddress::TryParse(const String& text, IPAddress& result)
 {
+    if (IsNull(text) || text.IsEmpty()) // as for each adapter without a gateway: no exception for that
+    {
+        return false;
+    }
     try
     {
         result = Parse(text);

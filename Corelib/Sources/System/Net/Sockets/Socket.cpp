@@ -380,7 +380,7 @@ void Socket::Disconnect()
 void Socket::Select(List<Sp<Socket>>& checkRead, List<Sp<Socket>>& checkWrite, List<Sp<Socket>>& checkError,
                     int microseconds)
 {
-    if (checkRead.Count() + checkWrite.Count() + checkError.Count() == 0)
+    if (std::max({checkRead.Count(), checkWrite.Count(), checkError.Count()}) == 0)
     {
         throw ArgumentNullException(ThrowSite);
     }
