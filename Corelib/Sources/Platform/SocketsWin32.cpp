@@ -1,5 +1,6 @@
 #include "Sockets.h"
 
+#include "RoadsWin32.h"
 #include "SocketCall.h"
 #include "WinsockWin32.h"
 
@@ -273,6 +274,32 @@ int AcceptSocket(NativeSocket& socket, NativeSocket*& accepted, unsigned char (&
     return 0;
 }
 
+namespace
+{
+bool IsLimitedBroadcast(const unsigned char* address, int addressSize)
+{
+    sockaddr_in target = {};
+    std::memcpy(&target, address, std::min<std::size_t>(static_cast<std::size_t>(addressSize), sizeof(target)));
+    return target.sin_family == AF_INET && target.sin_addr.s_addr == INADDR_BROADCAST;
+}
+
+bool IsBoundToNoAddress(const NativeSocket& socket)
+{
+    sockaddr_in local = {};
+    int size = sizeof(local);
+    return ::getsockname(socket.handle, reinterpret_cast<sockaddr*>(&local), &size) == 0 &&
+           local.sin_addr.s_addr == INADDR_ANY;
+}
+
+/// Has what the socket sends leave by the interface with this index, 0 for the usual one.
+bool ChooseInterface(const NativeSocket& socket, unsigned long index)
+{
+    const DWORD value = htonl(index); // ws2ipdef.h: IP_UNICAST_IF takes the index in network order
+    return ::setsockopt(socket.handle, IPPROTO_IP, IP_UNICAST_IF, reinterpret_cast<const char*>(&value),
+                        sizeof(value)) == 0;
+}
+} // namespace
+
 int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int flags, const unsigned char* address,
                int addressSize, int& sent)
 {
@@ -282,8 +309,22 @@ int SendSocket(NativeSocket& socket, const unsigned char* data, int size, int fl
         return call.Refused() ? SocketNotSocket : SocketNotSupported;
     }
     const char* const bytes = reinterpret_cast<const char*>(data);
-    sent = address == nullptr ? ::send(socket.handle, bytes, size, flags)
-                              : ::sendto(socket.handle, bytes, size, flags, AddressOf(address), addressSize);
+    const auto send = [&]
+    {
+        return address == nullptr ? ::send(socket.handle, bytes, size, flags)
+                                  : ::sendto(socket.handle, bytes, size, flags, AddressOf(address), addressSize);
+    };
+    sent = send();
+    // Windows has such a route on each interface; Wine has those of the system below it (decision 91).
+    if (sent == SOCKET_ERROR && WSAGetLastError() == WSAENETUNREACH && address != nullptr &&
+        IsLimitedBroadcast(address, addressSize) && IsBoundToNoAddress(socket) &&
+        ChooseInterface(socket, FindBroadcastInterface()))
+    {
+        sent = send();
+        const int code = WSAGetLastError();
+        ChooseInterface(socket, 0);
+        WSASetLastError(code);
+    }
     return call.Result(sent, SendingDirection);
 }
 
