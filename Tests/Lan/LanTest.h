@@ -4,12 +4,19 @@
 
 #include <Tests/Support/ClientProcess.h>
 #include <Tests/Support/IsolatedTest.h>
+#include <Tests/Support/Win32Host.h>
 
 #include <memory>
 #include <vector>
 
 namespace Lan
 {
+/// Whether the client is that of Win32, on a host with Wine. Chosen once for all, by LAN_WIN32 in the environment.
+bool IsWin32();
+
+/// For the end of the program after the stop control. Wine's manager is asked by programs that take their time.
+std::chrono::seconds StopLimit();
+
 /// One adapter of the client's host as the wire shows it.
 struct Adapter
 {
@@ -42,6 +49,10 @@ protected:
     /// Lays a cable from a new adapter of the client's host to another host, whose end has the address that ends in 1.
     static void Connect(const Adapter& adapter, const NetworkNamespace& far, const std::string& farName);
 
+    /// Makes the folders of the program. The first start does so, too; under Wine its host keeps the adapters that are
+    /// there then.
+    void MakeHost();
+
     /// Starts the program; the station hears what it says from then on.
     void StartClient();
 
@@ -52,14 +63,14 @@ protected:
     void ExpectHeard(const std::string& text, const std::string& destination = "255.255.255.255",
                      const std::string& source = "10.77.0.2") const;
 
-    /// SIGTERM: a bye is heard and the program ends with exit code 0 within 2 seconds.
+    /// SIGTERM: a bye is heard and the program ends with exit code 0 within the limit.
     void ExpectCleanStop(bool withBye = true);
 
     const Adapter lan0{"lan0", "02:00:00:00:00:01", "10.77.0.2"};
     const Adapter lan1{"lan1", "02:00:00:00:00:02", "10.88.0.2"};
     std::unique_ptr<NetworkNamespace> office;
     std::unique_ptr<Station> station;
-    const HostFolders folders;
+    std::unique_ptr<const HostFolders> folders;
     std::unique_ptr<ClientProcess> client;
 };
 } // namespace Lan

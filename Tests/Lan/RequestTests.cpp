@@ -62,7 +62,7 @@ TEST_F(RequestTests, AnAnswerWaitsForZeroToNinetyMilliseconds)
     }
     EXPECT_LE(*tens.begin(), 2); // 60 draws from ten steps miss the three lowest once in 2 billion runs
     EXPECT_GE(*tens.rbegin(), 7);
-    EXPECT_LE(*tens.rbegin(), 40) << "90 ms and room for a loaded machine; a wrong scale would take seconds";
+    EXPECT_LE(*tens.rbegin(), 200) << "90 ms and room for a loaded machine; a wrong scale would take seconds";
     EXPECT_GE(tens.size(), 5U);
 }
 } // namespace Lan

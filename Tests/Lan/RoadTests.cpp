@@ -55,8 +55,9 @@ TEST_F(RoadTests, AMessageLeavesByItsOwnAdapterOrNotAtAll)
         ExpectFrom(*station, lan0);
         ExpectFrom(elsewhere, lan1);
     }
-    // the bridge and the other LAN, for each answer to one requester
-    EXPECT_TRUE(client->WaitForLog("Message not sent : network unreachable.", rounds * 4)) << client->Log();
+    // The bridge and the other LAN, for each answer to one requester. Wine lets it leave by them, and be lost.
+    EXPECT_TRUE(IsWin32() || client->WaitForLog("Message not sent : network unreachable.", rounds * 4))
+        << client->Log();
     ExpectCleanStop();
     ExpectFrom(elsewhere, lan1);
     EXPECT_FALSE(station->Hear(100) || elsewhere.Hear(0));

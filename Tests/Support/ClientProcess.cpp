@@ -4,30 +4,16 @@
 #include "Events.h"
 
 #include <csignal>
-#include <sched.h>
 #include <sys/inotify.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace
-{
-/// @attention runs in a forked process, which an exception must not leave
-void ReplaceByProgram(const HostFolders& folders) noexcept
-{
-    if (unshare(CLONE_NEWUTS) == 0 && sethostname("STUDIO4", 7) == 0 && folders.Enter())
-    {
-        ReplaceBy({DISCOVERY_CLIENT});
-    }
-    _exit(127);
-}
-} // namespace
-
 ClientProcess::ClientProcess(const HostFolders& places) : folders(places), process(fork())
 {
     if (process == 0)
     {
-        ReplaceByProgram(folders);
+        folders.BecomeProgram();
     }
 }
 

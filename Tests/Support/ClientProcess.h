@@ -7,8 +7,8 @@
 #include <string>
 #include <sys/types.h>
 
-/// The real program, running in the calling thread's network, under the host name STUDIO4 and in folders of its own. It
-/// is killed with the object if it still runs.
+/// The real program, running in the calling thread's network and in folders of its own. It is killed with the object if
+/// it still runs.
 class ClientProcess
 {
 public:

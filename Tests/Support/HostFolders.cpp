@@ -5,6 +5,7 @@
 #include <sched.h>
 #include <stdexcept>
 #include <sys/mount.h>
+#include <unistd.h>
 
 namespace
 {
@@ -58,8 +59,13 @@ fs::path HostFolders::Discovery() const
     return programs / "Zelkor/Common/Discovery";
 }
 
-bool HostFolders::Enter() const
+void HostFolders::BecomeProgram() const noexcept
 {
-    return unshare(CLONE_NEWNS) == 0 && mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-           PutInPlaceOf(logRoot.parent_path(), aboveLogs) && PutInPlaceOf(programRoot, programs);
+    if (unshare(CLONE_NEWNS | CLONE_NEWUTS) == 0 && sethostname("STUDIO4", 7) == 0 &&
+        mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+        PutInPlaceOf(logRoot.parent_path(), aboveLogs) && PutInPlaceOf(programRoot, programs))
+    {
+        ReplaceBy({DISCOVERY_CLIENT});
+    }
+    _exit(127);
 }

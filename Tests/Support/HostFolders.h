@@ -3,13 +3,13 @@
 #include <filesystem>
 #include <string>
 
-/// The folders that the program under test finds on its host: a log root and a program root of the test's own, gone with
-/// all their files at the end of the scope.
+/// What the program under test finds on its host: a log root and a program root of the test's own, gone with all their
+/// files at the end of the scope. The host is this one; another one starts the program its own way.
 class HostFolders
 {
 public:
     HostFolders();
-    ~HostFolders();
+    virtual ~HostFolders();
     HostFolders(const HostFolders&) = delete;
     HostFolders& operator=(const HostFolders&) = delete;
 
@@ -28,9 +28,10 @@ public:
     /// The folder of the file-transfer infos, with the folder of the products' plug-ins: both made, and empty.
     std::filesystem::path Discovery() const;
 
-    /// Gives this (forked) process mounts of its own, with these folders in the place of the host's.
-    /// @returns false where the system refuses
-    bool Enter() const;
+    /// Puts the program in the place of this (forked) process, under the host name STUDIO4 and with these folders in
+    /// the place of the host's. The process ends with code 127 if that fails.
+    /// @attention an exception must not leave it
+    [[noreturn]] virtual void BecomeProgram() const noexcept;
 
 private:
     std::filesystem::path aboveLogs;

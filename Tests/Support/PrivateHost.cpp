@@ -55,7 +55,7 @@ bool PrivateHost::IsEntered() const
     return entered;
 }
 
-void PrivateHost::Start(const std::vector<std::string>& arguments)
+pid_t PrivateHost::Start(const std::vector<std::string>& arguments)
 {
     const pid_t program = fork();
     if (program == 0)
@@ -63,8 +63,9 @@ void PrivateHost::Start(const std::vector<std::string>& arguments)
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         ReplaceBy(arguments);
     }
-    ASSERT_GT(program, 0); // -1 would later mean every process of the machine
+    EXPECT_GT(program, 0);
     programs.push_back(program);
+    return program;
 }
 
 void PrivateHost::StartBus()

@@ -20,7 +20,8 @@ public:
     bool IsEntered() const;
 
     /// Starts a program that runs until the end of the scope.
-    void Start(const std::vector<std::string>& arguments);
+    /// @returns its process
+    pid_t Start(const std::vector<std::string>& arguments);
 
     /// Starts the system bus and waits for it.
     void StartBus();
