@@ -45,5 +45,6 @@ function(zelkor_test name)
     cmake_parse_arguments(PARSE_ARGV 1 test "" "" "SOURCES;LINK;PROPERTIES")
     add_executable(${name} ${test_SOURCES})
     target_link_libraries(${name} PRIVATE ${test_LINK} Zelkor::TestSupport Zelkor::Warnings)
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES ${test_PROPERTIES}) # MinGW's can't run when built
+    gtest_discover_tests(${name} # MinGW's programs can't run when built, and may be slow to start on a loaded machine
+        DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES ${test_PROPERTIES})
 endfunction()
