@@ -9,7 +9,7 @@
 #include <Discovery/Gateway/DiscoveryClientDataGatewayW32.h>
 #include <Discovery/Log/DiscoveryLogger.h>
 
-#include <atomic>
+#include <mutex>
 
 namespace Zelkor::Discovery::Client
 {
@@ -17,7 +17,11 @@ using Tesmo::Sp, Tesmo::System::String, Tesmo::System::IO::Path, Tesmo::System::
 
 namespace
 {
-constexpr const char* ServiceName = "DiscoveryClient";
+constexpr const char* serviceName = "DiscoveryClient";
+
+/// The one status record: the entry point and the handler change it as a whole, on threads of their own.
+Platform::ServiceStatus serviceStatus = {};
+std::mutex statusLock; // decision 174
 
 // The reports in the order of a run. The check points are fixed: they don't rise, and the wait hint stays 0.
 constexpr Platform::ServiceStatus Entry = {
@@ -50,13 +54,19 @@ String LogPath()
     return path;
 }
 
-/// The state last reported, 0 before the first report: written by the entry point and, while it waits, by the handler.
-std::atomic<std::uint32_t> currentState = 0;
+bool IsRunning()
+{
+    const std::lock_guard lock(statusLock);
+    return serviceStatus.currentState == Platform::ServiceRunning;
+}
 
 void Report(const Platform::ServiceStatus& status)
 {
-    currentState = status.currentState;
-    if (Platform::ReportServiceStatus(status) != 0)
+    {
+        const std::lock_guard lock(statusLock);
+        serviceStatus = status;
+    }
+    if (Platform::ReportServiceStatus(status) != 0) // without the lock: a control may come in meanwhile
     {
         Platform::WriteDebugText("DiscoveryClientService : ServiceEntryPoint : SetServiceStatus returned an error");
     }
@@ -65,13 +75,13 @@ void Report(const Platform::ServiceStatus& status)
 
 int DiscoveryClientService::Run()
 {
-    return Platform::RunService(ServiceName, ServiceEntryPoint);
+    return Platform::RunService(serviceName, ServiceEntryPoint);
 }
 
 void DiscoveryClientService::HandleControl(std::uint32_t control)
 {
     const bool isStop = control == Platform::ControlStop || control == Platform::ControlShutdown;
-    if (isStop && currentState == Platform::ServiceRunning)
+    if (isStop && IsRunning())
     {
         Report(StopRequested);
         Platform::SetStopEvent();
@@ -80,7 +90,7 @@ void DiscoveryClientService::HandleControl(std::uint32_t control)
 
 void DiscoveryClientService::ServiceEntryPoint()
 {
-    if (!Platform::RegisterControlHandler(ServiceName, HandleControl))
+    if (!Platform::RegisterControlHandler(serviceName, HandleControl))
     {
         return;
     }
@@ -90,7 +100,8 @@ void DiscoveryClientService::ServiceEntryPoint()
         Report(NoStopEvent(error));
         return;
     }
-    DiscoveryLogger::Instance().Open(LogPath(), LogStreamLevel::Standard); // decision 176
+    const String logPath = LogPath();
+    DiscoveryLogger::Instance().Open(logPath, LogStreamLevel::Standard); // decision 176
     Sp<DiscoveryClientDataGatewayW32> gateway(new DiscoveryClientDataGatewayW32());
     Sp<DiscoveryClient> client(new DiscoveryClient(gateway));
     client->Start();
