@@ -4,7 +4,8 @@
 
 #include <iphlpapi.h>
 
-#include <atomic>
+#include <mutex>
+#include <utility>
 
 namespace Zelkor::Discovery::Client::Platform
 {
@@ -12,56 +13,65 @@ namespace Zelkor::Discovery::Client::Platform
 namespace
 {
 
+/// Guards all below it. Held while a notification is asked for and while one is cancelled, so that a cancel either meets
+/// a wait or is seen by the next one.
+std::mutex guard;
 HANDLE notification = nullptr;
 OVERLAPPED overlapped = {};
+bool isWaiting = false;
+bool isCancelled = false; ///< by a cancel that no wait has met
 
 /// One event serves all waits: one made for each would be left behind.
-std::atomic<HANDLE> changeEvent = nullptr;
-
 HANDLE ChangeEvent()
 {
-    HANDLE event = changeEvent;
-    if (event == nullptr)
-    {
-        event = WSACreateEvent();
-        changeEvent = event;
-    }
+    static const HANDLE event = WSACreateEvent();
     return event;
 }
 
+/// A result of 997 says so, too, whatever the last error is.
 bool IsPending(DWORD result)
 {
     return result == NO_ERROR || result == ERROR_IO_PENDING || WSAGetLastError() == WSA_IO_PENDING;
+}
+
+/// False where there is nothing to wait for.
+bool BeginWait()
+{
+    const std::lock_guard lock(guard);
+    if (std::exchange(isCancelled, false))
+    {
+        return false;
+    }
+    overlapped.hEvent = ChangeEvent();
+    WSASetLastError(0); // an earlier wait left 997 there, which must not hide a failure of this one
+    isWaiting = IsPending(NotifyAddrChange(&notification, &overlapped));
+    return isWaiting;
 }
 
 } // namespace
 
 bool WaitForAddressChange()
 {
-    const HANDLE event = ChangeEvent();
-    if (WaitForSingleObject(event, 0) == WAIT_OBJECT_0) // a cancel came first: no notification is left pending
-    {
-        WSAResetEvent(event);
-        return false;
-    }
-    overlapped.hEvent = event;
-    WSASetLastError(0); // an earlier wait left 997 there, which must not hide a failure of this one
-    if (!IsPending(NotifyAddrChange(&notification, &overlapped)))
+    if (!BeginWait())
     {
         return false;
     }
-    const bool signalled = WaitForSingleObject(event, INFINITE) == WAIT_OBJECT_0;
-    WSAResetEvent(event);
+    const bool signalled = WaitForSingleObject(ChangeEvent(), INFINITE) == WAIT_OBJECT_0;
+    const std::lock_guard lock(guard);
+    isWaiting = false;
+    WSAResetEvent(ChangeEvent());
     overlapped = {};
     return signalled;
 }
 
 int CancelAddressChangeWait()
 {
+    const std::lock_guard lock(guard);
     const int result = CancelIPChangeNotify(&overlapped);
-    if (const HANDLE event = changeEvent; result == 0 && event != nullptr)
+    isCancelled = !isWaiting;
+    if (isWaiting)
     {
-        SetEvent(event); // nothing was pending: the next wait, or one that the platform can't cancel, ends here
+        SetEvent(ChangeEvent()); // for a notification that the platform can't cancel
     }
     return result;
 }
@@ -70,10 +80,8 @@ void NoteAddressChange() {}
 
 void EndAddressChangeWatch()
 {
-    if (const HANDLE event = changeEvent; event != nullptr)
-    {
-        WSAResetEvent(event);
-    }
+    const std::lock_guard lock(guard);
+    isCancelled = false;
 }
 
 } // namespace Zelkor::Discovery::Client::Platform
