@@ -60,7 +60,8 @@ TEST_F(RequestTests, AnAnswerWaitsForZeroToNinetyMilliseconds)
         ASSERT_TRUE(station->Hear()) << client->Log();
         tens.insert((std::chrono::steady_clock::now() - asked) / std::chrono::milliseconds(10));
     }
-    EXPECT_LE(*tens.begin(), 2); // 60 draws from ten steps miss the three lowest once in 2 billion runs
+    // Wine takes its time on a busy machine.
+    EXPECT_LE(*tens.begin(), IsWin32() ? 6 : 2); // 60 draws from ten steps miss the three lowest once in 2 billion runs
     EXPECT_GE(*tens.rbegin(), 7);
     EXPECT_LE(*tens.rbegin(), 200) << "90 ms and room for a loaded machine; a wrong scale would take seconds";
     EXPECT_GE(tens.size(), 5U);
