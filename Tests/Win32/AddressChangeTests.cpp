@@ -27,9 +27,6 @@ TEST(AddressChangeTests, NoCancelIsLostBeforeTheFirstWaitOrBetweenTwo)
     }
     EXPECT_EQ(2000, round);
     EXPECT_FALSE(ended.WaitOne(0)) << "one cancel ends one wait";
-    do
-    {
-        mayEnd = true;
-        CancelAddressChangeWait();
-    } while (!ended.WaitOne(limit));
+    mayEnd = true;
+    CancelAddressChangeWait(); // the thread may have ended already
 }
