@@ -2,9 +2,11 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,6 +25,21 @@ void ReplaceBy(const std::vector<std::string>& arguments)
     words.push_back(nullptr);
     execvp(words[0], words.data());
     _exit(127);
+}
+
+pid_t Launch(const std::vector<std::string>& arguments)
+{
+    const pid_t process = fork();
+    if (process == 0)
+    {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        const int log = open("/run/daemons.log", O_WRONLY | O_CREAT | O_APPEND, 0666);
+        dup2(log, STDOUT_FILENO);
+        dup2(log, STDERR_FILENO);
+        ReplaceBy(arguments);
+    }
+    EXPECT_GT(process, 0);
+    return process;
 }
 
 void End(pid_t& process)

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
-#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <linux/rtnetlink.h>
@@ -84,16 +83,9 @@ chmod 600 "$f")",
 }};
 
 // No service is started by its name: what the daemons would like to have must not run on after the test.
-constexpr const char* BusConfiguration = R"(<busconfig>
-  <type>system</type>
-  <listen>unix:path=/run/dbus/system_bus_socket</listen>
-  <policy context="default">
-    <allow user="*"/>
-    <allow own="*"/>
-    <allow send_destination="*"/>
-    <allow receive_sender="*"/>
-  </policy>
-</busconfig>)";
+constexpr const char* BusConfiguration =
+    R"(<busconfig><type>system</type><listen>unix:path=/run/dbus/system_bus_socket</listen><policy context="default">
+<allow user="*"/><allow own="*"/><allow send_destination="*"/><allow receive_sender="*"/></policy></busconfig>)";
 
 bool HasAddress(const std::string& adapter)
 {
@@ -110,20 +102,6 @@ Descriptor AddressEvents()
     EXPECT_EQ(0, bind(events.Number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)));
     return events;
 }
-
-pid_t Launch(const std::vector<std::string>& arguments)
-{
-    const pid_t process = fork();
-    if (process == 0)
-    {
-        const int log = open("/run/daemons.log", O_WRONLY | O_CREAT | O_APPEND, 0666);
-        dup2(log, STDOUT_FILENO);
-        dup2(log, STDERR_FILENO);
-        ReplaceBy(arguments);
-    }
-    return process;
-}
-
 } // namespace
 
 ManagedHost::ManagedHost(Manager manager) : recipe(Recipes.at(static_cast<std::size_t>(manager)))

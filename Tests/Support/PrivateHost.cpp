@@ -4,13 +4,11 @@
 #include "Events.h"
 
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/capability.h>
 #include <sched.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/un.h>
@@ -57,15 +55,7 @@ bool PrivateHost::IsEntered() const
 
 pid_t PrivateHost::Start(const std::vector<std::string>& arguments)
 {
-    const pid_t program = fork();
-    if (program == 0)
-    {
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        ReplaceBy(arguments);
-    }
-    EXPECT_GT(program, 0);
-    programs.push_back(program);
-    return program;
+    return programs.emplace_back(Launch(arguments));
 }
 
 void PrivateHost::StartBus()
