@@ -36,10 +36,9 @@ void ChangeYourHostNameMessage::WriteJSON(JSONStringer& stringer) const
     }
 }
 
-void ChangeYourHostNameMessage::ReadJSON(const String& text)
+void ChangeYourHostNameMessage::ReadObject(const JSONObject& object)
 {
-    DiscoveryMessage::ReadJSON(text);
-    const JSONObject object(text);
+    DiscoveryMessage::ReadObject(object);
     NewHostNameKey.Read(object, NewHostName);
     if (!Broadcast)
     {

@@ -19,12 +19,11 @@ bool TryReadElement(const JSONArray& elements, int index, NICConfig& config)
 {
     try
     {
-        JSONObject element;
-        if (!elements.TryGetValue(index, element))
+        if (!elements.IsObject(index))
         {
             return false;
         }
-        config.ReadJSON(element.ToString());
+        config.ReadObject(elements.ViewObject(index));
         return true;
     }
     catch (const Exception&)
@@ -79,13 +78,12 @@ void ChangeYourIPConfigMessage::WriteJSON(JSONStringer& stringer) const
     stringer.EndArray();
 }
 
-void ChangeYourIPConfigMessage::ReadJSON(const String& text)
+void ChangeYourIPConfigMessage::ReadObject(const JSONObject& object)
 {
-    DiscoveryMessage::ReadJSON(text);
-    JSONArray elements;
-    NewNICConfigsKey.Read(JSONObject(text), elements);
+    DiscoveryMessage::ReadObject(object);
+    NewNICConfigsKey.Check(object.IsArray(NewNICConfigsKey.name));
     NewNICConfigs->Clear();
-    const int unlogged = ReadElements(elements, *NewNICConfigs) - MostElementRows;
+    const int unlogged = ReadElements(object.ViewArray(NewNICConfigsKey.name), *NewNICConfigs) - MostElementRows;
     if (unlogged > 0)
     {
         DiscoveryChannel(NewNICConfigsKey.channel)

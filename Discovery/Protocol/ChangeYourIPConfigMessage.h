@@ -18,7 +18,7 @@ public:
     DiscoveryMessageType GetMessageType() const override;
     void WriteJSON(Serialization::Json::JSONStringer& stringer) const override;
     /// Skips the elements that can't be read: the first 100 have a log row each, the others one with their number.
-    void ReadJSON(const Tesmo::System::String& text) override;
+    void ReadObject(const Serialization::Json::JSONObject& object) override;
 
     Tesmo::Sp<NICList> NewNICConfigs;
 };

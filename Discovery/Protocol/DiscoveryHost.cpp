@@ -4,7 +4,6 @@
 #include <Core/System/Exception.h>
 #include <Discovery/Log/DiscoveryChannel.h>
 #include <Serialization.Json/JSONArray.h>
-#include <Serialization.Json/JSONObject.h>
 
 #include <algorithm>
 
@@ -72,13 +71,13 @@ void WriteList(JSONStringer& stringer, const String& key, const List<Sp<Record>>
 template <class Record>
 void ReadList(const JSONObject& object, const String& key, List<Sp<Record>>& records)
 {
-    const JSONArray elements = object.GetJSONArray(key);
+    const JSONArray elements = object.ViewArray(key);
     const int count = elements.GetLength();
     records.Clear();
     for (int i = 0; i < count; ++i)
     {
         const Sp<Record> record(new Record());
-        record->ReadJSON(elements.GetJSONObject(i).ToString());
+        record->ReadObject(elements.ViewObject(i));
         records.Add(record);
     }
 }
@@ -107,12 +106,11 @@ bool TryReadInfos(const JSONObject& object, FileTransferInfos& infos)
 {
     try
     {
-        JSONObject pairs;
-        if (!object.TryGetValue(fileTransferInfosKey, pairs))
+        if (!object.IsObject(fileTransferInfosKey))
         {
             return false;
         }
-        infos.ReadJSON(pairs.ToString());
+        infos.ReadObject(object.ViewObject(fileTransferInfosKey));
         return true;
     }
     catch (const Exception&)
@@ -200,7 +198,11 @@ JSONStringer& DiscoveryHost::WriteJSON(JSONStringer& stringer) const
 
 void DiscoveryHost::ReadJSON(const String& text)
 {
-    const JSONObject object(text);
+    ReadObject(JSONObject(text));
+}
+
+void DiscoveryHost::ReadObject(const JSONObject& object)
+{
     HostName = object.GetString(hostNameKey);
     IsHostNameReadOnly = object.OptBoolean(isHostNameReadOnlyKey, true);
     RebootRequiredForIPConfigChange = object.OptBoolean(rebootForIPConfigKey);

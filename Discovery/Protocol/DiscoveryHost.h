@@ -6,6 +6,7 @@
 #include <Discovery/Protocol/DiscoveryHostProduct.h>
 #include <Discovery/Protocol/FileTransferInfos.h>
 #include <Discovery/Protocol/NICConfig.h>
+#include <Serialization.Json/JSONObject.h>
 #include <Serialization.Json/JSONStringer.h>
 
 namespace Zelkor::Discovery
@@ -33,12 +34,13 @@ public:
     /// be written, which is logged.
     virtual Serialization::Json::JSONStringer& WriteJSON(Serialization::Json::JSONStringer& stringer) const;
 
-    /// Reads the record from the text of an object. What was read before a failure stays. A missing or bad
-    /// "FileTransferInfos" is logged and is no failure.
+    /// Reads the record from the text of an object, or from the object. What was read before a failure stays. A missing
+    /// or bad "FileTransferInfos" is logged and is no failure.
     /// @throws FormatException    the text is no object
     /// @throws ArgumentException  "HostName", "DeviceType", "NICs" or "Products" is missing or of another kind
     /// @throws Exception          an element of the lists can't be read: the failure of its own reading
     void ReadJSON(const Tesmo::System::String& text);
+    void ReadObject(const Serialization::Json::JSONObject& object);
 
     /// Append the object itself, not a copy.
     void AddNIC(const Tesmo::Sp<NICConfig>& nic);

@@ -1,7 +1,5 @@
 #include "DiscoveryHostProduct.h"
 
-#include <Serialization.Json/JSONObject.h>
-
 namespace Zelkor::Discovery
 {
 using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
@@ -36,7 +34,11 @@ JSONStringer& DiscoveryHostProduct::WriteJSON(JSONStringer& stringer) const
 
 void DiscoveryHostProduct::ReadJSON(const String& text)
 {
-    const JSONObject object(text);
+    ReadObject(JSONObject(text));
+}
+
+void DiscoveryHostProduct::ReadObject(const JSONObject& object)
+{
     ProductType = object.GetString(typeKey);
     ProductSerialNumber = object.GetString(serialNumberKey);
     ProductVersion = object.GetString(versionKey);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Core/System/String.h>
+#include <Serialization.Json/JSONObject.h>
 #include <Serialization.Json/JSONStringer.h>
 
 namespace Zelkor::Discovery
@@ -20,10 +21,11 @@ public:
     /// Writes the record as an object.
     virtual Serialization::Json::JSONStringer& WriteJSON(Serialization::Json::JSONStringer& stringer) const;
 
-    /// Reads the record from the text of an object. What was read before a failure stays.
+    /// Reads the record from the text of an object, or from the object. What was read before a failure stays.
     /// @throws FormatException    the text is no object
     /// @throws ArgumentException  a key is missing or no string
     void ReadJSON(const Tesmo::System::String& text);
+    void ReadObject(const Serialization::Json::JSONObject& object);
 
     bool operator==(const DiscoveryHostProduct& other) const = default;
 

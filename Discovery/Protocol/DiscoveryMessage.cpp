@@ -21,10 +21,7 @@ bool ReadBroadcast(const JSONObject& object)
         return true;
     }
     bool broadcast = true;
-    if (!Boolean::TryParse(text, broadcast))
-    {
-        BroadcastKey.ThrowBadFormat();
-    }
+    BroadcastKey.Check(Boolean::TryParse(text, broadcast));
     return broadcast;
 }
 } // namespace
@@ -56,7 +53,11 @@ void DiscoveryMessage::WriteJSON(JSONStringer& stringer) const
 
 void DiscoveryMessage::ReadJSON(const String& text)
 {
-    const JSONObject object(text);
+    ReadObject(JSONObject(text));
+}
+
+void DiscoveryMessage::ReadObject(const JSONObject& object)
+{
     String value;
     MessageTypeKey.Read(object, value);
     VersionKey.Read(object, value);
@@ -66,8 +67,13 @@ void DiscoveryMessage::ReadJSON(const String& text)
 
 DiscoveryMessageType DiscoveryMessage::ParseMessageType(const String& text)
 {
+    return ParseMessageType(JSONObject(text));
+}
+
+DiscoveryMessageType DiscoveryMessage::ParseMessageType(const JSONObject& object)
+{
     String name;
-    MessageTypeKey.Read(JSONObject(text), name);
+    MessageTypeKey.Read(object, name);
     return FromWireName(name);
 }
 } // namespace Zelkor::Discovery

@@ -3,6 +3,7 @@
 #include <Core/System/String.h>
 #include <Core/System/Version.h>
 #include <Discovery/Protocol/DiscoveryMessageType.h>
+#include <Serialization.Json/JSONObject.h>
 #include <Serialization.Json/JSONStringer.h>
 
 namespace Zelkor::Discovery
@@ -25,15 +26,19 @@ public:
     /// Writes the keys of this class into the open object.
     virtual void WriteJSON(Serialization::Json::JSONStringer& stringer) const;
 
-    /// Fills the message from the whole text of a message. What was read before a failure stays.
+    /// Fills the message from the whole text of a message, which is parsed once. What was read before a failure stays.
     /// @throws FormatException  the text is no object, or a key that this class needs is missing or has a bad value
     /// @throws Exception        a nested record or the version can't be read: the failure of its own reading
     virtual void ReadJSON(const Tesmo::System::String& text);
 
-    /// The type of a message from its text.
+    /// Reads the keys of this class from the object that all classes of a message share.
+    virtual void ReadObject(const Serialization::Json::JSONObject& object);
+
+    /// The type of a message from its text, or from its object.
     /// @throws FormatException    the text is no object, or has no type
     /// @throws ArgumentException  the type is unknown
     static DiscoveryMessageType ParseMessageType(const Tesmo::System::String& text);
+    static DiscoveryMessageType ParseMessageType(const Serialization::Json::JSONObject& object);
 
     Tesmo::System::Version Version; ///< of the protocol
     /// True when the datagram may reach every host: then a request that concerns one carries that host's hardware

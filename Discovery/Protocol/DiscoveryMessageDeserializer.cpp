@@ -7,8 +7,9 @@ using Tesmo::Up, Tesmo::System::String;
 
 Up<DiscoveryMessage> DiscoveryMessageDeserializer::Deserialize(const String& text)
 {
-    Up<DiscoveryMessage> message = MakeMessage(DiscoveryMessage::ParseMessageType(text));
-    message->ReadJSON(text);
+    const JSONObject object(text);
+    Up<DiscoveryMessage> message = MakeMessage(DiscoveryMessage::ParseMessageType(object));
+    message->ReadObject(object);
     return message;
 }
 

@@ -1,7 +1,6 @@
 #include "FileTransferInfos.h"
 
 #include <Core/System/Checks.h>
-#include <Serialization.Json/JSONObject.h>
 
 #include <algorithm>
 
@@ -31,8 +30,13 @@ JSONStringer& FileTransferInfos::WriteJSON(JSONStringer& stringer) const
 
 void FileTransferInfos::ReadJSON(const String& text)
 {
+    Infos->Clear(); // also for a text that is no object
+    ReadObject(JSONObject(text));
+}
+
+void FileTransferInfos::ReadObject(const JSONObject& object)
+{
     Infos->Clear();
-    const JSONObject object(text);
     for (const String& key : object.GetKeys())
     {
         Infos->Add(key, object.GetString(key));

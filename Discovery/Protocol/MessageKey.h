@@ -15,24 +15,22 @@ struct MessageKey
     const char* channel;
     const char* complaint;
 
-    /// @param value  receives what stands under the key
-    /// @throws FormatException  the key is missing or its value is of another kind; logged, with the caller's place
-    template <class T>
-    void Read(const Serialization::Json::JSONObject& message, T& value,
+    /// @param value  receives the text under the key
+    /// @throws FormatException  as Check does where there is none
+    void Read(const Serialization::Json::JSONObject& message, Tesmo::System::String& value,
               Tesmo::System::CallSite site = Tesmo::System::CallSite::Here()) const
     {
-        if (!message.TryGetValue(name, value))
-        {
-            ThrowBadFormat(site);
-        }
+        Check(message.TryGetValue(name, value), site);
     }
 
-    /// Logs the complaint at Critical.
-    /// @throws FormatException  always, with the caller's place
-    [[noreturn]] void ThrowBadFormat(Tesmo::System::CallSite site = Tesmo::System::CallSite::Here()) const
+    /// @throws FormatException  the value is not good: missing or of another kind; logged, with the caller's place
+    void Check(bool isGood, Tesmo::System::CallSite site = Tesmo::System::CallSite::Here()) const
     {
-        DiscoveryChannel(channel).Critical(complaint);
-        throw Tesmo::System::FormatException(site.file, site.line);
+        if (!isGood)
+        {
+            DiscoveryChannel(channel).Critical(complaint);
+            throw Tesmo::System::FormatException(site.file, site.line);
+        }
     }
 };
 

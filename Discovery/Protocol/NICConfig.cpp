@@ -1,7 +1,5 @@
 #include "NICConfig.h"
 
-#include <Serialization.Json/JSONObject.h>
-
 namespace Zelkor::Discovery
 {
 using Serialization::Json::JSONObject, Serialization::Json::JSONStringer;
@@ -55,7 +53,11 @@ JSONStringer& NICConfig::WriteJSON(JSONStringer& stringer) const
 
 void NICConfig::ReadJSON(const String& text)
 {
-    const JSONObject object(text);
+    ReadObject(JSONObject(text));
+}
+
+void NICConfig::ReadObject(const JSONObject& object)
+{
     FriendlyName = object.GetString(friendlyNameKey);
     MACAddress = Discovery::MACAddress(object.GetString(macAddressKey));
     IPAddress = Address::Parse(object.GetString(ipAddressKey));

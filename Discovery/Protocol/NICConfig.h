@@ -5,6 +5,7 @@
 #include <Core/System/Sp.h>
 #include <Core/System/String.h>
 #include <Discovery/Protocol/MACAddress.h>
+#include <Serialization.Json/JSONObject.h>
 #include <Serialization.Json/JSONStringer.h>
 
 namespace Zelkor::Discovery
@@ -29,11 +30,12 @@ public:
     /// Writes the record as an object.
     virtual Serialization::Json::JSONStringer& WriteJSON(Serialization::Json::JSONStringer& stringer) const;
 
-    /// Reads the record from the text of an object. What was read before a failure stays.
+    /// Reads the record from the text of an object, or from the object. What was read before a failure stays.
     /// @throws FormatException    the text is no object
     /// @throws ArgumentException  a key other than "MTU" is missing or no string
     /// @throws Exception          an address can't be read: the failure of its own reading
     void ReadJSON(const Tesmo::System::String& text);
+    void ReadObject(const Serialization::Json::JSONObject& object);
 
     /// All fields count, DefaultGateway even where it is without meaning.
     bool operator==(const NICConfig& other) const;

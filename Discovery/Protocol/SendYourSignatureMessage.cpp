@@ -33,15 +33,15 @@ void SendYourSignatureMessage::WriteJSON(JSONStringer& stringer) const
     }
 }
 
-void SendYourSignatureMessage::ReadJSON(const String& text)
+void SendYourSignatureMessage::ReadObject(const JSONObject& object)
 {
-    DiscoveryMessage::ReadJSON(text);
+    DiscoveryMessage::ReadObject(object);
     if (!Broadcast)
     {
         return;
     }
     String address;
-    SignatureTargetKey.Read(JSONObject(text), address);
+    SignatureTargetKey.Read(object, address);
     TargetedMACAddress = MACAddress(address);
 }
 } // namespace Zelkor::Discovery

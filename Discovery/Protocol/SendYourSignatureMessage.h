@@ -17,7 +17,7 @@ public:
 
     DiscoveryMessageType GetMessageType() const override;
     void WriteJSON(Serialization::Json::JSONStringer& stringer) const override;
-    void ReadJSON(const Tesmo::System::String& text) override;
+    void ReadObject(const Serialization::Json::JSONObject& object) override;
 
     MACAddress TargetedMACAddress; ///< neither written nor read unless Broadcast is true
 };

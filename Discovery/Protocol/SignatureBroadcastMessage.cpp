@@ -48,21 +48,19 @@ void SignatureBroadcastMessage::WriteJSON(JSONStringer& stringer) const
     }
 }
 
-void SignatureBroadcastMessage::ReadJSON(const String& text)
+void SignatureBroadcastMessage::ReadObject(const JSONObject& object)
 {
-    DiscoveryMessage::ReadJSON(text);
-    const JSONObject object(text);
-    JSONObject nested;
-    HostKey.Read(object, nested);
-    Host.ReadJSON(nested.ToString());
-    if (!object.TryGetValue(sourceNICKey, nested))
+    DiscoveryMessage::ReadObject(object);
+    HostKey.Check(object.IsObject(HostKey.name));
+    Host.ReadObject(object.ViewObject(HostKey.name));
+    if (!object.IsObject(sourceNICKey))
     {
         DiscoveryChannel(HostKey.channel).Standard("No Source NIC key. Ignoring.");
         SourceNIC.Reset(nullptr);
         return;
     }
     SourceNIC.Reset(new NICConfig());
-    SourceNIC->ReadJSON(nested.ToString());
+    SourceNIC->ReadObject(object.ViewObject(sourceNICKey));
 }
 
 void SignatureBroadcastMessage::AddNIC(const NICConfig& nic)

@@ -21,7 +21,7 @@ public:
 
     DiscoveryMessageType GetMessageType() const override;
     void WriteJSON(Serialization::Json::JSONStringer& stringer) const override;
-    void ReadJSON(const Tesmo::System::String& text) override;
+    void ReadObject(const Serialization::Json::JSONObject& object) override;
 
     /// Add a copy to the host.
     void AddNIC(const NICConfig& nic);

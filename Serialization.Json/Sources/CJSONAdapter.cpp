@@ -135,6 +135,25 @@ void PrintContainer(const cJSON& container, std::string& text)
     }
     text += isObject ? '}' : ']';
 }
+
+/// Gives each number of a tree the value that its printed text would be read with.
+void RoundNumbers(cJSON& item)
+{
+    for (cJSON* child = item.child; child != nullptr; child = child->next)
+    {
+        RoundNumbers(*child);
+    }
+    if (Kind(item) == cJSON_Number)
+    {
+        std::string text;
+        PrintNumber(item.valuedouble, text);
+        double value = 0;
+        const bool isNumber = // else it is the null of a number without a text
+            std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc();
+        item.type = isNumber ? cJSON_Number : cJSON_NULL;
+        cJSON_SetNumberHelper(&item, value);
+    }
+}
 } // namespace
 
 JSONItem Parse(const std::string& text, char opening)
@@ -146,6 +165,13 @@ JSONItem Parse(const std::string& text, char opening)
     }
     const std::string_view container = scanner.Result();
     return JSONItem(cJSON_ParseWithLength(container.data(), container.size()));
+}
+
+JSONItem Copy(const cJSON& item)
+{
+    JSONItem copy = Checked(cJSON_Duplicate(&item, 1));
+    RoundNumbers(*copy);
+    return copy;
 }
 
 JSONItem ParsePart(const std::string& text)

@@ -17,6 +17,10 @@ namespace Zelkor::Serialization::Json::CJSONAdapter
 /// @returns an empty item for text that is refused
 JSONItem Parse(const std::string& text, char opening);
 
+/// A copy of a tree, as printing it and parsing the text would give it: a number takes the value of its printed text.
+/// @throws OutOfMemoryException  an item could not be made
+JSONItem Copy(const cJSON& item);
+
 /// A document's copy that is to become a part of another document.
 /// @param text  the document's compact text
 /// @throws FormatException  in one more container the text would be nested too deep to be read again

@@ -18,7 +18,7 @@
 
 namespace Zelkor::Serialization::Json
 {
-using CJSONAdapter::Kind, CJSONAdapter::ToInteger;
+using CJSONAdapter::Checked, CJSONAdapter::Kind, CJSONAdapter::ToInteger;
 using Tesmo::System::Boolean, Tesmo::System::Double, Tesmo::System::EnumDeprecated, Tesmo::System::Int32,
     Tesmo::System::Int64, Tesmo::System::NotNull, Tesmo::System::Object, Tesmo::System::String, Tesmo::System::UInt32,
     Tesmo::System::UInt64;
@@ -188,6 +188,18 @@ JSONArray JSONAccess<Document, Key>::GetJSONArray(Key key, Site site) const
 }
 
 template <class Document, class Key>
+const JSONObject JSONAccess<Document, Key>::ViewObject(Key key, Site site) const
+{
+    return JSONObject(Checked(cJSON_CreateObjectReference(Required(key, cJSON_Object, site).child)));
+}
+
+template <class Document, class Key>
+const JSONArray JSONAccess<Document, Key>::ViewArray(Key key, Site site) const
+{
+    return JSONArray(Checked(cJSON_CreateArrayReference(Required(key, cJSON_Array, site).child)));
+}
+
+template <class Document, class Key>
 bool JSONAccess<Document, Key>::OptBoolean(Key key, bool defaultValue) const
 {
     TryGetValue(key, defaultValue);
@@ -290,14 +302,14 @@ template <class Document, class Key>
 void JSONAccess<Document, Key>::Put(Key key, double value)
 {
     NotNull(key);
-    static_cast<Document*>(this)->Attach(key, CJSONAdapter::Checked(cJSON_CreateNumber(value)));
+    static_cast<Document*>(this)->Attach(key, Checked(cJSON_CreateNumber(value)));
 }
 
 template <class Document, class Key>
 void JSONAccess<Document, Key>::PutBoolean(Key key, bool value)
 {
     NotNull(key);
-    static_cast<Document*>(this)->Attach(key, CJSONAdapter::Checked(cJSON_CreateBool(value)));
+    static_cast<Document*>(this)->Attach(key, Checked(cJSON_CreateBool(value)));
 }
 
 template <class Document, class Key>
@@ -342,6 +354,18 @@ bool JSONAccess<Document, Key>::IsNull(Key key) const
 {
     const cJSON* const item = Find(key);
     return item == nullptr || Kind(*item) == cJSON_NULL;
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::IsObject(Key key) const
+{
+    return FindKind(key, cJSON_Object) != nullptr;
+}
+
+template <class Document, class Key>
+bool JSONAccess<Document, Key>::IsArray(Key key) const
+{
+    return FindKind(key, cJSON_Array) != nullptr;
 }
 
 template <class Document, class Key>

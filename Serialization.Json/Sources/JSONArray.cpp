@@ -20,6 +20,8 @@ JSONArray::JSONArray(const JSONArray& other) : JSONDocument(other), JSONAccess()
 
 JSONArray::JSONArray(const cJSON& item) : JSONDocument(item) {}
 
+JSONArray::JSONArray(JSONItem item) : JSONDocument(std::move(item)) {}
+
 JSONArray& JSONArray::operator=(const JSONArray& other)
 {
     lastFound = nullptr;

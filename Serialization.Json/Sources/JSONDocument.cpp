@@ -15,14 +15,12 @@ using Tesmo::System::FormatException, Tesmo::System::NotNull, Tesmo::System::Str
 
 namespace
 {
-JSONItem Parse(const std::string& text, char opening)
+void CheckRoot(const JSONItem& root)
 {
-    JSONItem root = CJSONAdapter::Parse(text, opening);
     if (root == nullptr)
     {
         throw FormatException(ThrowSite);
     }
-    return root;
 }
 } // namespace
 
@@ -33,8 +31,9 @@ JSONDocument<Opening>::JSONDocument()
 }
 
 template <char Opening>
-JSONDocument<Opening>::JSONDocument(const String& text) : root(Parse(NotNull(text).Utf8(), Opening))
+JSONDocument<Opening>::JSONDocument(const String& text) : root(CJSONAdapter::Parse(NotNull(text).Utf8(), Opening))
 {
+    CheckRoot(root);
 }
 
 template <char Opening>
@@ -68,10 +67,9 @@ String JSONDocument<Opening>::ToString() const
 template <char Opening>
 void JSONDocument<Opening>::Load(const cJSON* item)
 {
-    std::string text;
-    CJSONAdapter::Print(item, text);
-    root.reset();
-    root = Parse(text, Opening);
+    constexpr int kind = Opening == '{' ? cJSON_Object : cJSON_Array;
+    root = item != nullptr && CJSONAdapter::Kind(*item) == kind ? CJSONAdapter::Copy(*item) : nullptr;
+    CheckRoot(root);
 }
 
 template class JSONDocument<'{'>;

@@ -48,7 +48,7 @@ std::uint32_t JSONObject::GetLength() const
 /// In place of cJSON_GetObjectItem, which compares letters by the locale (decision 83).
 const cJSON* JSONObject::Locate(const String& key) const
 {
-    const char* const name = key.Utf8().c_str(); // ends at a zero character, like names in the tree
+    const std::string_view name = key.Utf8().c_str(); // ends at a zero character, like names in the tree
     const cJSON* item = root != nullptr ? root->child : nullptr;
     while (item != nullptr && !EqualsIgnoringCase(item->string, name))
     {

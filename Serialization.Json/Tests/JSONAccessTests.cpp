@@ -6,6 +6,7 @@
 #include <Tests/Support/CoreTest.h>
 
 #include <cmath>
+#include <random>
 
 using namespace Tesmo::System::LogStreams;
 using namespace Zelkor::Serialization::Json;
@@ -158,6 +159,20 @@ TEST(JSONAccessTests, TheFirstOfEqualNamesCountsAndIsTakenAloneFromNoCopy)
     EXPECT_TRUE(whole.Take("part", whole)); // into itself
     EXPECT_EQ(R"({"in":"side"})", whole.ToString().Utf8());
     EXPECT_EQ(0, JSONObject().GetKeys().Length());
+}
+
+TEST(JSONAccessTests, ACopyHoldsWhatIsReadFromThePrintedText)
+{
+    std::mt19937_64 bits;
+    for (int i = 0; i < 2100; ++i)
+    {
+        JSONArray source(String(R"([{"k\u0001\"":"\u00e9\\","K":[null,true,[]]}])"));
+        source.Put(0, static_cast<double>(bits()) * std::pow(10, i % 700 - 350)); // from 0 to infinity
+        const JSONArray copy(source);
+        const JSONArray read(source.ToString());
+        EXPECT_EQ(read.OptDouble(0, 0.5), copy.OptDouble(0, 0.5));
+        EXPECT_EQ(read.ToString(), copy.ToString());
+    }
 }
 
 TEST(JSONAccessTests, PutAppendsValuesOfEveryClassWithAJSONForm)

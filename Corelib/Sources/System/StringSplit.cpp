@@ -26,6 +26,7 @@ public:
 
     std::vector<String> Split()
     {
+        entries.reserve(usualCount);
         for (auto position = text.begin(); position.byteIndex >= 0; ++position)
         {
             const bool atSeparator = isSeparator(*position);
@@ -58,6 +59,8 @@ private:
         current += std::string_view(text.Bytes()).substr(restPosition);
         entries.emplace_back(std::move(current));
     }
+
+    static constexpr std::size_t usualCount = 8; ///< addresses and versions have no more entries
 
     const ustring& text;
     Predicate isSeparator;

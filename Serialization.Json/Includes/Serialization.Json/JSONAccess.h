@@ -57,6 +57,11 @@ public:
     JSONObject GetJSONObject(Key key, Site site = Site::Here()) const;
     JSONArray GetJSONArray(Key key, Site site = Site::Here()) const;
 
+    /// Fetch a container where it lies, without a copy: to be read while this document lives and is not changed.
+    /// Failures as above.
+    const JSONObject ViewObject(Key key, Site site = Site::Here()) const;
+    const JSONArray ViewArray(Key key, Site site = Site::Here()) const;
+
     /// Fetch a value, or give the default where it is missing. @throws ArgumentNullException  the default is null
     bool OptBoolean(Key key, bool defaultValue = false) const;
     double OptDouble(Key key, double defaultValue = std::numeric_limits<double>::quiet_NaN()) const;
@@ -100,6 +105,9 @@ public:
     bool Has(Key key) const;
     /// True where the member or element is missing, or is JSON null.
     bool IsNull(Key key) const;
+    /// True where there is a member or element of the kind.
+    bool IsObject(Key key) const;
+    bool IsArray(Key key) const;
 
 protected:
     JSONAccess() = default;

@@ -19,7 +19,7 @@ public:
     /// @throws FormatException        text does not begin with a valid array
     explicit JSONArray(const Tesmo::System::String& text);
 
-    /// Prints the source and parses the text.
+    /// A copy as printing the source and parsing the text would give it: numbers take the value of their printed text.
     /// @throws ArgumentNullException  other is null
     JSONArray(const JSONArray& other);
     JSONArray& operator=(const JSONArray& other);
@@ -34,6 +34,7 @@ private:
     friend class JSONAccess<JSONObject, const Tesmo::System::String&>;
 
     explicit JSONArray(const cJSON& item);
+    explicit JSONArray(JSONItem item);
 
     void Load(const cJSON* item);
     const cJSON* Locate(int index) const;

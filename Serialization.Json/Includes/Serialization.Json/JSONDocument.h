@@ -5,6 +5,8 @@
 #include <Serialization.Json/JSONAllocator.h>
 #include <Serialization.Json/JSONItem.h>
 
+#include <utility>
+
 namespace Zelkor::Serialization::Json
 {
 /// What JSONObject ('{') and JSONArray ('[') have in common: a tree of their own, and its text.
@@ -19,6 +21,7 @@ protected:
     JSONDocument();
     explicit JSONDocument(const Tesmo::System::String& text);
     explicit JSONDocument(const cJSON& item);
+    explicit JSONDocument(JSONItem item) : root(std::move(item)) {}
     JSONDocument(const JSONDocument& other);
     JSONDocument& operator=(const JSONDocument& other);
     ~JSONDocument() override = default;

@@ -6,6 +6,7 @@
 #include <Serialization.Json/JSONDocument.h>
 
 #include <cstdint>
+#include <utility>
 
 namespace Zelkor::Serialization::Json
 {
@@ -25,7 +26,7 @@ public:
     /// @throws FormatException        text does not begin with a valid object
     explicit JSONObject(const Tesmo::System::String& text) : JSONDocument(text) {}
 
-    /// Prints the source and parses the text.
+    /// A copy as printing the source and parsing the text would give it: numbers take the value of their printed text.
     /// @throws ArgumentNullException  other is null
     JSONObject(const JSONObject& other) = default;
     JSONObject& operator=(const JSONObject& other) = default;
@@ -42,6 +43,7 @@ private:
     friend class JSONAccess<JSONArray, int>;
 
     explicit JSONObject(const cJSON& item) : JSONDocument(item) {}
+    explicit JSONObject(JSONItem item) : JSONDocument(std::move(item)) {}
 
     const cJSON* Locate(const Tesmo::System::String& key) const;
     void Attach(const Tesmo::System::String& key, JSONItem value);

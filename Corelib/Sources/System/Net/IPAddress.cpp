@@ -233,8 +233,8 @@ void IPAddress::SetScopeId(std::int64_t scope)
 
 IPAddress IPAddress::Parse(const String& text)
 {
-    NotNull(text);
-    const bool hasBrackets = text.Length() >= 2 && text.StartsWith("[") && text.EndsWith("]");
+    const std::string& utf8 = NotNull(text).Utf8();
+    const bool hasBrackets = utf8.size() >= 2 && utf8.front() == '[' && utf8.back() == ']';
     const String bare = hasBrackets ? text.Substring(1, text.Length() - 2) : text;
     const Sp<Array<String>> octets = bare.Split('.');
     return octets->Length() == IPv4Size ? ParseIPv4(*octets) : ParseIPv6(bare);
