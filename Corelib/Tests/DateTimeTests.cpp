@@ -4,8 +4,8 @@ constexpr long long Epoch = 621355968000000000; // ticks at the start of 1970
 constexpr long long Last = 3155378975999999999; // of the year 9999
 TEST(DateTimeTests, TicksHaveBounds)
 {
-    EXPECT_EQ("01/01/0001 00:00:00", DateTime(0).ToString().Utf8());
-    EXPECT_EQ("31/12/9999 23:59:59", DateTime(Last).ToString().Utf8());
+    ExpectTexts({TextRow{"01/01/0001 00:00:00", DateTime(0).ToString()},
+                 TextRow{"31/12/9999 23:59:59", DateTime(Last).ToString()}});
     EXPECT_EQ(0, DateTime::MinValue.Ticks());
     EXPECT_EQ(DateTime::MaxValue.Ticks(), DateTime(9999, 12, 31, 23, 59, 59, 999).Ticks() + 9999);
     ExpectEachThrows<ArgumentOutOfRangeException>({[] { DateTime(Last + 1); }, [] { DateTime(-1); },
@@ -37,21 +37,16 @@ TEST(DateTimeTests, CalendarFieldsAreCheckedAndComeBack)
 TEST(DateTimeTests, TextFormsFollowTheirPatterns)
 {
     const DateTime moment(987, 6, 5, 4, 3, 2, DateTimeKind::Utc);
-    using Row = std::tuple<const char*, String>;
-    for (const auto& [wanted, text] :
-         {Row{"05/06/0987 04:03:02", moment.ToString()}, Row{"Tuesday 05 June 0987", moment.ToLongDateString()},
-          Row{"04:03:02", moment.ToLongTimeString()}, Row{"05/06/0987", moment.ToShortDateString()},
-          Row{"04:03", moment.ToShortTimeString()}, Row{"100%Y 0987", moment.ToString("100%%Y %Y")},
-          Row{"[0987]", String::Format("[{0:%Y}]", moment)},
-          Row{"15/07/2021 10:30:00", DateTime(2021, 7, 15, 10, 30, 0, DateTimeKind::Local).ToString()}})
-    {
-        EXPECT_EQ(wanted, text.Utf8());
-    }
+    using Row = TextRow;
+    ExpectTexts({Row{"05/06/0987 04:03:02", moment.ToString()}, Row{"Tuesday 05 June 0987", moment.ToLongDateString()},
+                 Row{"04:03:02", moment.ToLongTimeString()}, Row{"05/06/0987", moment.ToShortDateString()},
+                 Row{"04:03", moment.ToShortTimeString()}, Row{"100%Y 0987", moment.ToString("100%%Y %Y")},
+                 Row{"15/07/2021 10:30:00", DateTime(2021, 7, 15, 10, 30, 0, DateTimeKind::Local).ToString()},
+                 Row{std::string(5000, 'x') + "04", moment.ToString(String(std::string(5000, 'x') + "%H"))}});
     for (const auto& [given, printed] : {std::pair(5000, 5000), {(1 << 20) - 2, (1 << 20) - 2}, {(1 << 20) - 1, 0}})
     {
         EXPECT_EQ(printed, moment.ToString(String(char32('x'), given)).Length()); // up to 1 MiB with its end
     }
-    EXPECT_EQ(std::string(5000, 'x') + "04", moment.ToString(String(std::string(5000, 'x') + "%H")).Utf8());
 }
 
 TEST(DateTimeTests, NowCountsUtcAndReadsLocal)

@@ -13,9 +13,9 @@ TEST(IPEndPointTests, PrintsComparesAndChecksItsPort)
     EXPECT_FALSE(endPoint.Equals(IPEndPoint(IPAddress(10, 0, 0, 1), 12000)));
 
     EXPECT_EQ(65535, IPEndPoint(IPAddress::Any, 65535).Port());
-    EXPECT_THROW(IPEndPoint(IPAddress::Any, 65536), ArgumentOutOfRangeException);
-    EXPECT_THROW(IPEndPoint(IPAddress::Any, -1), ArgumentOutOfRangeException);
-    EXPECT_THROW(endPoint.Port(65536), ArgumentOutOfRangeException);
+    ExpectEachThrows<ArgumentOutOfRangeException>({[] { IPEndPoint(IPAddress::Any, 65536); },
+                                                   [] { IPEndPoint(IPAddress::Any, -1); },
+                                                   [&] { endPoint.Port(65536); }});
 
     endPoint.Address(IPAddress::Parse("0:0:0:0:0:0:0:1"));
     EXPECT_EQ("InterNetworkV6", endPoint.AddressFamily().ToString().Utf8());

@@ -44,17 +44,13 @@ TEST(NumericalFormatTests, IntegersPrintAsDigitsOrAsDecimalFractions)
 
 TEST(NumericalFormatTests, WidthOfTheTypeDecidesThePattern)
 {
-    using Row = std::tuple<const char*, String>;
-    for (const auto& [wanted, text] :
-         {Row{"80", SByte(-128).ToString("x")}, Row{"10000000", SByte(-128).ToString("b")},
-          Row{"fffe", Int16(-2).ToString("x")}, Row{"ffffffffffffffff", Int64(-1).ToString("x")},
-          Row{"18446744073709551615", UInt64(UInt64::MaxValue).ToString()},
-          Row{"1.844674407E+19", UInt64(UInt64::MaxValue).ToString("G")},
-          Row{"-9223372036854775808", Int64(Int64::MinValue).ToString()},
-          Row{"999999999999999999", Int64(999999999999999999).ToString("g19")}})
-    {
-        EXPECT_EQ(wanted, text.Utf8());
-    }
+    using Row = TextRow;
+    ExpectTexts({Row{"80", SByte(-128).ToString("x")}, Row{"10000000", SByte(-128).ToString("b")},
+                 Row{"fffe", Int16(-2).ToString("x")}, Row{"ffffffffffffffff", Int64(-1).ToString("x")},
+                 Row{"18446744073709551615", UInt64(UInt64::MaxValue).ToString()},
+                 Row{"1.844674407E+19", UInt64(UInt64::MaxValue).ToString("G")},
+                 Row{"-9223372036854775808", Int64(Int64::MinValue).ToString()},
+                 Row{"999999999999999999", Int64(999999999999999999).ToString("g19")}});
 }
 
 TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormatAndRefuseThoseOfIntegers)
@@ -68,12 +64,12 @@ TEST(NumericalFormatTests, FloatingNumbersPrintByTheirFormatAndRefuseThoseOfInte
     {
         EXPECT_EQ(text, Double(value).ToString(format).Utf8()) << value << " by " << format;
     }
-    EXPECT_EQ("0.1", Single(0.1F).ToString().Utf8());
-    EXPECT_EQ("3.40282346638529e+38", Double(Single::MaxValue).ToString().Utf8());
-    EXPECT_EQ(1U + 1 + 2000, Double(1).ToString("f2000").Utf8().size());
-    EXPECT_EQ("Infinity", Double(Double::PositiveInfinity).ToString().Utf8());
-    EXPECT_EQ("-Infinity", Single(Single::NegativeInfinity).ToString("f").Utf8());
-    EXPECT_EQ("-Infinity", Double(Double::MinValue).ToString("p").Utf8()); // a hundred times it is
+    ExpectTexts({TextRow{"0.1", Single(0.1F).ToString()},
+                 TextRow{"3.40282346638529e+38", Double(Single::MaxValue).ToString()},
+                 TextRow{"Infinity", Double(Double::PositiveInfinity).ToString()},
+                 TextRow{"-Infinity", Single(Single::NegativeInfinity).ToString("f")},
+                 TextRow{"-Infinity", Double(Double::MinValue).ToString("p")}}); // a hundred times it is
+    EXPECT_EQ(1 + 1 + 2000, Double(1).ToString("f2000").Length());
     for (const char* const format : {"d", "x", "X", "b", "0.00"})
     {
         EXPECT_EQ("NaN", Double(Double::NaN).ToString(format).Utf8());

@@ -46,9 +46,9 @@ TEST(PathTests, APathIsCutBehindItsLastSeparatorAndAtItsLastDot)
         SCOPED_TRACE(text);
         const String path = Native(text);
         EXPECT_EQ(Native(folders), Path::GetDirectoryName(path));
-        EXPECT_EQ(name + extension, Path::GetFileName(path).Utf8());
-        EXPECT_EQ(name, Path::GetFileNameWithoutExtension(path).Utf8());
-        EXPECT_EQ(extension, Path::GetExtension(path).Utf8());
+        ExpectTexts({TextRow{name + extension, Path::GetFileName(path)},
+                     TextRow{name, Path::GetFileNameWithoutExtension(path)},
+                     TextRow{extension, Path::GetExtension(path)}});
         EXPECT_EQ(!extension.empty(), Path::HasExtension(path));
         EXPECT_EQ(text.starts_with(root), Path::IsPathRooted(path));
     }
@@ -78,6 +78,6 @@ TEST(PathTests, AFullPathBeginsAtTheRootAndHasNoDots)
     EXPECT_EQ(Path::Combine(here, "a"), Path::GetFullPath(String(std::string("a\0b", 3)))); // cut at a zero
     EXPECT_THROW(Path::GetFullPath(String(char32('a'), 2048)), ArgumentException);
     EXPECT_EQ(Native(root), Path::GetPathRoot(Native(root + "a/b")));
-    EXPECT_EQ(hasDrives ? "C:" : "", Path::GetPathRoot("C:a").Utf8());
-    EXPECT_EQ(hasDrives ? "" : "/", Path::GetPathRoot(Native("/a")).Utf8());
+    ExpectTexts({TextRow{hasDrives ? "C:" : "", Path::GetPathRoot("C:a")},
+                 TextRow{hasDrives ? "" : "/", Path::GetPathRoot(Native("/a"))}});
 }

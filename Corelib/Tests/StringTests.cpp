@@ -18,7 +18,7 @@ static_assert(!Appends<int> && !Appends<unsigned> && !Appends<bool> && !Appends<
               "a number is no character");
 
 using Numbers = std::vector<int>;
-using Row = std::tuple<const char*, String>;
+using Row = TextRow;
 
 std::vector<std::string> Parts(const Sp<Array<String>>& parts)
 {
@@ -28,14 +28,6 @@ std::vector<std::string> Parts(const Sp<Array<String>>& parts)
         texts.push_back(part.Utf8());
     }
     return texts;
-}
-
-void ExpectTexts(std::initializer_list<Row> rows)
-{
-    for (const auto& [wanted, text] : rows)
-    {
-        EXPECT_EQ(wanted, text.Utf8());
-    }
 }
 
 std::string Characters(Collections::Generic::IEnumerator<char32>& walk)

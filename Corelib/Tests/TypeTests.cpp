@@ -37,10 +37,9 @@ TEST(TypeTests, NamesReadAsInTheSource)
 TEST(TypeTests, SplitsANameAtTheLastColonsBeforeTheArguments)
 {
     const Type list(typeid(Collections::Generic::List<String>));
-    EXPECT_EQ("List<Tesmo::System::String>", list.Name().Utf8());
-    EXPECT_EQ("Tesmo::System::Collections::Generic", list.Namespace().Utf8());
-    EXPECT_EQ("int", Type(typeid(int)).Name().Utf8());
-    EXPECT_EQ("int", Type(typeid(int)).Namespace().Utf8());
+    ExpectTexts({TextRow{"List<Tesmo::System::String>", list.Name()},
+                 TextRow{"Tesmo::System::Collections::Generic", list.Namespace()},
+                 TextRow{"int", Type(typeid(int)).Name()}, TextRow{"int", Type(typeid(int)).Namespace()}});
 }
 
 TEST(TypeTests, EqualsComparesClassesAndOfObjectsTheIdentity)

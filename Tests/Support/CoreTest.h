@@ -71,6 +71,17 @@ void ExpectEachThrows(std::initializer_list<std::function<void()>> operations)
     }
 }
 
+/// A text that is expected, and the one that was found.
+using TextRow = std::pair<std::string, String>;
+
+inline void ExpectTexts(std::initializer_list<TextRow> rows)
+{
+    for (const auto& [wanted, text] : rows)
+    {
+        EXPECT_EQ(wanted, text.Utf8());
+    }
+}
+
 /// The failure of the action, or one that says so where there is none.
 inline Exception FailureOf(const std::function<void()>& action)
 {
