@@ -41,7 +41,7 @@ String DiscoveryMessage::ToJSON() const
     JSONStringer stringer;
     stringer.BeginObject();
     WriteJSON(stringer);
-    return stringer.EndObject().ToString();
+    return stringer.EndObject().TakeText();
 }
 
 void DiscoveryMessage::WriteJSON(JSONStringer& stringer) const

@@ -50,6 +50,7 @@ String MACAddress::ToString() const
 {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text;
+    text.reserve(3 * bytes.size());
     for (const std::uint8_t byte : bytes)
     {
         text.append(text.empty() ? "" : ":");

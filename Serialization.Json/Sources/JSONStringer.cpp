@@ -17,6 +17,11 @@ using CJSONAdapter::Checked, CJSONAdapter::Kind;
 using Tesmo::System::FormatException, Tesmo::System::NotNull, Tesmo::System::OutOfMemoryException,
     Tesmo::System::String;
 
+namespace
+{
+constexpr std::size_t usualSize = 2048; ///< bytes of a document; longer ones grow
+} // namespace
+
 JSONStringer& JSONStringer::BeginObject()
 {
     return Begin(Checked(cJSON_CreateObject()));
@@ -107,6 +112,15 @@ String JSONStringer::ToString() const
     return text;
 }
 
+String JSONStringer::TakeText()
+{
+    if (depth >= 0)
+    {
+        throw FormatException(ThrowSite);
+    }
+    return std::move(text);
+}
+
 JSONStringer& JSONStringer::Begin(JSONItem container)
 {
     if (depth + 1 >= MaxScopes)
@@ -136,6 +150,7 @@ JSONStringer& JSONStringer::End(int kind)
     if (depth < 0)
     {
         std::string document;
+        document.reserve(usualSize);
         CJSONAdapter::Print(root.get(), document);
         text = String(std::move(document));
         root.reset();

@@ -33,7 +33,7 @@ TEST(JSONStringerTests, WritesDocumentsInTheOrderOfTheCalls)
     stringer.Value(2).Value(3); // the last inner key is still pending
     EXPECT_EQ(R"({"b":"1","a":[true,null,{}],"b":{"in":1},"in":2,"in":3})", stringer.EndObject().ToString().Utf8());
 
-    EXPECT_EQ("[]", stringer.BeginArray().EndArray().ToString().Utf8()); // a second document replaces the first
+    EXPECT_EQ("[]", stringer.BeginArray().EndArray().TakeText().Utf8()); // a second document replaces the first
 }
 
 TEST(JSONStringerTests, EscapesStringsAndKeysByByte)
@@ -76,8 +76,8 @@ TEST(JSONStringerTests, CallsOutOfPlaceAreRefusedAndChangeNothing)
 
     stringer.BeginObject();
     EXPECT_THROW(stringer.Value(1), FormatException); // no key yet
-    ExpectEachThrows<FormatException>(
-        {[&] { stringer.BeginArray(); }, [&] { stringer.EndArray(); }, [&] { stringer.ToString(); }});
+    ExpectEachThrows<FormatException>({[&] { stringer.BeginArray(); }, [&] { stringer.EndArray(); },
+                                       [&] { stringer.ToString(); }, [&] { stringer.TakeText(); }});
     EXPECT_THROW(stringer.Key(static_cast<const String&>(null)), ArgumentNullException);
     stringer.Key("a").BeginArray();
     ExpectEachThrows<FormatException>({[&] { stringer.Key("b"); }, [&] { stringer.EndObject(); }});

@@ -67,6 +67,7 @@ public:
     /// The finished document, empty if there was none.
     /// @throws FormatException  a container is still open
     Tesmo::System::String ToString() const override;
+    Tesmo::System::String TakeText(); ///< the same without a copy: the stringer's own text is empty then
 
 private:
     JSONStringer& Begin(JSONItem container);
