@@ -12,32 +12,29 @@ using Threading::ThreadPriority, Threading::ThreadState;
 
 TEST(EnumTests, ValuesPrintAsNameOrNumberAndFlagsWithTheHighestFirstWhereNamesCoverThem)
 {
-    const auto expect = [](const char* text, bool isDefined, const auto& value)
-    {
-        EXPECT_EQ(text, value.ToString().Utf8());
-        EXPECT_EQ(isDefined, value.IsDefined()) << text;
-    };
-    expect("Create", true, FileMode(FileMode::Create));
-    expect("-7", false, FileMode(-7));
-    expect("WaitSleepJoin, Unstarted", true, ThreadState(40));
-    expect("Running", true, ThreadState(0));
-    expect("Stopped", true, ThreadState(16));
-    expect("552", false, ThreadState(552));
-    expect("512", false, ThreadState(512));
-    expect("InterNetwork", true, AddressFamily(AddressFamily::InterNetwork));
-    expect("3", false, AddressFamily(3));
-    expect("ConnectionReset", true, SocketError(SocketError::ConnectionReset));
-    expect("Linger", true, SocketOptionName(SocketOptionName::Linger));
-    expect("Both", true, SocketShutdown(2));
-    expect("Udp", true, ProtocolType(17));
-    expect("Peek", true, SocketFlags(2));
-    expect("Tcp", true, SocketOptionLevel(6));
-    expect("Dgram", true, SocketType(2));
-    expect("ReadWrite", true, FileShare(3));
-    expect("Highest", true, ThreadPriority(4));
-    expect("0", false, FileAttributes(0));
-    expect("Hidden, ReadOnly", true, FileAttributes(3));
-    expect("8", false, FileAttributes(8));
+    const auto told = [](const auto& value) { return value.ToString() + (value.IsDefined() ? "" : " undefined"); };
+    using Row = TextRow;
+    ExpectTexts({Row{"Create", told(FileMode(2))},
+                 Row{"-7 undefined", told(FileMode(-7))},
+                 Row{"WaitSleepJoin, Unstarted", told(ThreadState(40))},
+                 Row{"Running", told(ThreadState(0))},
+                 Row{"Stopped", told(ThreadState(16))},
+                 Row{"552 undefined", told(ThreadState(552))},
+                 Row{"512 undefined", told(ThreadState(512))},
+                 Row{"InterNetwork", told(AddressFamily(2))},
+                 Row{"3 undefined", told(AddressFamily(3))},
+                 Row{"ConnectionReset", told(SocketError(10054))},
+                 Row{"Linger", told(SocketOptionName(128))},
+                 Row{"Both", told(SocketShutdown(2))},
+                 Row{"Udp", told(ProtocolType(17))},
+                 Row{"Peek", told(SocketFlags(2))},
+                 Row{"Tcp", told(SocketOptionLevel(6))},
+                 Row{"Dgram", told(SocketType(2))},
+                 Row{"ReadWrite", told(FileShare(3))},
+                 Row{"Highest", told(ThreadPriority(4))},
+                 Row{"0 undefined", told(FileAttributes(0))},
+                 Row{"Directory, ReadOnly", told(FileAttributes(17))},
+                 Row{"8 undefined", told(FileAttributes(8))}});
 }
 
 TEST(EnumTests, NamesAndNumbersParseAndFlagsAsAListOfNames)

@@ -42,10 +42,6 @@ TEST_F(FileSystemTests, FilesAndFoldersAreToldApart)
     EXPECT_TRUE(DirectoryInfo(folder.Path()).Attributes().Has(FileAttributes::Directory));
     EXPECT_FALSE(FileInfo(folder.Path("f.txt")).Attributes().Has(FileAttributes::Directory));
     EXPECT_THROW(FileInfo(folder.Path("g.txt")).Attributes(), FileNotFoundException);
-    const auto bits = FileAttributes::ReadOnly | FileAttributes::Directory;
-    EXPECT_EQ("Directory, ReadOnly", FileAttributes(bits).ToString().Utf8());
-    FileAttributes parsed;
-    EXPECT_TRUE(FileAttributes::TryParse("ReadOnly, Directory", false, parsed) && parsed.Equals(FileAttributes(bits)));
 }
 
 TEST_F(FileSystemTests, InfosOfNothingFillAnArray)

@@ -73,13 +73,3 @@ TEST(StringFormatTests, ArgumentsOfEveryKindPrintByTheirFormatAndPadded)
          Case{"1--c", Text("{0}-{1}-{2}", list)}});
     EXPECT_THROW(Text("{3}", list), FormatException);
 }
-
-TEST(StringFormatTests, NullIsRefused)
-{
-    const String& noFormat = null;
-    const IFormatProvider& noProvider = null;
-    const Array<Sp<Object>>& noList = null;
-    ExpectEachThrows<ArgumentNullException>({[&] { String::Format(noFormat, 1); },
-                                             [&] { String::Format(noProvider, "{0}", 1); },
-                                             [&] { String::Format("{0}", noList); }});
-}
