@@ -123,6 +123,7 @@ TEST(ThreadTests, CurrentThreadIsTheSameRecordInsideAndOutside)
                                   inside = self->ManagedThreadId();
                               })};
     EXPECT_EQ("Running", Thread::CurrentThread()->ThreadState().ToString().Utf8());
+    EXPECT_TRUE(Thread::CurrentThread()->Priority() == ThreadPriority::Normal);
     thread.Name("first");
     thread.Start();
     thread.Join();

@@ -57,9 +57,9 @@ TEST(HostTests, TheIdentityIsTheFirstKeysValueOfFourBytesAtMost)
 TEST(HostTests, TheProgramRootIsAboveTheCommonFilesOf32Bits)
 {
     const std::string key = "reg add HKLM\\Software\\Microsoft\\Windows\\CurrentVersion /f ";
-    std::filesystem::create_directories("C:\\Programs (x86)\\Common");
+    std::filesystem::create_directories(L"C:\\B\u00FCro (x86)\\Common");
     for (const auto& [common, root] :
-         {std::pair("C:\\Programs (x86)\\Common", "C:\\Programs (x86)\\"), std::pair("C:\\Missing\\Common", "")})
+         {std::pair("C:\\B\xFCro (x86)\\Common", "C:\\B\u00FCro (x86)\\"), std::pair("C:\\Missing\\Common", "")})
     {
         std::system((key + "/v \"CommonFilesDir (x86)\" /d \"" + common + "\"").c_str());
         EXPECT_EQ(root, ProgramRoot());

@@ -2,10 +2,11 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <fstream>
 
 // Writes down what the service and the manager tell each other, and hands it on. Control 133 becomes 5, which no program
-// may send.
+// may send. The file C:\service.fails names a call that fails.
 
 namespace
 {
@@ -13,6 +14,14 @@ template <typename Function>
 Function HostsOwn(Function, const char* name)
 {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"advapi32"), name)));
+}
+
+bool Fails(const char* operation)
+{
+    std::string failing;
+    std::ifstream("C:\\service.fails") >> failing;
+    SetLastError(ERROR_NO_SYSTEM_RESOURCES);
+    return failing == operation;
 }
 
 std::ofstream Told()
@@ -31,7 +40,8 @@ SERVICE_STATUS_HANDLE WINAPI Register(LPCWSTR name, LPHANDLER_FUNCTION handler)
 {
     serviceHandler = handler;
     Told() << (std::wstring(L"DiscoveryClient") == name ? "registered\n" : "registered by a wrong name\n");
-    return HostsOwn(&RegisterServiceCtrlHandlerW, "RegisterServiceCtrlHandlerW")(name, Handle);
+    return Fails("handler") ? nullptr
+                            : HostsOwn(&RegisterServiceCtrlHandlerW, "RegisterServiceCtrlHandlerW")(name, Handle);
 }
 
 BOOL WINAPI Report(SERVICE_STATUS_HANDLE handle, SERVICE_STATUS* status)
@@ -41,9 +51,22 @@ BOOL WINAPI Report(SERVICE_STATUS_HANDLE handle, SERVICE_STATUS* status)
     Told() << status->dwServiceType << ' ' << status->dwCurrentState << ' ' << status->dwControlsAccepted << ' '
            << status->dwWin32ExitCode << ' ' << status->dwServiceSpecificExitCode << ' ' << status->dwCheckPoint << ' '
            << status->dwWaitHint << '\n';
-    return result;
+    return Fails("report") ? FALSE : result;
+}
+
+HANDLE WINAPI NewEvent(SECURITY_ATTRIBUTES* security, BOOL stays, BOOL set, LPCWSTR name)
+{
+    const bool fails = serviceHandler != nullptr && Fails("event"); // the stop event is the first after that
+    return fails ? nullptr : CreateEventExW(security, name, static_cast<DWORD>(stays | set << 1), EVENT_ALL_ACCESS);
+}
+
+void WINAPI Debug(LPCWSTR text)
+{
+    Told() << std::filesystem::path(text).string() << '\n';
 }
 } // namespace
 
 REPLACE_IMPORT(RegisterServiceCtrlHandlerW, 8, Register);
 REPLACE_IMPORT(SetServiceStatus, 8, Report);
+REPLACE_IMPORT(CreateEventW, 16, NewEvent);
+REPLACE_IMPORT(OutputDebugStringW, 4, Debug);

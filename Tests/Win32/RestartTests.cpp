@@ -65,7 +65,7 @@ REPLACE_IMPORT(InitiateSystemShutdownExW, 24, Restart);
 TEST(RestartTests, ANewNameIsSetAndTheHostRestartsAfterATimeUnlessACallFails)
 {
     const std::wstring all[] = {
-        L"name 5 STUDIO5\n", L"token 1 40\n", L"privilege 1 SeShutdownPrivilege\n", L"adjust 1 0 1 19 2\n",
+        L"name 5 B\u00DCRO\n", L"token 1 40\n", L"privilege 1 SeShutdownPrivilege\n", L"adjust 1 0 1 19 2\n",
         L"restart 1 30 1 1 4 A remote Zelkor administration application has just changed some settings which need a "
         L"Windows restart. The restart will be initiated in 30 seconds, please save and close your applications "
         L"properly.\n"};
@@ -76,7 +76,7 @@ TEST(RestartTests, ANewNameIsSetAndTheHostRestartsAfterATimeUnlessACallFails)
     {
         failingCall = failing;
         calls.clear();
-        const int error = WriteHostName("STUDIO5");
+        const int error = WriteHostName("B\xDCRO");
         EXPECT_EQ(works ? NO_ERROR : ERROR_ACCESS_DENIED, error != 0 ? error : RequestReboot(30));
         EXPECT_EQ(std::accumulate(all, all + count, std::wstring()), calls);
     }
