@@ -105,8 +105,9 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
     UdpClient detached;
     detached.Client(Sp<Socket>());
     ExpectEachThrows<NullReferenceException>(
-        {[&] { client.Send(null, 1, loopback); }, [&] { detached.Send(Bytes(), 1, loopback); },
-         [&] { detached.Receive(Bytes(), Room, sender); }, [&] { detached.Close(); }});
+        {[&] { client.Send(null, 1, loopback); }, [&] { client.Send(Up<unsigned char[]>(), 1, loopback); },
+         [&] { detached.Send(Bytes(), 1, loopback); }, [&] { detached.Receive(Bytes(), Room, sender); },
+         [&] { detached.Close(); }});
     socket.Close();
     socket.Close();
     EXPECT_THROW(socket.SendTo(Bytes(), 0, 0, 0, flags, loopback), IndexOutOfRangeException);
