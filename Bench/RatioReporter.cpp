@@ -47,7 +47,7 @@ void RatioReporter::Finalize()
         const double limit = nanoseconds[subject]["limit"];
         const double aim = Aims()[subject];
         std::printf("%-44s %12.0f %12.0f %8.2f %6s\n", subject.c_str(), product, limit,
-                    limit > 0 ? product / limit : 0.0, aim > 0 ? std::to_string(int(aim)).c_str() : "-");
+                    limit > 0 ? product / limit : 0.0, aim > 0 ? std::to_string(aim).substr(0, 4).c_str() : "-");
     }
 }
 } // namespace Bench

@@ -19,7 +19,7 @@ using Tesmo::System::FormatException, Tesmo::System::NotNull, Tesmo::System::Out
 
 namespace
 {
-constexpr std::size_t usualSize = 2048; ///< bytes of a document; longer ones grow
+constexpr std::size_t usualSize = 1024; ///< bytes of a document; longer ones grow
 } // namespace
 
 JSONStringer& JSONStringer::BeginObject()
