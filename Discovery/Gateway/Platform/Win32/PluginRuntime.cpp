@@ -1,6 +1,6 @@
 // A part of every plug-in for Win32, which is linked statically and so has a run-time library of its own. That library
-// gives back neither the memory that it keeps for exceptions nor the thread-local indexes that it takes, and the client
-// loads a plug-in anew for each announcement. This gives both back when the plug-in is unloaded.
+// gives back neither the memory that it keeps for exceptions nor the thread-local indexes and the semaphores of its locks
+// that it takes, and the client loads a plug-in anew for each announcement. This gives all back when the plug-in is unloaded.
 #include <windows.h>
 
 #include <atomic>
@@ -15,6 +15,9 @@ namespace
 {
 /// Those that this library holds; a process has 64 and 1024 (TLS_MINIMUM_AVAILABLE, and the limit of TlsAlloc).
 std::atomic<bool> isHeld[1088];
+
+/// The semaphores that this library holds: one for each lock of its run-time library. Further ones are its own affair.
+std::atomic<HANDLE> semaphores[64];
 
 template <typename Function>
 Function* OfSystem(const char* name)
@@ -42,6 +45,33 @@ BOOL WINAPI GiveIndexBack(DWORD index)
     return OfSystem<decltype(TlsFree)>("TlsFree")(index);
 }
 
+HANDLE WINAPI HoldSemaphore(SECURITY_ATTRIBUTES* security, LONG initial, LONG maximum, LPCWSTR name)
+{
+    const HANDLE made = OfSystem<decltype(CreateSemaphoreW)>("CreateSemaphoreW")(security, initial, maximum, name);
+    for (std::atomic<HANDLE>& held : semaphores)
+    {
+        HANDLE none = nullptr;
+        if (held.compare_exchange_strong(none, made))
+        {
+            break;
+        }
+    }
+    return made;
+}
+
+BOOL WINAPI Close(HANDLE handle)
+{
+    for (std::atomic<HANDLE>& held : semaphores)
+    {
+        HANDLE closed = handle;
+        if (handle != nullptr && held.compare_exchange_strong(closed, nullptr)) // before another thread may be given it
+        {
+            break;
+        }
+    }
+    return OfSystem<decltype(CloseHandle)>("CloseHandle")(handle);
+}
+
 /// Runs last: destructors of lower priority may throw and catch (GCC gives 101 to 65535 to programs).
 [[gnu::destructor(101)]] void GiveAllBack()
 {
@@ -53,6 +83,13 @@ BOOL WINAPI GiveIndexBack(DWORD index)
         }
     }
     __gnu_cxx::__freeres();
+    for (std::atomic<HANDLE>& held : semaphores)
+    {
+        if (held != nullptr)
+        {
+            Close(held);
+        }
+    }
 }
 } // namespace
 
@@ -61,4 +98,7 @@ extern "C"
 {
     [[gnu::used]] decltype(&TlsAlloc) importedTlsAlloc __asm__("__imp__TlsAlloc@0") = HoldIndex;
     [[gnu::used]] decltype(&TlsFree) importedTlsFree __asm__("__imp__TlsFree@4") = GiveIndexBack;
+    [[gnu::used]] decltype(&CreateSemaphoreW)
+        importedCreateSemaphore __asm__("__imp__CreateSemaphoreW@16") = HoldSemaphore;
+    [[gnu::used]] decltype(&CloseHandle) importedCloseHandle __asm__("__imp__CloseHandle@4") = Close;
 }
