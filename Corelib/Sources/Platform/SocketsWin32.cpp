@@ -154,6 +154,19 @@ void Insert(fd_set& set, SOCKET handle, bool wanted)
 }
 } // namespace
 
+namespace
+{
+constexpr DWORD ReportsLostRoutes = IOC_IN | IOC_VENDOR | 15; // mswsock.h of Windows: SIO_UDP_NETRESET
+
+/// Has receives tell of a requester's closed port alone, not of a datagram that has died on its way (decision 205).
+void LeaveOutLostRoutes(SOCKET handle)
+{
+    BOOL reports = FALSE;
+    DWORD size = 0;
+    WSAIoctl(handle, ReportsLostRoutes, &reports, sizeof(reports), nullptr, 0, &size, nullptr, nullptr);
+}
+} // namespace
+
 int OpenSocket(int family, int type, int protocol, NativeSocket*& socket)
 {
     const SOCKET handle = WSASocketW(family, type, protocol, nullptr, 0, WSA_FLAG_OVERLAPPED);
@@ -162,6 +175,10 @@ int OpenSocket(int family, int type, int protocol, NativeSocket*& socket)
         return WSAGetLastError();
     }
     SetHandleInformation(reinterpret_cast<HANDLE>(handle), HANDLE_FLAG_INHERIT, 0);
+    if (type == TypeDatagram)
+    {
+        LeaveOutLostRoutes(handle);
+    }
     socket = new NativeSocket(handle, type == TypeDatagram);
     return 0;
 }
