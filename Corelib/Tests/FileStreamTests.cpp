@@ -116,7 +116,7 @@ TEST_F(FileStreamTests, AStreamRefusesWhatItIsNotOpenFor)
     FileStream reader(folder.Path("f"), FileMode::Open, R, FileShare::None);
     Array<unsigned char> none(0);
     ExpectEachThrows<NotSupportedException>({[&] { writer.ReadByte(); }, [&] { writer.Read(none, 0, 0); },
-                                             [&] { reader.WriteByte(1); }, [&] { writer.SetLength(1); }});
+                                             [&] { reader.WriteByte(1); }, [&] { writer.SetLength(0); }});
     EXPECT_THROW(writer.SetLength(-1), ArgumentOutOfRangeException);
     writer.Close();
     writer.Close(); // no effect

@@ -110,12 +110,14 @@ TEST(SocketTests, ChecksBufferAndRangeThenTheSocket)
          [&] { detached.Close(); }});
     socket.Close();
     socket.Close();
+    List<Sp<Socket>> closed(Array<Sp<Socket>>(client.Client()));
     EXPECT_THROW(socket.SendTo(Bytes(), 0, 0, 0, flags, loopback), IndexOutOfRangeException);
     ExpectEachThrows<ObjectClosedException>(
         {[&] { socket.SendTo(Bytes(), Room, 0, 1, flags, loopback); },
          [&] { socket.ReceiveFrom(Bytes(), Room, 0, 1, flags, sender); },
          [&] { socket.Shutdown(SocketShutdown::Both); }, [&] { socket.Bind(Sp<EndPoint>(new IPEndPoint(loopback))); },
-         [&] { socket.SetBlocking(true); }, [&] { socket.GetAvailable(); }, [&] { socket.Disconnect(); }});
+         [&] { socket.SetBlocking(true); }, [&] { socket.GetAvailable(); }, [&] { socket.Disconnect(); },
+         [&] { Socket::Select(closed, nobody, nobody, 0); }});
 }
 
 TEST(SocketTests, FailuresTellTheirNumber)

@@ -8,12 +8,13 @@ TEST(WrapperTests, EachClassKnowsItsTypeCodeNameAndSign)
 {
     using Row = std::tuple<Sp<Object>, int, const char*, bool>;
     const Row rows[] = {
-        {Sp<Object>(new Boolean(true)), 2, "Boolean", false}, {Sp<Object>(new SByte(1)), 4, "SByte", true},
-        {Sp<Object>(new Byte(1)), 5, "Byte", false},          {Sp<Object>(new Int16(1)), 6, "Int16", true},
-        {Sp<Object>(new UInt16(1)), 7, "UInt16", false},      {Sp<Object>(new Int32(1)), 8, "Int32", true},
-        {Sp<Object>(new UInt32(1)), 9, "UInt32", false},      {Sp<Object>(new Int64(1)), 10, "Int64", true},
-        {Sp<Object>(new UInt64(1)), 11, "UInt64", false},     {Sp<Object>(new Single(1)), 12, "Single", true},
-        {Sp<Object>(new Double(1)), 13, "Double", true},      {Sp<Object>(new DateTime(1)), 14, "DateTime", false},
+        {Sp<Object>(new Char(char32(1))), 3, "Char", false},  {Sp<Object>(new Boolean(true)), 2, "Boolean", false},
+        {Sp<Object>(new SByte(1)), 4, "SByte", true},         {Sp<Object>(new Byte(1)), 5, "Byte", false},
+        {Sp<Object>(new Int16(1)), 6, "Int16", true},         {Sp<Object>(new UInt16(1)), 7, "UInt16", false},
+        {Sp<Object>(new Int32(1)), 8, "Int32", true},         {Sp<Object>(new UInt32(1)), 9, "UInt32", false},
+        {Sp<Object>(new Int64(1)), 10, "Int64", true},        {Sp<Object>(new UInt64(1)), 11, "UInt64", false},
+        {Sp<Object>(new Single(1)), 12, "Single", true},      {Sp<Object>(new Double(1)), 13, "Double", true},
+        {Sp<Object>(new DateTime(1)), 14, "DateTime", false},
     };
     for (const auto& [object, code, name, isSigned] : rows)
     {
@@ -55,7 +56,8 @@ TEST(WrapperTests, EqualityLooksAtTheNumber)
 
 TEST(WrapperTests, ComparisonPutsSmallerNumbersFirstAndHashesFoldWhatIsWider)
 {
-    EXPECT_TRUE(Int32(-1).CompareTo(Int32(1)) < 0 && UInt64(5).CompareTo(UInt64(5)) == 0);
+    EXPECT_TRUE(Int32(-1).CompareTo(Int32(1)) == -1 && Int32(1).CompareTo(Int32(-1)) == 1 &&
+                UInt64(5).CompareTo(UInt64(5)) == 0);
     EXPECT_TRUE(Int32(1).CompareTo(null) == 1 && Int32(1).CompareTo(Int64(2)) == 1);
     const Double nan(Double::NaN);
     EXPECT_TRUE(nan.CompareTo(Double(Double::NegativeInfinity)) < 0 && Double(0).CompareTo(nan) > 0);
